@@ -30,15 +30,19 @@ Expected<void> openDatabase(ProfileDatabase &profile, const QString &directory,
         [&profile] { return convertOldNotes(profile); });
 }
 
-/// Reports it when the windows are there.
-void reportMissingLocations(const QString &directory) {
-    MainQueue::dispatchAsync([directory] {
+/// Reports it when the windows are there. `backupFailure` is why no backup was searched for them.
+void reportMissingLocations(const QString &directory, const std::optional<Error> &backupFailure) {
+    Error error = engineError(
+        EngineErrorCode::BackupFailed,
+        "The sync locations of the damaged profile “%1” cannot be read. Add them again in "
+        "Sync Preferences, then import your databases.",
+        directory);
+    if (backupFailure) {
+        error.localizedFailureReason = backupFailure->localizedDescription;
+    }
+    MainQueue::dispatchAsync([error] {
         if (NSApp()) {
-            NSApp()->presentError(engineError(
-                EngineErrorCode::BackupFailed,
-                "The sync locations of the damaged profile “%1” cannot be read. Add them again in "
-                "Sync Preferences, then import your databases.",
-                directory));
+            NSApp()->presentError(error);
         }
     });
 }
@@ -139,12 +143,13 @@ Expected<void> SyncEngine::beginProfile(const QString &directory) {
     // The notes could have been restored from a backup.
     const ProfileRecovery::Amendment amend =
         hasBackup ? ProfileRecovery::addNothing : rescue(found);
-    return ProfileRecovery::begin(directory, create, amend).map([&](bool hasLocations) {
-        if (!hasLocations) {
-            reportMissingLocations(directory);
-        }
-        reportRescue(directory, found);
-    });
+    return ProfileRecovery::begin(directory, create, amend)
+        .map([&](const ProfileRecovery::Beginning &begun) {
+            if (!begun.hasLocations) {
+                reportMissingLocations(directory, begun.backupFailure);
+            }
+            reportRescue(directory, found);
+        });
 }
 
 Expected<void> SyncEngine::restoreBackup(const QString &directory) {

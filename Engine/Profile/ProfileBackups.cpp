@@ -51,7 +51,6 @@ Expected<void> makeFolder(const QString &path) {
     return QFileInfo(path).isDir() ? Expected<void>() : FileManager::createDirectory(path);
 }
 
-/// Returns the names of the plain files in `folder`, or none if it does not exist.
 Expected<QStringList> filesIn(const QString &folder) {
     return FileManager::names(folder, std::filesystem::file_type::regular)
         .map_error([&](const Error &error) {

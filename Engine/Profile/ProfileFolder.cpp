@@ -21,8 +21,8 @@ Path pathOf(const QString &name) {
 tl::unexpected<Error> unreadable(const QString &directory, const std::error_code &error) {
     return failure(
         engineError(EngineErrorCode::ProfileUnusable,
-                    localizedSyncString("The profile folder “%1” cannot be read: %2. Check its "
-                                        "disk and its permissions, then try again.")
+                    localizedSyncString("The folder “%1” of the profile cannot be read: %2. Check "
+                                        "its disk and its permissions, then try again.")
                         .arg(directory, QString::fromStdString(error.message()))));
 }
 
@@ -47,6 +47,24 @@ Expected<QStringList> namesIn(const QString &directory) {
         QStringList names;
         for (const auto &entry : entries) {
             names.append(QFile::decodeName(entry.path().filename().c_str()));
+        }
+        return names;
+    });
+}
+
+Expected<QStringList> namesOfType(const QString &folder, std::filesystem::file_type type) {
+    std::error_code error;
+    if (std::filesystem::status(pathOf(folder), error).type() ==
+        std::filesystem::file_type::not_found) {
+        return QStringList();
+    }
+    return entriesOf<std::filesystem::directory_iterator>(folder).map([&](const auto &entries) {
+        QStringList names;
+        for (const auto &entry : entries) {
+            std::error_code unknown;
+            if (entry.symlink_status(unknown).type() == type) {
+                names.append(QFile::decodeName(entry.path().filename().c_str()));
+            }
         }
         return names;
     });
@@ -107,6 +125,14 @@ Expected<bool> ProfileFolder::isUnusedSinceCreation(const QString &directory) {
         }
         return hasStores ? hasFoldersOnly(directory + u'/' + SyncStoresName) : Expected<bool>(true);
     });
+}
+
+Expected<QStringList> ProfileFolder::filesIn(const QString &folder) {
+    return namesOfType(folder, std::filesystem::file_type::regular);
+}
+
+Expected<QStringList> ProfileFolder::foldersIn(const QString &folder) {
+    return namesOfType(folder, std::filesystem::file_type::directory);
 }
 
 void ProfileFolder::removeNewProfile(const QString &directory) {

@@ -28,6 +28,11 @@ Expected<bool> isUnused(const QString &directory);
 /// leaves: files of the database, a lock file, and folders without files for the sync store.
 Expected<bool> isUnusedSinceCreation(const QString &directory);
 
+/// Returns the names of the plain files, or of the folders, in the folder at the path `folder`,
+/// which is one of the profile's; none if it does not exist. Symbolic links are left out.
+Expected<QStringList> filesIn(const QString &folder);
+Expected<QStringList> foldersIn(const QString &folder);
+
 /// Removes what isUnusedSinceCreation() describes, apart from the lock file. Never removes a folder
 /// that contains a file.
 void removeNewProfile(const QString &directory);

@@ -431,23 +431,36 @@ Expected<void> prepareBackup(const QString &directory, const QString &backup, co
         .and_then([&] { return complete(directory, copy); });
 }
 
-/// Returns copies of the databases from which locations may be read, best first. SQLite writes
-/// beside a database that it reads, which must not happen to the originals.
-Expected<QStringList> sourcesOfLocations(const QString &directory, const QString &folder) {
-    const QString damaged = folder + u'/' + ProfileDatabaseName;
+/// Copies of the databases from which locations may be read, best first.
+struct LocationSources {
+    QStringList paths;
+    /// Why there may be another one, which could not be looked for.
+    std::optional<Error> failure;
+};
+
+/// SQLite writes beside a database that it reads, which must not happen to the originals.
+Expected<LocationSources> sourcesOfLocations(const QString &directory, const QString &folder) {
     const QString backupCopy = folder + QStringLiteral("/backup");
     const Expected<bool> isReadable = copyDamaged(directory, folder);
     if (!isReadable) {
         return failure(isReadable.error());
     }
-    const QStringList sources = *isReadable ? QStringList(damaged) : QStringList();
-    // If the backups cannot be read and the database has no locations, the user learns that none
-    // were found.
-    const auto backup =
-        ProfileBackups(directory).newestSound(QDate::currentDate()).value_or(std::nullopt);
-    return (backup ? copyFile(backup->path, backupCopy, directory) : false).map([&](bool isCopied) {
-        return isCopied ? sources + QStringList(backupCopy) : sources;
-    });
+    LocationSources sources;
+    if (*isReadable) {
+        sources.paths.append(folder + u'/' + ProfileDatabaseName);
+    }
+    const auto backup = ProfileBackups(directory).newestSound(QDate::currentDate());
+    if (!backup) {
+        sources.failure = backup.error();
+        return sources;
+    }
+    return (*backup ? copyFile((*backup)->path, backupCopy, directory) : false)
+        .map([&](bool isCopied) {
+            if (isCopied) {
+                sources.paths.append(backupCopy);
+            }
+            return sources;
+        });
 }
 
 }  // namespace
@@ -484,7 +497,7 @@ Expected<void> ProfileRecovery::restoreBackup(const QString &directory, const Am
     });
 }
 
-Expected<bool> ProfileRecovery::begin(
+Expected<ProfileRecovery::Beginning> ProfileRecovery::begin(
     const QString &directory, const std::function<Expected<void>(const QString &folder)> &create,
     const Amendment &amend) {
     ProfileLock lock;
@@ -499,12 +512,14 @@ Expected<bool> ProfileRecovery::begin(
     const QString path = folder.filePath(ProfileDatabaseName);
     return create(folder.path())
         .and_then([&] { return sourcesOfLocations(directory, copies.path()); })
-        .and_then([&](const QStringList &sources) {
-            return copyLocationsFrom(sources, path).and_then([&](bool areCopied) {
+        .and_then([&](const LocationSources &sources) {
+            return copyLocationsFrom(sources.paths, path).and_then([&](bool areCopied) {
                 return amend(folder.path(), copies.filePath(ProfileDatabaseName))
                     .and_then([&] { return complete(directory, path); })
                     .and_then([&] { return replace(directory, path); })
-                    .map([&] { return areCopied; });
+                    .map([&] {
+                        return Beginning{areCopied, sources.failure};
+                    });
             });
         });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "Engine/Profile/ProfileBackups.h"
 
@@ -34,13 +35,20 @@ inline Expected<void> addNothing(const QString & /*folder*/, const QString & /*d
 /// Replaces the database by the newest backup that is sound, to which `amend` adds what it lacks.
 Expected<void> restoreBackup(const QString &directory, const Amendment &amend = addNothing);
 
+/// What begin() has found.
+struct Beginning {
+    /// Whether the locations were copied.
+    bool hasLocations = false;
+    /// Why the backups could not be searched for the locations; empty unless that failed.
+    std::optional<Error> backupFailure;
+};
 /// Replaces the database by a new one. `create` makes a profile in the empty folder that it is
 /// given and closes it. The locations and their states are copied from the damaged profile or, if
-/// they cannot be read, from its newest sound backup; `amend` adds other things. Returns whether
-/// the locations were copied.
-Expected<bool> begin(const QString &directory,
-                     const std::function<Expected<void>(const QString &folder)> &create,
-                     const Amendment &amend = addNothing);
+/// they cannot be read, from its newest sound backup; `amend` adds other things. Backups that
+/// cannot be read do not prevent that.
+Expected<Beginning> begin(const QString &directory,
+                          const std::function<Expected<void>(const QString &folder)> &create,
+                          const Amendment &amend = addNothing);
 
 /// Rebuilds the indexes of the notes and of their versions, in one transaction, if this makes the
 /// damaged profile sound, which is tried with a copy. Returns whether they were rebuilt. The notes

@@ -1608,8 +1608,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>ملف التعريف «⁨%1⁩» فارغ مع أنه قد استُخدم. استعده من نسخة احتياطية أو استخدم ملف تعريف آخر.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be read: %2. Check its disk and its permissions, then try again.</source>
-        <translation>تتعذر قراءة مجلد ملف التعريف «⁨%1⁩»: ⁨%2⁩. تحقق من القرص والأذونات، ثم أعد المحاولة.</translation>
+        <source>The folder “%1” of the profile cannot be read: %2. Check its disk and its permissions, then try again.</source>
+        <translation>تتعذر قراءة المجلد «⁨%1⁩» الخاص بملف التعريف: ⁨%2⁩. تحقق من القرص والأذونات، ثم أعد المحاولة.</translation>
     </message>
     <message>
         <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>
@@ -1634,10 +1634,6 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>There is no space left on the disk with the profile “%1”. Delete files that you no longer need, then try again.</source>
         <translation>لا توجد مساحة على القرص الذي عليه ملف التعريف «⁨%1⁩». احذف ملفات لم تعد بحاجة إليها، ثم أعد المحاولة.</translation>
-    </message>
-    <message>
-        <source>The folder “%1” with the backups of the profile cannot be read: %2</source>
-        <translation>تتعذر قراءة المجلد «⁨%1⁩» الذي يحتوي على النسخ الاحتياطية لملف التعريف: ⁨%2⁩</translation>
     </message>
     <message>
         <source>No backup of the profile “%1” could be made, and Velmora tries again after an hour. %2</source>

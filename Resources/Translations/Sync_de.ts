@@ -1608,8 +1608,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Das Profil „%1“ ist leer, obwohl es benutzt wurde. Stellen Sie es aus einer Sicherungskopie wieder her oder verwenden Sie ein anderes Profil.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be read: %2. Check its disk and its permissions, then try again.</source>
-        <translation>Der Profilordner „%1“ kann nicht gelesen werden: %2. Prüfen Sie den Datenträger und die Zugriffsrechte, und versuchen Sie es dann erneut.</translation>
+        <source>The folder “%1” of the profile cannot be read: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Der Ordner „%1“ des Profils kann nicht gelesen werden: %2. Prüfen Sie den Datenträger und die Zugriffsrechte, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>
@@ -1634,10 +1634,6 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     <message>
         <source>There is no space left on the disk with the profile “%1”. Delete files that you no longer need, then try again.</source>
         <translation>Auf dem Datenträger mit dem Profil „%1“ ist kein Platz mehr. Löschen Sie Dateien, die Sie nicht mehr brauchen, und versuchen Sie es dann erneut.</translation>
-    </message>
-    <message>
-        <source>The folder “%1” with the backups of the profile cannot be read: %2</source>
-        <translation>Der Ordner „%1“ mit den Sicherungskopien des Profils kann nicht gelesen werden: %2</translation>
     </message>
     <message>
         <source>No backup of the profile “%1” could be made, and Velmora tries again after an hour. %2</source>

@@ -1572,8 +1572,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>El perfil «%1» está vacío, aunque se ha usado. Restáurelo desde una copia de seguridad o use otro perfil.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be read: %2. Check its disk and its permissions, then try again.</source>
-        <translation>No se puede leer la carpeta de perfil «%1»: %2. Compruebe el disco y los permisos y vuelva a intentarlo.</translation>
+        <source>The folder “%1” of the profile cannot be read: %2. Check its disk and its permissions, then try again.</source>
+        <translation>No se puede leer la carpeta «%1» del perfil: %2. Compruebe el disco y los permisos y vuelva a intentarlo.</translation>
     </message>
     <message>
         <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>
@@ -1598,10 +1598,6 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
     <message>
         <source>There is no space left on the disk with the profile “%1”. Delete files that you no longer need, then try again.</source>
         <translation>No queda espacio en el disco del perfil «%1». Elimine archivos que ya no necesite y vuelva a intentarlo.</translation>
-    </message>
-    <message>
-        <source>The folder “%1” with the backups of the profile cannot be read: %2</source>
-        <translation>No se puede leer la carpeta «%1» con las copias de seguridad del perfil: %2</translation>
     </message>
     <message>
         <source>No backup of the profile “%1” could be made, and Velmora tries again after an hour. %2</source>

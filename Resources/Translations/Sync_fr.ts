@@ -551,7 +551,7 @@
     </message>
     <message>
         <source>The server “%1” cannot be reached through the proxy “%2” (%3). Check the proxy in the network settings of the desktop.</source>
-        <translation>Le serveur « %1 » est injoignable par le proxy « %2 » (%3). Vérifiez le proxy dans les réglages réseau du bureau.</translation>
+        <translation>Le serveur « %1 » est injoignable par le proxy « %2 » (%3). Vérifiez le proxy dans les réglages réseau du bureau.</translation>
     </message>
     <message>
         <source>The server “%1” cannot be reached: %2. Check the network connection.</source>
@@ -623,11 +623,11 @@
     </message>
     <message>
         <source>The address of the server “%1” could not be looked up. Check the network connection and try again.</source>
-        <translation>L’adresse du serveur « %1 » n’a pas pu être déterminée. Vérifiez la connexion au réseau et réessayez.</translation>
+        <translation>L’adresse du serveur « %1 » n’a pas pu être déterminée. Vérifiez la connexion au réseau et réessayez.</translation>
     </message>
     <message>
         <source>The address of the server “%1” was not looked up because too many look-ups are still running. Try again in a minute.</source>
-        <translation>L’adresse du serveur « %1 » n’a pas été recherchée, car trop de recherches sont encore en cours. Réessayez dans une minute.</translation>
+        <translation>L’adresse du serveur « %1 » n’a pas été recherchée, car trop de recherches sont encore en cours. Réessayez dans une minute.</translation>
     </message>
     <message>
         <source>Trust This Certificate</source>
@@ -723,15 +723,15 @@
     </message>
     <message>
         <source>Damaged notes in the database “%1” that no location could restore: %2. Check their texts, edit them and synchronize, or restore a backup of the profile.</source>
-        <translation>Notes endommagées dans la base de données « %1 » qu’aucun emplacement n’a pu restaurer : %2. Vérifiez leurs textes, modifiez-les et synchronisez, ou restaurez une copie de sauvegarde du profil.</translation>
+        <translation>Notes endommagées dans la base de données « %1 » qu’aucun emplacement n’a pu restaurer : %2. Vérifiez leurs textes, modifiez-les et synchronisez, ou restaurez une copie de sauvegarde du profil.</translation>
     </message>
     <message>
         <source>Changes of notes in the database “%1” that this computer has lost: %2. “velmora verify --repair” reads them again from the locations. If no location has them, synchronize on the other computers, then here, or restore a backup of the profile.</source>
-        <translation>Modifications de notes de la base de données « %1 » que cet ordinateur a perdues : %2. « velmora verify --repair » les relit depuis les emplacements. Si aucun emplacement ne les contient, synchronisez sur les autres ordinateurs, puis ici, ou restaurez une copie de sauvegarde du profil.</translation>
+        <translation>Modifications de notes de la base de données « %1 » que cet ordinateur a perdues : %2. « velmora verify --repair » les relit depuis les emplacements. Si aucun emplacement ne les contient, synchronisez sur les autres ordinateurs, puis ici, ou restaurez une copie de sauvegarde du profil.</translation>
     </message>
     <message>
         <source>Changes of notes in the database “%1” that this computer has lost and that no location could restore: %2. Synchronize on the other computers, then here, or restore a backup of the profile.</source>
-        <translation>Modifications de notes dans la base de données « %1 » que cet ordinateur a perdues et qu’aucun emplacement n’a pu restaurer : %2. Synchronisez sur les autres ordinateurs, puis ici, ou restaurez une copie de sauvegarde du profil.</translation>
+        <translation>Modifications de notes dans la base de données « %1 » que cet ordinateur a perdues et qu’aucun emplacement n’a pu restaurer : %2. Synchronisez sur les autres ordinateurs, puis ici, ou restaurez une copie de sauvegarde du profil.</translation>
     </message>
     <message>
         <source>“%1”</source>
@@ -798,7 +798,7 @@
     </message>
     <message>
         <source>“%1” is not used, because records have other names. Move it to another folder, or remove it if you do not need it.</source>
-        <translation>« %1 » n’est pas utilisé, car les enregistrements portent d’autres noms. Déplacez ce fichier dans un autre dossier, ou supprimez-le si vous n’en avez pas besoin.</translation>
+        <translation>« %1 » n’est pas utilisé, car les enregistrements portent d’autres noms. Déplacez ce fichier dans un autre dossier, ou supprimez-le si vous n’en avez pas besoin.</translation>
     </message>
     <message>
         <source>Inbox</source>
@@ -1297,7 +1297,7 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     </message>
     <message>
         <source>The computer “%1” cannot read or write its sync store. Check its disk.</source>
-        <translation>L’ordinateur « %1 » ne peut pas lire ou écrire son dépôt de synchronisation. Vérifiez son disque.</translation>
+        <translation>L’ordinateur « %1 » ne peut pas lire ou écrire son dépôt de synchronisation. Vérifiez son disque.</translation>
     </message>
     <message>
         <source>Folder Access</source>
@@ -1453,7 +1453,7 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     </message>
     <message>
         <source>The note “%1” has changed meanwhile. Select it again.</source>
-        <translation>La note « %1 » a changé entre-temps. Sélectionnez-la de nouveau.</translation>
+        <translation>La note « %1 » a changé entre-temps. Sélectionnez-la de nouveau.</translation>
     </message>
     <message>
         <source>The note “%1” is too long to be synchronized. Divide it into several notes.</source>
@@ -1572,8 +1572,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Le profil « %1 » est vide, bien qu’il ait été utilisé. Restaurez-le à partir d’une copie de sauvegarde ou utilisez un autre profil.</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be read: %2. Check its disk and its permissions, then try again.</source>
-        <translation>Le dossier de profil « %1 » ne peut pas être lu : %2. Vérifiez le disque et les droits d’accès, puis réessayez.</translation>
+        <source>The folder “%1” of the profile cannot be read: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Le dossier « %1 » du profil ne peut pas être lu : %2. Vérifiez le disque et les droits d’accès, puis réessayez.</translation>
     </message>
     <message>
         <source>The sync locations of the damaged profile “%1” cannot be read. Add them again in Sync Preferences, then import your databases.</source>
@@ -1581,7 +1581,7 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     </message>
     <message>
         <source>Some changes cannot be read from the damaged profile “%1” and may be missing now. Synchronize, so that they are read from the locations. The damaged files are kept in the folder “Damaged Profiles”.</source>
-        <translation>Certaines modifications ne peuvent pas être lues dans le profil endommagé « %1 » et manquent peut-être maintenant. Synchronisez, afin qu’elles soient lues depuis les emplacements. Les fichiers endommagés sont conservés dans le dossier « Damaged Profiles ».</translation>
+        <translation>Certaines modifications ne peuvent pas être lues dans le profil endommagé « %1 » et manquent peut-être maintenant. Synchronisez, afin qu’elles soient lues depuis les emplacements. Les fichiers endommagés sont conservés dans le dossier « Damaged Profiles ».</translation>
     </message>
     <message>
         <source>Damaged notes: %1.</source>
@@ -1598,10 +1598,6 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     <message>
         <source>There is no space left on the disk with the profile “%1”. Delete files that you no longer need, then try again.</source>
         <translation>Il n’y a plus d’espace disponible sur le disque du profil « %1 ». Supprimez les fichiers dont vous n’avez plus besoin, puis réessayez.</translation>
-    </message>
-    <message>
-        <source>The folder “%1” with the backups of the profile cannot be read: %2</source>
-        <translation>Le dossier « %1 » qui contient les copies de sauvegarde du profil ne peut pas être lu : %2</translation>
     </message>
     <message>
         <source>No backup of the profile “%1” could be made, and Velmora tries again after an hour. %2</source>
@@ -1779,19 +1775,19 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     </message>
     <message>
         <source>The profile “%1” is damaged. Restore it from a backup or use another profile.</source>
-        <translation>Le profil « %1 » est endommagé. Restaurez-le à partir d’une copie de sauvegarde ou utilisez un autre profil.</translation>
+        <translation>Le profil « %1 » est endommagé. Restaurez-le à partir d’une copie de sauvegarde ou utilisez un autre profil.</translation>
     </message>
     <message>
         <source>An index of the profile “%1” is damaged, so that notes may seem to be missing. Quit Velmora if it is running, and start it: it rebuilds the index or offers to restore a backup.</source>
-        <translation>Un index du profil « %1 » est endommagé, de sorte que des notes peuvent sembler manquer. Quittez Velmora s’il est en cours d’exécution, puis démarrez-le : il reconstruit l’index ou propose de restaurer une copie de sauvegarde.</translation>
+        <translation>Un index du profil « %1 » est endommagé, de sorte que des notes peuvent sembler manquer. Quittez Velmora s’il est en cours d’exécution, puis démarrez-le : il reconstruit l’index ou propose de restaurer une copie de sauvegarde.</translation>
     </message>
     <message>
         <source>The profile “%1” cannot be read, because its disk reports an error. Check the disk and its connection, then start Velmora again.</source>
-        <translation>Le profil « %1 » ne peut pas être lu, car son disque signale une erreur. Vérifiez le disque et son branchement, puis démarrez de nouveau Velmora.</translation>
+        <translation>Le profil « %1 » ne peut pas être lu, car son disque signale une erreur. Vérifiez le disque et son branchement, puis démarrez de nouveau Velmora.</translation>
     </message>
     <message>
         <source>The profile “%1” is damaged (%2). Quit Velmora and start it again: it then repairs the profile or offers to restore a backup.</source>
-        <translation>Le profil « %1 » est endommagé (%2). Quittez Velmora et démarrez-le de nouveau : il répare alors le profil ou propose de restaurer une copie de sauvegarde.</translation>
+        <translation>Le profil « %1 » est endommagé (%2). Quittez Velmora et démarrez-le de nouveau : il répare alors le profil ou propose de restaurer une copie de sauvegarde.</translation>
     </message>
     <message>
         <source>An index of the profile was damaged and was rebuilt. If this happens again, check the disk.</source>
@@ -1799,15 +1795,15 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     </message>
     <message>
         <source>Notes of “%1” that you wanted to keep were removed before you decided, for example by “velmora sync --removals remove”. To restore them, choose “Deleted Notes” in the menu “Edit”.</source>
-        <translation>Des notes de « %1 » que vous vouliez conserver ont été supprimées avant votre décision, par exemple par « velmora sync --removals remove ». Pour les restaurer, choisissez « Notes supprimées » dans le menu « Édition ».</translation>
+        <translation>Des notes de « %1 » que vous vouliez conserver ont été supprimées avant votre décision, par exemple par « velmora sync --removals remove ». Pour les restaurer, choisissez « Notes supprimées » dans le menu « Édition ».</translation>
     </message>
     <message>
         <source>Notes of “%1” that you wanted to remove were kept or edited before you decided, for example by “velmora sync --removals keep”. If you do not need them, delete them.</source>
-        <translation>Des notes de « %1 » que vous vouliez supprimer ont été conservées ou modifiées avant votre décision, par exemple par « velmora sync --removals keep ». Si vous n’en avez pas besoin, supprimez-les.</translation>
+        <translation>Des notes de « %1 » que vous vouliez supprimer ont été conservées ou modifiées avant votre décision, par exemple par « velmora sync --removals keep ». Si vous n’en avez pas besoin, supprimez-les.</translation>
     </message>
     <message>
         <source>The old backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
-        <translation>L’ancienne sauvegarde « %1 » ne peut pas être supprimée : %2. Vérifiez les droits d’accès de son dossier et son disque.</translation>
+        <translation>L’ancienne sauvegarde « %1 » ne peut pas être supprimée : %2. Vérifiez les droits d’accès de son dossier et son disque.</translation>
     </message>
     <message>
         <source>The unfinished backup “%1” cannot be removed: %2. Check the permissions of its folder and its disk.</source>
@@ -1819,7 +1815,7 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     </message>
     <message>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
-        <translation>Un index du profil « %1 » est endommagé au point de ne pas pouvoir être réparé. À son démarrage, Velmora propose de restaurer une sauvegarde.</translation>
+        <translation>Un index du profil « %1 » est endommagé au point de ne pas pouvoir être réparé. À son démarrage, Velmora propose de restaurer une sauvegarde.</translation>
     </message>
 </context>
 <context>
@@ -1834,7 +1830,7 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
     </message>
     <message>
         <source>“%1” does not exist. Check whether it was moved or renamed, and whether its volume is connected.</source>
-        <translation>« %1 » n’existe pas. Vérifiez s’il a été déplacé ou renommé, et si son volume est connecté.</translation>
+        <translation>« %1 » n’existe pas. Vérifiez s’il a été déplacé ou renommé, et si son volume est connecté.</translation>
     </message>
     <message>
         <source>Check the permissions of the file and the space on the disk.</source>

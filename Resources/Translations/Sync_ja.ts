@@ -1588,7 +1588,7 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>プロファイル「%1」は使用されていたはずですが、空になっています。バックアップから復元するか、別のプロファイルを使ってください。</translation>
     </message>
     <message>
-        <source>The profile folder “%1” cannot be read: %2. Check its disk and its permissions, then try again.</source>
+        <source>The folder “%1” of the profile cannot be read: %2. Check its disk and its permissions, then try again.</source>
         <translation>プロファイルのフォルダー「%1」を読み取れません: %2。ディスクとアクセス権を確認して、もう一度お試しください。</translation>
     </message>
     <message>
@@ -1614,10 +1614,6 @@ Roast everything for forty minutes, add stock, blend.</source>
     <message>
         <source>There is no space left on the disk with the profile “%1”. Delete files that you no longer need, then try again.</source>
         <translation>プロファイル「%1」があるディスクに空き容量がありません。不要なファイルを削除して、もう一度お試しください。</translation>
-    </message>
-    <message>
-        <source>The folder “%1” with the backups of the profile cannot be read: %2</source>
-        <translation>プロファイルのバックアップがあるフォルダー「%1」を読み取れません: %2</translation>
     </message>
     <message>
         <source>No backup of the profile “%1” could be made, and Velmora tries again after an hour. %2</source>

@@ -527,6 +527,37 @@ private Q_SLOTS:
         QVERIFY2(text.startsWith(QStringLiteral("The sync locations")), qPrintable(text));
     }
 
+    void backupsThatCannotBeSearchedForLocationsAreReported() {
+        const QString directory = m_host->directory();
+        m_host->goToComputer(QStringLiteral("Other"));
+        overwrite(directory + QStringLiteral("/profile.sqlite"), 0, 4096);
+        // A file instead of the folder cannot be listed.
+        QVERIFY(QFile(folder()).open(QIODevice::WriteOnly));
+        QVERIFY(SyncEngine::beginProfile(directory));
+        QTRY_COMPARE(m_host->application().presentedErrors().size(), 2);
+        const Error error = m_host->application().presentedErrors().first();
+        QVERIFY2(error.localizedFailureReason.contains(folder()),
+                 qPrintable(error.localizedFailureReason));
+    }
+
+    /// The files of an interrupted recovery may be there.
+    void damagedProfilesThatCannotBeListedPreventARecovery() {
+        const QString directory = m_host->directory();
+        QVERIFY(ProfileBackups(directory).make(m_today));
+        m_host->goToComputer(QStringLiteral("Other"));
+        QVERIFY(QFile::remove(directory + QStringLiteral("/profile.sqlite")));
+        const QString damaged = directory + u'/' + ProfileRecovery::FolderName;
+        QVERIFY(QFile(damaged).open(QIODevice::WriteOnly));
+        for (const Expected<void> &refused :
+             {SyncEngine::restoreBackup(directory), SyncEngine::beginProfile(directory)}) {
+            QCOMPARE(code(refused), EngineErrorCode::BackupFailed);
+            QVERIFY2(description(refused).contains(damaged), qPrintable(description(refused)));
+        }
+        QVERIFY(QFile::remove(damaged));
+        QVERIFY(SyncEngine::restoreBackup(directory));
+        m_host->goToComputer(QStringLiteral("Profile"));
+    }
+
     void aProfileWithoutWhatEachHasIsDamaged_data() {
         QTest::addColumn<QString>("statement");
         QTest::addRow("no inbox") << QStringLiteral("DELETE FROM databases");
@@ -822,7 +853,7 @@ private Q_SLOTS:
                 [] { return Expected<void>(); });
         };
         std::unique_ptr<FaultyFileSystem> disk;
-        const Expected<bool> begun = ProfileRecovery::begin(directory, [&](const QString &folder) {
+        const auto begun = ProfileRecovery::begin(directory, [&](const QString &folder) {
             return create(folder).map([&] {
                 disk = std::make_unique<FaultyFileSystem>(FaultyFileSystem::Fault::Full, 1,
                                                           FaultyFileSystem::Duration::FromThenOn);
@@ -832,7 +863,7 @@ private Q_SLOTS:
         QVERIFY2(description(begun).contains(QStringLiteral("no space left")),
                  qPrintable(description(begun)));
         QCOMPARE(damagedFiles(directory), QStringList());
-        QVERIFY(*ProfileRecovery::begin(directory, create));
+        QVERIFY(ProfileRecovery::begin(directory, create)->hasLocations);
     }
 
     /// SQLite would apply the log of the damaged profile to the restored one.
