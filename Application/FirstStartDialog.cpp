@@ -16,22 +16,24 @@ namespace {
 
 constexpr qreal SizeOfTitle = 1.5;
 
-enum Place { Later, Folder, WebDAV, OtherComputer };
+/// The id of the button of the first offer is the next one.
+constexpr int Later = 0;
 enum Beginning { Empty, Examples, OtherDatabases };
 
-struct Answer {
+struct LabeledChoice {
     int id;
-    const char *name;
+    QString name;
     QString text;
 };
 
-QGroupBox *makeGroup(const QString &question, const QList<Answer> &answers, QButtonGroup &group) {
+QGroupBox *makeGroup(const QString &question, const QList<LabeledChoice> &choices,
+                     QButtonGroup &group) {
     auto *box = new QGroupBox(question);
     auto *layout = new QVBoxLayout(box);
-    for (const Answer &answer : answers) {
-        auto *button = new QRadioButton(answer.text);
-        button->setObjectName(QLatin1StringView(answer.name));
-        group.addButton(button, answer.id);
+    for (const LabeledChoice &choice : choices) {
+        auto *button = new QRadioButton(choice.text);
+        button->setObjectName(choice.name + QStringLiteral("Button"));
+        group.addButton(button, choice.id);
         layout->addWidget(button);
     }
     group.buttons().constFirst()->setChecked(true);
@@ -49,8 +51,11 @@ QLabel *makeTitle(const QString &text) {
 
 }  // namespace
 
-FirstStartDialog::FirstStartDialog(QWidget *parent)
-    : QDialog(parent), m_places(new QButtonGroup(this)), m_beginnings(new QButtonGroup(this)) {
+FirstStartDialog::FirstStartDialog(QList<LocationOffer> offers, QWidget *parent)
+    : QDialog(parent),
+      m_offers(std::move(offers)),
+      m_places(new QButtonGroup(this)),
+      m_beginnings(new QButtonGroup(this)) {
     const QString title = tr("Welcome to Velmora");
     setWindowTitle(title);
     new HeightKeeper(this);
@@ -71,21 +76,20 @@ FirstStartDialog::FirstStartDialog(QWidget *parent)
 }
 
 QGroupBox *FirstStartDialog::makePlaces() {
-    return makeGroup(tr("Where should your notes be kept in sync?"),
-                     {{Later, "laterButton", tr("Decide later")},
-                      {Folder, "folderButton", tr("In a folder that your computers share")},
-                      {WebDAV, "webDAVButton", tr("On a WebDAV server")},
-                      {OtherComputer, "otherComputerButton", tr("On another computer")}},
-                     *m_places);
+    QList<LabeledChoice> choices{{Later, QStringLiteral("later"), tr("Decide later")}};
+    for (const LocationOffer &offer : m_offers) {
+        choices.append({static_cast<int>(choices.size()), offer.kind, offer.place});
+    }
+    return makeGroup(tr("Where should your notes be kept in sync?"), choices, *m_places);
 }
 
 QGroupBox *FirstStartDialog::makeBeginnings() {
-    return makeGroup(
-        tr("How do you want to begin?"),
-        {{Empty, "emptyButton", tr("Without notes")},
-         {Examples, "examplesButton", tr("With examples")},
-         {OtherDatabases, "otherDatabasesButton", tr("With databases from another computer")}},
-        *m_beginnings);
+    return makeGroup(tr("How do you want to begin?"),
+                     {{Empty, QStringLiteral("empty"), tr("Without notes")},
+                      {Examples, QStringLiteral("examples"), tr("With examples")},
+                      {OtherDatabases, QStringLiteral("otherDatabases"),
+                       tr("With databases from another computer")}},
+                     *m_beginnings);
 }
 
 void FirstStartDialog::updateImport() {
@@ -100,23 +104,11 @@ void FirstStartDialog::updateImport() {
 }
 
 FirstStart FirstStartDialog::choice() const {
-    using Kind = LocationAdding::Kind;
     FirstStart start;
-    const bool imports = m_beginnings->checkedId() == OtherDatabases;
-    switch (m_places->checkedId()) {
-        case Folder:
-            start.location = imports ? Kind::ExistingFolder : Kind::NewFolder;
-            break;
-        case WebDAV:
-            start.location = Kind::WebDAV;
-            break;
-        case OtherComputer:
-            start.location = Kind::DirectConnection;
-            break;
-        default:
-            break;
+    if (const int place = m_places->checkedId(); place != Later) {
+        start.location = m_offers.at(place - 1).kind;
     }
-    if (imports) {
+    if (m_beginnings->checkedId() == OtherDatabases) {
         start.next = LocationAdding::Next::DatabasesToImport;
     }
     if (m_beginnings->checkedId() == Examples) {
@@ -125,8 +117,8 @@ FirstStart FirstStartDialog::choice() const {
     return start;
 }
 
-FirstStart FirstStartDialog::ask() {
-    FirstStartDialog dialog;
+FirstStart FirstStartDialog::ask(const QList<LocationOffer> &offers) {
+    FirstStartDialog dialog(offers);
     return dialog.exec() == Accepted ? dialog.choice() : FirstStart();
 }
 

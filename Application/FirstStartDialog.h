@@ -3,6 +3,7 @@
 #include <QtWidgets/QDialog>
 
 #include "Application/FirstStart.h"
+#include "Host/LocationOffers.h"
 
 class QAbstractButton;
 class QButtonGroup;
@@ -13,10 +14,12 @@ class QGroupBox;
 class FirstStartDialog : public QDialog {
     Q_OBJECT
 public:
-    explicit FirstStartDialog(QWidget *parent = nullptr);
+    /// `offers` are the kinds of locations that the user can choose; without any, that is left for
+    /// later. The name of the button of each is that of the kind with "Button".
+    explicit FirstStartDialog(QList<LocationOffer> offers, QWidget *parent = nullptr);
 
     /// Shows the dialog, running a nested event loop, and returns what the user has chosen.
-    static FirstStart ask();
+    static FirstStart ask(const QList<LocationOffer> &offers);
 
     /// Returns what is chosen at present.
     FirstStart choice() const;
@@ -32,6 +35,7 @@ private:
     /// Databases can be imported only from a location.
     void updateImport();
 
+    const QList<LocationOffer> m_offers;
     QButtonGroup *m_places;
     QButtonGroup *m_beginnings;
 };

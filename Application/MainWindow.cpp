@@ -271,7 +271,7 @@ void MainWindow::editLocation(const std::shared_ptr<QVSyncLocation> &location) {
 
 void MainWindow::addLocation(const FirstStart &start) {
     if (PreferencesWindow *preferences = showPreferences()) {
-        preferences->addLocation(*start.location, start.next);
+        preferences->addLocation(start.location, start.next);
     }
 }
 

@@ -42,3 +42,11 @@ Expected<std::unique_ptr<PreferencePane>> PlugIns::makeSyncPreferences() {
     return (*plugIn)->makePreferencePane(
         loader.metaData().value(QLatin1StringView("MetaData")).toObject());
 }
+
+Expected<QList<LocationOffer>> PlugIns::locationOffers() {
+    QPluginLoader loader(plugInPath("SyncPreferences"));
+    return load<PreferencePanePlugIn>(loader).map([&](PreferencePanePlugIn * /*plugIn*/) {
+        const auto *offers = qobject_cast<LocationOffers *>(loader.instance());
+        return offers ? offers->locationOffers() : QList<LocationOffer>();
+    });
+}

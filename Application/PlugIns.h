@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "Application/Interface/SyncPlugIn.h"
+#include "Host/LocationOffers.h"
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Interface/PreferencePane.h"
 
@@ -21,5 +22,9 @@ Expected<SyncPlugIn *> loadSync();
 /// loadSync(). Fails if the plug-in cannot be loaded or the host lacks a class that the pane needs.
 /// The pane must be destroyed before SyncPlugIn::closeProfile() is called.
 Expected<std::unique_ptr<PreferencePane>> makeSyncPreferences();
+
+/// Returns what the pane's plug-in offers to new users, and loads it if necessary; nothing if it
+/// has no such addition. Fails if the plug-in cannot be loaded.
+Expected<QList<LocationOffer>> locationOffers();
 
 }  // namespace PlugIns

@@ -9,12 +9,12 @@
 #include "Application/SaveLocations.h"
 #include "Application/WindowMemory.h"
 #include "Application/WindowSize.h"
+#include "Host/PaneSelection.h"
+#include "Host/QVLocationEditing.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Mnemonics.h"
-#include "Platform/Interface/PaneSelection.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/PreferencePane.h"
-#include "Platform/Interface/QVLocationEditing.h"
 #include "Platform/Interface/TextLabel.h"
 
 namespace {
@@ -146,7 +146,7 @@ void PreferencesWindow::editLocation(const std::shared_ptr<QVSyncLocation> &loca
     }
 }
 
-void PreferencesWindow::addLocation(LocationAdding::Kind kind, LocationAdding::Next next) {
+void PreferencesWindow::addLocation(const QString &kind, LocationAdding::Next next) {
     if (auto *adding = dynamic_cast<LocationAdding *>(m_pane.get())) {
         adding->addLocationOfKind(kind, next);
     }

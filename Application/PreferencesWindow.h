@@ -4,8 +4,8 @@
 #include <functional>
 #include <memory>
 
+#include "Host/LocationAdding.h"
 #include "Platform/Foundation/Expected.h"
-#include "Platform/Interface/LocationAdding.h"
 
 class LocationRemovals;
 class PreferencePane;
@@ -45,7 +45,7 @@ public:
 
     /// Lets the user add a location, if the pane offers that, see
     /// LocationAdding::addLocationOfKind(). The window must be shown.
-    void addLocation(LocationAdding::Kind kind, LocationAdding::Next next);
+    void addLocation(const QString &kind, LocationAdding::Next next);
 
     /// Closes the window even if its settings cannot be saved, which is presented as an error.
     void closeInAnyCase();

@@ -144,7 +144,7 @@ void showWindows(MainWindow &window, const LaunchOptions &options,
                  const std::optional<FirstStart> &firstStart) {
     window.rememberWindows();
     window.show();
-    if (firstStart && firstStart->location) {
+    if (firstStart && !firstStart->location.isEmpty()) {
         // Folders are chosen in an event loop of their own.
         QMetaObject::invokeMethod(
             &window, [&window, start = *firstStart] { window.addLocation(start); },
@@ -203,7 +203,11 @@ Expected<std::optional<FirstStart>> firstStartOf(const LaunchOptions &options,
         if (options.begin || options.isBatch()) {
             return FirstStart{.contents = options.begin.value_or(FirstContents::Welcome)};
         }
-        return FirstStartDialog::ask();
+        const auto offers = PlugIns::locationOffers();
+        if (!offers) {
+            NSApp()->presentError(offers.error());
+        }
+        return FirstStartDialog::ask(offers.value_or(QList<LocationOffer>()));
     });
 }
 

@@ -1,5 +1,8 @@
+#include "Host/LocationAdding.h"
+#include "Host/LocationOffers.h"
 #include "Host/PZDropboxAccountInfo.h"
 #include "Host/PZFuture.h"
+#include "Host/PaneSelection.h"
 #include "Host/QVApplication.h"
 #include "Host/QVDailySchedule.h"
 #include "Host/QVDatabase.h"
@@ -7,6 +10,7 @@
 #include "Host/QVDropboxSessionManager.h"
 #include "Host/QVHostPlugIn.h"
 #include "Host/QVHourlySchedule.h"
+#include "Host/QVLocationEditing.h"
 #include "Host/QVRemoteDatabase.h"
 #include "Host/QVServedDatabase.h"
 #include "Host/QVSyncDispatcher.h"
@@ -19,8 +23,11 @@
 #include "Host/QVWeeklySchedule.h"
 
 // Key functions: each class has its type information in this library only, which plug-ins compare.
+LocationAdding::~LocationAdding() = default;
+LocationOffers::~LocationOffers() = default;
 PZDropboxAccountInfo::~PZDropboxAccountInfo() = default;
 PZFuture::~PZFuture() = default;
+PaneSelection::~PaneSelection() = default;
 QVApplication::~QVApplication() = default;
 QVDailySchedule::~QVDailySchedule() = default;
 QVDatabase::~QVDatabase() = default;
@@ -38,6 +45,7 @@ QString QVDirectConnectionServer::lastConnectionText(const QString & /*client*/)
     return {};
 }
 QVDropboxSession::~QVDropboxSession() = default;
+QVLocationEditing::~QVLocationEditing() = default;
 
 QVHostPlugIn::~QVHostPlugIn() = default;
 

@@ -36,7 +36,15 @@ LocationKind folder() {
         .menuEntries = {{"createFolderItem", QT_TRANSLATE_NOOP("Sync", "New Folder Store…"),
                          [](QVSyncPreferences &pane) { pane.createFolder(nullptr); }},
                         {"selectFolderItem", QT_TRANSLATE_NOOP("Sync", "Existing Folder Store…"),
-                         [](QVSyncPreferences &pane) { pane.selectFolder(nullptr); }}}};
+                         [](QVSyncPreferences &pane) { pane.selectFolder(nullptr); }}},
+        .offer = {{"folder", QT_TRANSLATE_NOOP("Sync", "In a folder that your computers share"),
+                   [](QVSyncPreferences &pane, LocationAdding::Next next) {
+                       if (next == LocationAdding::Next::DatabasesToImport) {
+                           pane.selectFolder(nullptr);
+                       } else {
+                           pane.createFolder(nullptr);
+                       }
+                   }}}};
 }
 
 LocationKind webDAV() {
@@ -49,7 +57,8 @@ LocationKind webDAV() {
             .isCleanable = true,
             .makeEditor = &QVWebDAVLocationEditor::editorWithSyncLocation,
             .registerForm = &registerForm<Ui::QVWebDAVLocationEditor, QVWebDAVLocationEditor>,
-            .menuEntries = {{"addWebDAVItem", QT_TRANSLATE_NOOP("Sync", "WebDAV Server…")}}};
+            .menuEntries = {{"addWebDAVItem", QT_TRANSLATE_NOOP("Sync", "WebDAV Server…")}},
+            .offer = {{"webDAV", QT_TRANSLATE_NOOP("Sync", "On a WebDAV server")}}};
 }
 
 LocationKind directConnection() {
@@ -64,8 +73,9 @@ LocationKind directConnection() {
         .makeEditor = &QVDirectConnectionLocationEditor::editorWithSyncLocation,
         .registerForm =
             &registerForm<Ui::QVDirectConnectionLocationEditor, QVDirectConnectionLocationEditor>,
-        .menuEntries = {
-            {"addDirectConnectionItem", QT_TRANSLATE_NOOP("Sync", "Direct Connection…")}}};
+        .menuEntries = {{"addDirectConnectionItem",
+                         QT_TRANSLATE_NOOP("Sync", "Direct Connection…")}},
+        .offer = {{"otherComputer", QT_TRANSLATE_NOOP("Sync", "On another computer")}}};
 }
 
 LocationKind dropbox() {
@@ -74,7 +84,8 @@ LocationKind dropbox() {
             .isCleanable = true,
             .makeEditor = &QVDropboxLocationEditor::editorWithSyncLocation,
             .registerForm = &registerForm<Ui::QVDropboxLocationEditor, QVDropboxLocationEditor>,
-            .menuEntries = {{"addDropboxItem", QT_TRANSLATE_NOOP("Sync", "Dropbox Account…")}}};
+            .menuEntries = {{"addDropboxItem", QT_TRANSLATE_NOOP("Sync", "Dropbox Account…")}},
+            .offer = std::nullopt};
 }
 
 }  // namespace
@@ -87,6 +98,24 @@ const QList<LocationKind> &LocationKind::all() {
 const LocationKind *LocationKind::ofURL(const Url &URL) {
     const auto kind = std::find_if(all().begin(), all().end(),
                                    [&](const LocationKind &each) { return each.matches(URL); });
+    return kind == all().end() ? nullptr : &*kind;
+}
+
+QList<LocationOffer> LocationKind::offers() {
+    QList<LocationOffer> offers;
+    for (const LocationKind &kind : all()) {
+        if (kind.offer) {
+            offers.append(
+                {QLatin1StringView(kind.offer->name), localizedSyncString(kind.offer->place)});
+        }
+    }
+    return offers;
+}
+
+const LocationKind *LocationKind::offeredAs(const QString &name) {
+    const auto kind = std::find_if(all().begin(), all().end(), [&](const LocationKind &each) {
+        return each.offer && QLatin1StringView(each.offer->name) == name;
+    });
     return kind == all().end() ? nullptr : &*kind;
 }
 

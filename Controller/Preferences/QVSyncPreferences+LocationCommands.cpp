@@ -88,8 +88,9 @@ void QVSyncPreferences::addFolderLocation(const QVFolderLocationEditor &editor, 
     showNext(result == 1);
 }
 
-void QVSyncPreferences::addLocationOfKind(Kind kind, Next next) {
-    if (SheetWindow::isShownOn(*mainView()->window())) {
+void QVSyncPreferences::addLocationOfKind(const QString &kind, Next next) {
+    const LocationKind *added = LocationKind::offeredAs(kind);
+    if (!added || SheetWindow::isShownOn(*mainView()->window())) {
         return;
     }
     const QList<StandIn> rows = localDatabases();
@@ -97,19 +98,10 @@ void QVSyncPreferences::addLocationOfKind(Kind kind, Next next) {
         selectDatabase(rows.constFirst()->UUID());
     }
     m_next = next;
-    switch (kind) {
-        case Kind::NewFolder:
-            createFolder(nullptr);
-            break;
-        case Kind::ExistingFolder:
-            selectFolder(nullptr);
-            break;
-        case Kind::WebDAV:
-            addWebDAVLocation(nullptr);
-            break;
-        case Kind::DirectConnection:
-            addDirectConnectionLocation(nullptr);
-            break;
+    if (added->offer->choose) {
+        added->offer->choose(*this, next);
+    } else {
+        addLocation(added->makeEditor);
     }
 }
 

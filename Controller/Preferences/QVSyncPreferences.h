@@ -14,11 +14,11 @@
 #include "Controller/Preferences/QVSyncScheduleEditor.h"
 #include "Controller/Preferences/QVSyncScheduleEditorDelegate.h"
 #include "Controller/Preferences/QVSynchronizationSelection.h"
+#include "Host/LocationAdding.h"
+#include "Host/PaneSelection.h"
+#include "Host/QVLocationEditing.h"
 #include "Host/QVSyncPlugin.h"
-#include "Platform/Interface/LocationAdding.h"
-#include "Platform/Interface/PaneSelection.h"
 #include "Platform/Interface/PreferencePane.h"
-#include "Platform/Interface/QVLocationEditing.h"
 #include "View/QVListView.h"
 #include "View/QVListViewDelegate.h"
 
@@ -198,7 +198,7 @@ public:
     /// a nested event loop.
     Q_SLOT void createFolder(QObject *sender);
     Q_SLOT void selectFolder(QObject *sender);
-    void addLocationOfKind(Kind kind, Next next) override;
+    void addLocationOfKind(const QString &kind, Next next) override;
     /// Runs the editor of `location`, which must not be null and must have an editor: an
     /// AssertionFailure is raised otherwise.
     void editSyncLocation(const std::shared_ptr<QVSyncLocation> &location);

@@ -1,5 +1,6 @@
 #include "Controller/Preferences/SyncPreferencesPlugIn.h"
 
+#include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Host/ClassRegistry.h"
@@ -49,4 +50,8 @@ Expected<std::unique_ptr<PreferencePane>> SyncPreferencesPlugIn::makePreferenceP
     }
     registerSyncPreferencesInterface();
     return std::make_unique<QVSyncPreferences>(info);
+}
+
+QList<LocationOffer> SyncPreferencesPlugIn::locationOffers() const {
+    return LocationKind::offers();
 }

@@ -1841,6 +1841,18 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
         <translation>أحد فهارس ملف التعريف «⁨%1⁩» تالف على نحو لا يمكن إصلاحه. يعرض Velmora عند بدء تشغيله استعادة نسخة احتياطية.</translation>
     </message>
+    <message>
+        <source>In a folder that your computers share</source>
+        <translation>في مجلد تتشاركه حواسيبك</translation>
+    </message>
+    <message>
+        <source>On a WebDAV server</source>
+        <translation>على خادم WebDAV</translation>
+    </message>
+    <message>
+        <source>On another computer</source>
+        <translation>على حاسوب آخر</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

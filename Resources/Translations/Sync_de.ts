@@ -1817,6 +1817,18 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
         <translation>Ein Index des Profils „%1“ ist so beschädigt, dass er nicht repariert werden kann. Beim Start bietet Velmora an, eine Sicherungskopie wiederherzustellen.</translation>
     </message>
+    <message>
+        <source>In a folder that your computers share</source>
+        <translation>In einem Ordner, den Ihre Computer gemeinsam nutzen</translation>
+    </message>
+    <message>
+        <source>On a WebDAV server</source>
+        <translation>Auf einem WebDAV-Server</translation>
+    </message>
+    <message>
+        <source>On another computer</source>
+        <translation>Auf einem anderen Computer</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1817,6 +1817,18 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
         <translation>Un índice del perfil «%1» está dañado de un modo que no se puede reparar. Al iniciarse, Velmora ofrece restaurar una copia de seguridad.</translation>
     </message>
+    <message>
+        <source>In a folder that your computers share</source>
+        <translation>En una carpeta que comparten sus equipos</translation>
+    </message>
+    <message>
+        <source>On a WebDAV server</source>
+        <translation>En un servidor WebDAV</translation>
+    </message>
+    <message>
+        <source>On another computer</source>
+        <translation>En otro equipo</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

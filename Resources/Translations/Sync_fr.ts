@@ -1817,6 +1817,18 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
         <translation>Un index du profil « %1 » est endommagé au point de ne pas pouvoir être réparé. À son démarrage, Velmora propose de restaurer une sauvegarde.</translation>
     </message>
+    <message>
+        <source>In a folder that your computers share</source>
+        <translation>Dans un dossier que vos ordinateurs partagent</translation>
+    </message>
+    <message>
+        <source>On a WebDAV server</source>
+        <translation>Sur un serveur WebDAV</translation>
+    </message>
+    <message>
+        <source>On another computer</source>
+        <translation>Sur un autre ordinateur</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1811,6 +1811,18 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>An index of the profile “%1” is damaged in a way that cannot be repaired. At its start, Velmora offers to restore a backup.</source>
         <translation>プロファイル「%1」の索引が修復できない形で破損しています。Velmoraは起動時に、バックアップからの復元を提案します。</translation>
     </message>
+    <message>
+        <source>In a folder that your computers share</source>
+        <translation>複数のコンピューターで共有しているフォルダー</translation>
+    </message>
+    <message>
+        <source>On a WebDAV server</source>
+        <translation>WebDAVサーバー</translation>
+    </message>
+    <message>
+        <source>On another computer</source>
+        <translation>ほかのコンピューター</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1159,18 +1159,6 @@
         <translation>اتخاذ القرار لاحقًا</translation>
     </message>
     <message>
-        <source>In a folder that your computers share</source>
-        <translation>في مجلد تتشاركه حواسيبك</translation>
-    </message>
-    <message>
-        <source>On a WebDAV server</source>
-        <translation>على خادم WebDAV</translation>
-    </message>
-    <message>
-        <source>On another computer</source>
-        <translation>على حاسوب آخر</translation>
-    </message>
-    <message>
         <source>How do you want to begin?</source>
         <translation>كيف تريد أن تبدأ؟</translation>
     </message>

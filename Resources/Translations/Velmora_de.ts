@@ -1115,18 +1115,6 @@
         <translation>Später entscheiden</translation>
     </message>
     <message>
-        <source>In a folder that your computers share</source>
-        <translation>In einem Ordner, den Ihre Computer gemeinsam nutzen</translation>
-    </message>
-    <message>
-        <source>On a WebDAV server</source>
-        <translation>Auf einem WebDAV-Server</translation>
-    </message>
-    <message>
-        <source>On another computer</source>
-        <translation>Auf einem anderen Computer</translation>
-    </message>
-    <message>
         <source>How do you want to begin?</source>
         <translation>Womit möchten Sie beginnen?</translation>
     </message>

@@ -1115,18 +1115,6 @@
         <translation>Decidir más tarde</translation>
     </message>
     <message>
-        <source>In a folder that your computers share</source>
-        <translation>En una carpeta que comparten sus equipos</translation>
-    </message>
-    <message>
-        <source>On a WebDAV server</source>
-        <translation>En un servidor WebDAV</translation>
-    </message>
-    <message>
-        <source>On another computer</source>
-        <translation>En otro equipo</translation>
-    </message>
-    <message>
         <source>How do you want to begin?</source>
         <translation>¿Cómo desea empezar?</translation>
     </message>

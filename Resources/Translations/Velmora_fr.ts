@@ -1115,18 +1115,6 @@
         <translation>Décider plus tard</translation>
     </message>
     <message>
-        <source>In a folder that your computers share</source>
-        <translation>Dans un dossier que vos ordinateurs partagent</translation>
-    </message>
-    <message>
-        <source>On a WebDAV server</source>
-        <translation>Sur un serveur WebDAV</translation>
-    </message>
-    <message>
-        <source>On another computer</source>
-        <translation>Sur un autre ordinateur</translation>
-    </message>
-    <message>
         <source>How do you want to begin?</source>
         <translation>Comment voulez-vous commencer ?</translation>
     </message>

@@ -1106,18 +1106,6 @@
         <translation>後で決める</translation>
     </message>
     <message>
-        <source>In a folder that your computers share</source>
-        <translation>複数のコンピューターで共有しているフォルダー</translation>
-    </message>
-    <message>
-        <source>On a WebDAV server</source>
-        <translation>WebDAVサーバー</translation>
-    </message>
-    <message>
-        <source>On another computer</source>
-        <translation>ほかのコンピューター</translation>
-    </message>
-    <message>
         <source>How do you want to begin?</source>
         <translation>どのように始めますか?</translation>
     </message>

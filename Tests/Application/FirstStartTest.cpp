@@ -2,6 +2,7 @@
 #include <QtWidgets/QRadioButton>
 
 #include "Application/FirstStartDialog.h"
+#include "Application/PlugIns.h"
 #include "Engine/Plugin/SyncEngine.h"
 #include "Support/ShownProgram.h"
 #include "Support/TestMain.h"
@@ -10,7 +11,6 @@
 class FirstStartTest : public QObject {
     Q_OBJECT
 
-    using Kind = LocationAdding::Kind;
     using Next = LocationAdding::Next;
 
     const VirtualDisplay m_display;
@@ -50,26 +50,26 @@ private Q_SLOTS:
     void theChoicesAreReturned_data() {
         QTest::addColumn<QStringList>("buttons");
         QTest::addColumn<int>("contents");
-        QTest::addColumn<int>("location");
+        QTest::addColumn<QString>("location");
         QTest::addColumn<bool>("imports");
-        const int none = -1;
+        const QString none;
         const auto row = [](const char *name, const QStringList &buttons, FirstContents contents,
-                            int location, bool imports) {
+                            const QString &location, bool imports) {
             QTest::newRow(name) << buttons << static_cast<int>(contents) << location << imports;
         };
         row("nothing chosen", {}, FirstContents::Inbox, none, false);
         row("examples", {QStringLiteral("examplesButton")}, FirstContents::Welcome, none, false);
         row("a folder", {QStringLiteral("folderButton")}, FirstContents::Inbox,
-            static_cast<int>(Kind::NewFolder), false);
+            QStringLiteral("folder"), false);
         row("databases from a folder",
             {QStringLiteral("folderButton"), QStringLiteral("otherDatabasesButton")},
-            FirstContents::Inbox, static_cast<int>(Kind::ExistingFolder), true);
+            FirstContents::Inbox, QStringLiteral("folder"), true);
         row("a server with examples",
             {QStringLiteral("webDAVButton"), QStringLiteral("examplesButton")},
-            FirstContents::Welcome, static_cast<int>(Kind::WebDAV), false);
+            FirstContents::Welcome, QStringLiteral("webDAV"), false);
         row("databases from another computer",
             {QStringLiteral("otherComputerButton"), QStringLiteral("otherDatabasesButton")},
-            FirstContents::Inbox, static_cast<int>(Kind::DirectConnection), true);
+            FirstContents::Inbox, QStringLiteral("otherComputer"), true);
         row("databases from nowhere",
             {QStringLiteral("folderButton"), QStringLiteral("otherDatabasesButton"),
              QStringLiteral("laterButton")},
@@ -78,20 +78,34 @@ private Q_SLOTS:
     void theChoicesAreReturned() {
         QFETCH(QStringList, buttons);
         QFETCH(int, contents);
-        QFETCH(int, location);
+        QFETCH(QString, location);
         QFETCH(bool, imports);
-        const FirstStartDialog dialog;
+        const FirstStartDialog dialog(PlugIns::locationOffers().value());
         for (const QString &button : buttons) {
             dialog.findChild<QRadioButton *>(button)->click();
         }
         const FirstStart start = dialog.choice();
         QCOMPARE(static_cast<int>(start.contents), contents);
-        QCOMPARE(start.location ? static_cast<int>(*start.location) : -1, location);
+        QCOMPARE(start.location, location);
         QCOMPARE(start.next == Next::DatabasesToImport, imports);
     }
 
+    void everyOfferOfThePaneIsAChoice() {
+        const auto offers = PlugIns::locationOffers();
+        QVERIFY(offers);
+        QVERIFY(!offers->isEmpty());
+        const FirstStartDialog dialog(*offers);
+        for (const LocationOffer &offer : *offers) {
+            auto *button = dialog.findChild<QRadioButton *>(offer.kind + QStringLiteral("Button"));
+            QVERIFY2(button, qPrintable(offer.kind));
+            QCOMPARE(button->text(), offer.place);
+            button->click();
+            QCOMPARE(dialog.choice().location, offer.kind);
+        }
+    }
+
     void databasesAreImportedOnlyFromALocation() {
-        const FirstStartDialog dialog;
+        const FirstStartDialog dialog(PlugIns::locationOffers().value());
         const auto *import =
             dialog.findChild<QRadioButton *>(QStringLiteral("otherDatabasesButton"));
         QVERIFY(!import->isEnabled());

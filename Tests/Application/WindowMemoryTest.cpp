@@ -9,7 +9,7 @@
 #include "Application/PreferencesWindow.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Interface/Nib.h"
-#include "Platform/Interface/PaneSelection.h"
+#include "Host/PaneSelection.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"

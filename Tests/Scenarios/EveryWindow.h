@@ -120,7 +120,7 @@ inline std::unique_ptr<QWidget> preferences(TestHost &host, EventLog & /*log*/) 
 }
 
 inline std::unique_ptr<QWidget> firstStart(TestHost & /*host*/, EventLog & /*log*/) {
-    return std::make_unique<FirstStartDialog>();
+    return std::make_unique<FirstStartDialog>(LocationKind::offers());
 }
 
 /// A database that could be synchronized with one of its two locations.

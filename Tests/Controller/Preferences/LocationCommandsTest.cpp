@@ -584,7 +584,7 @@ private Q_SLOTS:
     void databasesAreImportedFromALocationAddedForThat() {
         QFETCH(bool, isAdded);
         showPane();
-        m_pane->addLocationOfKind(LocationAdding::Kind::WebDAV,
+        m_pane->addLocationOfKind(QStringLiteral("webDAV"),
                                   LocationAdding::Next::DatabasesToImport);
         const QPointer<SheetWindow> editor = sheet();
         typeInSheet("serverField", QStringLiteral("127.0.0.1"));

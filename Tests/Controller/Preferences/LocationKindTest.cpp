@@ -56,6 +56,28 @@ private Q_SLOTS:
         QCOMPARE(paneTypes, engineTypes);
     }
 
+    /// Whether new users are offered a kind, and as what, is decided for each.
+    void theKindsAreOfferedToNewUsers() {
+        const QMap<QByteArray, QString> expected = {
+            {"Local Sync Store", QStringLiteral("folder")},
+            {"WebDAV", QStringLiteral("webDAV")},
+            {"Direct Connection", QStringLiteral("otherComputer")},
+            {"Dropbox", QString()}};
+        QMap<QByteArray, QString> found;
+        for (const LocationKind &kind : LocationKind::all()) {
+            const QString name = kind.offer ? QString::fromLatin1(kind.offer->name) : QString();
+            found.insert(kind.type, name);
+            QCOMPARE(LocationKind::offeredAs(name), kind.offer ? &kind : nullptr);
+        }
+        QCOMPARE(found, expected);
+        QStringList names;
+        for (const LocationOffer &offer : LocationKind::offers()) {
+            names.append(offer.kind);
+        }
+        QCOMPARE(names, QStringList({QStringLiteral("folder"), QStringLiteral("webDAV"),
+                                     QStringLiteral("otherComputer")}));
+    }
+
     void aTypeIsCleanableInTheLanguageOfTheHost() {
         const TestHost host;
         QVERIFY(LocationKind::isCleanableType(QStringLiteral("Local Sync Store")));

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "Platform/PlatformExport.h"
+#include "Host/HostExport.h"
 
 class QVSyncLocation;
 
@@ -10,7 +10,7 @@ class QVSyncLocation;
 ///
 /// This is an optional addition to PreferencePane: a pane that has it is also a QVLocationEditing.
 /// Must be used on the main thread.
-class PLATFORM_EXPORT QVLocationEditing {
+class HOST_EXPORT QVLocationEditing {
 public:
     virtual ~QVLocationEditing();
 

@@ -3,7 +3,7 @@
 #include <QtCore/QString>
 #include <memory>
 
-#include "Platform/PlatformExport.h"
+#include "Host/HostExport.h"
 
 class QVSyncLocation;
 
@@ -11,7 +11,7 @@ class QVSyncLocation;
 ///
 /// This is an optional addition to PreferencePane: a pane that has it is also a PaneSelection. The
 /// view of the pane must be loaded, and willSelect() called. Must be used on the main thread.
-class PLATFORM_EXPORT PaneSelection {
+class HOST_EXPORT PaneSelection {
 public:
     virtual ~PaneSelection();
 

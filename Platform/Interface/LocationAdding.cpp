@@ -1,3 +1,0 @@
-#include "Platform/Interface/LocationAdding.h"
-
-LocationAdding::~LocationAdding() = default;

@@ -1,3 +1,0 @@
-#include "Platform/Interface/PaneSelection.h"
-
-PaneSelection::~PaneSelection() = default;

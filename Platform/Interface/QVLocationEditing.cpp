@@ -1,3 +1,0 @@
-#include "Platform/Interface/QVLocationEditing.h"
-
-QVLocationEditing::~QVLocationEditing() = default;
