@@ -8,6 +8,7 @@
 #include <QtWidgets/QSystemTrayIcon>
 #include <chrono>
 
+#include "Application/ApplicationError.h"
 #include "Application/DesktopNotifier.h"
 #include "Application/Interface/SyncPlugIn.h"
 #include "Application/MainWindow.h"
@@ -67,7 +68,7 @@ BackgroundMode::~BackgroundMode() = default;
 void BackgroundMode::setEnabled(bool isEnabled) {
     if (isEnabled && !hasPlace()) {
         m_action->setChecked(false);
-        NSApp()->presentError({.domain = QStringLiteral("Velmora"),
+        NSApp()->presentError({.domain = ApplicationErrorDomain,
                                .localizedDescription =
                                    tr("Velmora cannot stay in the background, because this desktop "
                                       "shows no icons of programs. Turn them on in the desktop's "
@@ -100,7 +101,7 @@ void BackgroundMode::findPanel() {
 
 void BackgroundMode::presentMissingPlace() {
     NSApp()->presentError(
-        {.domain = QStringLiteral("Velmora"),
+        {.domain = ApplicationErrorDomain,
          .localizedDescription =
              tr("Velmora cannot stay in the background at present, because the desktop shows no "
                 "icons of programs. It ends when its window is closed. Turn the icons on in the "

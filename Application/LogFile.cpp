@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "Application/ApplicationError.h"
 #include "Platform/Foundation/DurableFile.h"
 
 namespace {
@@ -103,9 +104,8 @@ Error LogFile::systemFailure(int number) const {
 }
 
 Error LogFile::notSaved(const QString &reason) const {
-    return {.domain = QStringLiteral("Velmora"),
-            .localizedDescription =
-                logFileText("The log cannot be saved in the file “%1” (%2). Check its permissions "
-                            "and the space on its disk.")
-                    .arg(m_path, reason)};
+    return applicationError(
+        logFileText("The log cannot be saved in the file “%1” (%2). Check its permissions "
+                    "and the space on its disk.")
+            .arg(m_path, reason));
 }

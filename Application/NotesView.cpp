@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "Application/ApplicationError.h"
 #include "Application/ConflictBar.h"
 #include "Application/ConflictDialog.h"
 #include "Application/NoteClipboard.h"
@@ -27,8 +28,7 @@ namespace {
 constexpr int LongestTitle = PlainText::LongestMessage;
 
 void present(const QString &description) {
-    NSApp()->presentError(
-        {.domain = QStringLiteral("Velmora"), .localizedDescription = description});
+    NSApp()->presentError(applicationError(description));
 }
 
 void presentTitleCut() {

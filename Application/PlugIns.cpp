@@ -1,5 +1,7 @@
 #include "Application/PlugIns.h"
 
+#include "Application/ApplicationError.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPluginLoader>
 
@@ -11,11 +13,11 @@ QString plugInPath(const char *name) {
 }
 
 Error loadingError(const QPluginLoader &loader) {
-    return {.domain = QStringLiteral("Velmora"),
-            .localizedDescription =
-                QCoreApplication::translate("PlugIns", "A part of Velmora cannot be loaded: %1")
-                    .arg(loader.fileName()),
-            .localizedFailureReason = loader.errorString()};
+    return applicationError(
+        QCoreApplication::translate(
+            "PlugIns", "A part of Velmora cannot be loaded: %1. Install Velmora again.")
+            .arg(loader.fileName()),
+        loader.errorString());
 }
 
 template <class Interface>

@@ -1,5 +1,7 @@
 #include "Application/ProcessProtection.h"
 
+#include "Application/ApplicationError.h"
+
 #include <sys/prctl.h>
 #include <sys/resource.h>
 
@@ -12,9 +14,9 @@ Expected<void> ProcessProtection::apply(Debuggers debuggers) {
     if (hasNoCoreFile && isUnreadable) {
         return {};
     }
-    return failure({.domain = QStringLiteral("Velmora"),
-                    .localizedDescription = QCoreApplication::translate(
-                        "ProcessProtection",
-                        "Other programs of yours may be able to read passwords in the memory of "
-                        "Velmora, because the system did not let it protect its memory.")});
+    return failure(applicationError(QCoreApplication::translate(
+        "ProcessProtection",
+        "Other programs of yours may be able to read passwords in the memory of Velmora, because "
+        "the system did not let it protect its memory. Run no programs that you do not trust "
+        "beside Velmora.")));
 }

@@ -1,5 +1,7 @@
 #include "Application/RunningInstance.h"
 
+#include "Application/ApplicationError.h"
+
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFileInfo>
 #include <QtCore/QPointer>
@@ -43,11 +45,10 @@ Expected<void> RunningInstance::listen() {
     if (m_server.listen(m_path)) {
         return {};
     }
-    return failure(
-        {.domain = QStringLiteral("Velmora"),
-         .localizedDescription =
-             tr("A second start of Velmora will not find these windows: %1 cannot be used (%2).")
-                 .arg(m_path, m_server.errorString())});
+    return failure(applicationError(
+        tr("A second start of Velmora will not find these windows: %1 cannot be used (%2). Check "
+           "the permissions and the space of its folder, then start Velmora again.")
+            .arg(m_path, m_server.errorString())));
 }
 
 void RunningInstance::accept() {

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "Application/ApplicationError.h"
 #include "Application/Interface/SyncPlugIn.h"
 #include "Application/LaunchOptions.h"
 #include "Application/RunningInstance.h"
@@ -92,10 +93,9 @@ Expected<void> ShellCommandLine::findProfile(const LaunchOptions &options, const
             return {};
         }
         return failure(
-            {.domain = QStringLiteral("Velmora"),
-             .localizedDescription = commandLineText("There is no profile in the folder “%1”. "
-                                                     "State another one with --profile.")
-                                         .arg(options.profile)});
+            applicationError(commandLineText("There is no profile in the folder “%1”. State "
+                                             "another one with --profile.")
+                                 .arg(options.profile)));
     });
 }
 

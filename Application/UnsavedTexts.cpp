@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "Application/ApplicationError.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/Interface/ProfileConstants.h"
 #include "Platform/Foundation/DurableFile.h"
@@ -40,12 +41,6 @@ QString pathOf(const QString &folder) {
 
 QString textOf(const char *text) {
     return QCoreApplication::translate("UnsavedTexts", text);
-}
-
-Error journalError(const QString &description, const QString &reason) {
-    return {.domain = QStringLiteral("Velmora"),
-            .localizedDescription = description,
-            .localizedFailureReason = reason};
 }
 
 /// No reserve is made unless this many of them would fit: the notes come first.
@@ -90,7 +85,7 @@ Expected<void> removeFile(const QString &path) {
     if (file.remove() || !file.exists()) {
         return {};
     }
-    return failure(journalError(
+    return failure(applicationError(
         textOf("The file “%1”, which contains a text that was not saved, cannot be removed: %2. "
                "Remove it yourself, or the text returns at the next start.")
             .arg(path, file.errorString()),
@@ -128,10 +123,11 @@ Expected<QString> restoreFile(const QString &path, const NoteLibrary &library) {
     QFile file(path);
     const QByteArray contents = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     if (file.error() != QFile::NoError) {
-        return failure(journalError(textOf("The file cannot be read (%1). Check its permissions "
-                                           "and its disk.")
-                                        .arg(file.errorString()),
-                                    {}));
+        return failure(
+            applicationError(textOf("The file cannot be read (%1). Check its permissions "
+                                    "and its disk.")
+                                 .arg(file.errorString()),
+                             {}));
     }
     const QJsonObject object = ExactText::objectIn(contents);
     Note note{object[NoteKey].toString(), object[TitleKey].toString(), object[TextKey].toString(),
@@ -139,9 +135,9 @@ Expected<QString> restoreFile(const QString &path, const NoteLibrary &library) {
               object[RevisionKey].toString()};
     if (note.UUID.isEmpty()) {
         return failure(
-            journalError(textOf("The file is damaged. Copy from it what you need, and remove "
-                                "it."),
-                         {}));
+            applicationError(textOf("The file is damaged. Copy from it what you need, and remove "
+                                    "it."),
+                             {}));
     }
     const auto database = databaseFor(library, object[DatabaseKey].toString());
     return isSaved(*database, note)
@@ -298,12 +294,12 @@ UnsavedTexts::Restored UnsavedTexts::restore(const NoteLibrary &library) const {
         }
     }
     if (!failures.isEmpty()) {
-        restored.result =
-            failure(journalError(textOf("Texts that were not saved cannot be restored. They are "
-                                        "kept, and Velmora tries again at each start."),
-                                 (failures + remaining).join(u'\n')));
+        restored.result = failure(
+            applicationError(textOf("Texts that were not saved cannot be restored. They are "
+                                    "kept, and Velmora tries again at each start."),
+                             (failures + remaining).join(u'\n')));
     } else if (!remaining.isEmpty()) {
-        restored.result = failure(journalError(remaining.join(u'\n'), {}));
+        restored.result = failure(applicationError(remaining.join(u'\n'), {}));
     }
     makeReserve();
     return restored;

@@ -4,6 +4,7 @@
 #include <QtWidgets/QMessageBox>
 #include <algorithm>
 
+#include "Application/ApplicationError.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/OutlineStyle.h"
 #include "Application/QuestionBox.h"
@@ -148,10 +149,9 @@ bool VelmoraApplication::notify(QObject *receiver, QEvent *event) {
     } catch (const AssertionFailure &failure) {
         TerminalText::printError(failure.report());
         logItemCmd(tr("Internal error:"), failure.report());
-        presentError({.domain = QStringLiteral("Velmora"),
-                      .localizedDescription = tr(
-                          "An internal error occurred, and Velmora cancelled the current action."),
-                      .localizedFailureReason = failure.report()});
+        presentError(applicationError(
+            tr("An internal error occurred, and Velmora cancelled the current action."),
+            failure.report()));
         return true;
     }
 }

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "Application/ApplicationError.h"
 #include "Application/BackgroundMode.h"
 #include "Application/DamagedProfileDialog.h"
 #include "Application/EndLimit.h"
@@ -94,13 +95,11 @@ Expected<void> writeScreenshot(const QString &file) {
     window->closeInAnyCase();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (!isWritten) {
-        return failure(
-            {.domain = QStringLiteral("Velmora"),
-             .localizedDescription =
-                 QCoreApplication::translate("main",
-                                             "The picture cannot be written to %1. Check the "
-                                             "folder and its permissions, or choose another file.")
-                     .arg(file)});
+        return failure(applicationError(
+            QCoreApplication::translate("main",
+                                        "The picture cannot be written to %1. Check the folder "
+                                        "and its permissions, or choose another file.")
+                .arg(file)));
     }
     return {};
 }

@@ -45,11 +45,6 @@ QString databaseOf(const QString &name) {
                : DatabaseRecord::databaseUUID(second).value_or(QString());
 }
 
-Error invalidName(const QString &name) {
-    return engineError(EngineErrorCode::BlobRefused, "“%1” is not a valid name in a sync store.",
-                       name);
-}
-
 Error notServed(const QString &name) {
     return engineError(EngineErrorCode::NotServed, "“%1” belongs to a database that is not served.",
                        name);
@@ -92,14 +87,14 @@ bool DirectConnectionPackage::isServed(const QString &name) const {
 
 Expected<void> DirectConnectionPackage::checkBlob(const QString &name) const {
     if (!isValidBlob(name)) {
-        return failure(invalidName(name));
+        return failure(invalidBlobName(name));
     }
     return isServed(name) ? Expected<void>() : failure(notServed(name));
 }
 
 Expected<QStringList> DirectConnectionPackage::list(const QString &folder) const {
     if (!isValidFolder(folder)) {
-        return failure(invalidName(folder));
+        return failure(invalidBlobName(folder));
     }
     if (!isServed(folder)) {
         return failure(notServed(folder));

@@ -28,6 +28,25 @@ Error foreignFile(const QString &place) {
                        place);
 }
 
+Error invalidBlobName(const QString &name) {
+    return engineError(EngineErrorCode::BlobRefused,
+                       "“%1” is not a valid name in a sync store. Install the newest version of "
+                       "Velmora on all your computers.",
+                       name);
+}
+
+Error notSyncStore(const QString &place) {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "“%1” is not a sync store. Edit the location and choose another one.",
+                       place);
+}
+
+Error tooLargeForServer(const QString &place) {
+    return engineError(
+        EngineErrorCode::StoreFull,
+        "“%1” is larger than the server accepts. Ask its administrator to raise the limit.", place);
+}
+
 Error operationCancelled() {
     return engineError(EngineErrorCode::Cancelled,
                        localizedSyncString("The operation was cancelled."));

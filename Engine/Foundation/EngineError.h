@@ -81,6 +81,14 @@ Error damagedRecord(const QString &place);
 /// Returns an error of the code DamagedRecord for the file at `place`, whose name is not that of a
 /// record, in words for the user.
 Error foreignFile(const QString &place);
+/// Returns an error of the code BlobRefused for `name`, which no blob or folder of a sync store can
+/// have, in words for the user.
+Error invalidBlobName(const QString &name);
+/// Returns an error of the code StoreUnreachable for the folder at `place`, in words for the user.
+Error notSyncStore(const QString &place);
+/// Returns an error of the code StoreFull for the blob at `place`, which is larger than the server
+/// accepts, in words for the user.
+Error tooLargeForServer(const QString &place);
 /// Returns the error of an operation that was cancelled, of the code Cancelled, by which callers
 /// distinguish it from a failure.
 Error operationCancelled();

@@ -179,8 +179,10 @@ qint64 Transaction::cost(const QByteArray &record) {
 
 Expected<Transaction> Transaction::decoded(QByteArray record, const QString &name) {
     if (record.size() > SizeLimit || cost(record) > CostLimit) {
-        return failure(
-            engineError(EngineErrorCode::BlobRefused, "The record “%1” is too large.", name));
+        return failure(engineError(EngineErrorCode::BlobRefused,
+                                   "The record “%1” is too large and was not read. Move it to "
+                                   "another folder if it does not belong there.",
+                                   name));
     }
     const QJsonObject object = ExactText::objectIn(std::move(record));
     const QJsonValue version = object.value(VersionKey);

@@ -33,9 +33,11 @@ const QString UnfinishedPrefix = QStringLiteral(".velmora-recovery-");
 const QString RecoveryConnection = QStringLiteral("velmora-profile-recovery");
 
 tl::unexpected<Error> replacementFailure(const QString &directory, const QString &reason) {
-    return failure(engineError(
-        EngineErrorCode::BackupFailed,
-        localizedSyncString("The profile “%1” could not be replaced: %2").arg(directory, reason)));
+    return failure(
+        engineError(EngineErrorCode::BackupFailed,
+                    localizedSyncString("The profile “%1” could not be replaced: %2. Check its "
+                                        "disk and its permissions, then try again.")
+                        .arg(directory, reason)));
 }
 
 bool isFullDisk(const Error &cause) {

@@ -124,16 +124,22 @@ Expected<void> BlobStore::probe(const EngineFuture &future) {
 }
 
 Error BlobStore::missing(const QString &name) const {
-    return engineError(EngineErrorCode::BlobMissing, "“%1” does not exist.", place(name));
+    return engineError(
+        EngineErrorCode::BlobMissing,
+        "“%1” does not exist. Try again. If it is still missing, check the location.", place(name));
 }
 
 Error BlobStore::tooLong(const QString &name) const {
-    return engineError(EngineErrorCode::BlobRefused, "“%1” is too large and was not read.",
+    return engineError(EngineErrorCode::BlobRefused,
+                       "“%1” is too large and was not read. Move it to another folder if it does "
+                       "not belong there.",
                        place(name));
 }
 
 Error BlobStore::refused(const QString &name) const {
-    return engineError(EngineErrorCode::BlobRefused, "“%1” isn’t a valid item in a sync store.",
+    return engineError(EngineErrorCode::BlobRefused,
+                       "“%1” isn’t a valid item in a sync store. Move it to another folder if it "
+                       "does not belong there.",
                        place(name));
 }
 
@@ -149,8 +155,7 @@ Expected<void> BlobStore::checkRequest(const QString &name, const EngineFuture &
         return failure(operationCancelled());
     }
     if (!isName(name)) {
-        return failure(engineError(EngineErrorCode::BlobRefused,
-                                   "“%1” is not a valid name in a sync store.", name));
+        return failure(invalidBlobName(name));
     }
     return {};
 }

@@ -135,7 +135,7 @@ Expected<EngineStore::Fetched> EngineStore::fetchUnlessCancelled(const EngineFut
     }
     if (!m_isOpen) {
         return failure(engineError(EngineErrorCode::StoreUnreachable,
-                                   localizedSyncString("The sync store is not open.")));
+                                   localizedSyncString("The sync store is not open. Try again.")));
     }
     Expected<Fetched> fetched = fetch(future);
     if (future.isCancelled()) {

@@ -474,8 +474,8 @@
         <translation>أُلغيت العملية.</translation>
     </message>
     <message>
-        <source>The sync store is not open.</source>
-        <translation>مخزن المزامنة غير مفتوح.</translation>
+        <source>The sync store is not open. Try again.</source>
+        <translation>مخزن المزامنة غير مفتوح. أعد المحاولة.</translation>
     </message>
     <message>
         <source>This location has no address. Remove it and add it again.</source>
@@ -518,8 +518,8 @@
         <translation>تعذر إنشاء اتصال آمن بالخادم «⁨%1⁩» (⁨%2⁩). تحقق من منفذه ومن دعمه لـ HTTPS.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid name in a sync store.</source>
-        <translation>«⁨%1⁩» ليس اسمًا صالحًا في مخزن مزامنة.</translation>
+        <source>“%1” is not a valid name in a sync store. Install the newest version of Velmora on all your computers.</source>
+        <translation>«⁨%1⁩» ليس اسمًا صالحًا في مخزن مزامنة. ثبِّت أحدث إصدار من Velmora على جميع حواسيبك.</translation>
     </message>
     <message>
         <source>The server “%1” sent an unexpected response (HTTP %2). Try again later or ask its administrator.</source>
@@ -594,8 +594,8 @@
         <translation>لا يستطيع الخادم «⁨%1⁩» إثبات هويته. هل تثق بشهادته لهذا الموقع؟</translation>
     </message>
     <message>
-        <source>The server “%1” cannot prove its identity: %2</source>
-        <translation>لا يستطيع الخادم «⁨%1⁩» إثبات هويته: ⁨%2⁩</translation>
+        <source>The server “%1” cannot prove its identity: %2 Check the address, or ask the administrator of the server about its certificate.</source>
+        <translation>لا يستطيع الخادم «⁨%1⁩» إثبات هويته: ⁨%2⁩ تحقق من العنوان، أو اسأل مسؤول الخادم عن شهادته.</translation>
     </message>
     <message>
         <source>The server “%1” does not accept this user name and password. Edit the location to correct them.</source>
@@ -682,16 +682,16 @@
         <translation>«⁨%1⁩» مقفل على الخادم. أعد المحاولة لاحقًا.</translation>
     </message>
     <message>
-        <source>“%1” does not exist.</source>
-        <translation>«⁨%1⁩» غير موجود.</translation>
+        <source>“%1” does not exist. Try again. If it is still missing, check the location.</source>
+        <translation>«⁨%1⁩» غير موجود. أعد المحاولة. إذا ظل مفقودًا، فتحقق من الموقع.</translation>
     </message>
     <message>
-        <source>“%1” isn’t a valid item in a sync store.</source>
-        <translation>«⁨%1⁩» ليس عنصرًا صالحًا في مخزن مزامنة.</translation>
+        <source>“%1” isn’t a valid item in a sync store. Move it to another folder if it does not belong there.</source>
+        <translation>«⁨%1⁩» ليس عنصرًا صالحًا في مخزن مزامنة. انقله إلى مجلد آخر إن لم يكن هذا مكانه.</translation>
     </message>
     <message>
-        <source>“%1” is too large and was not read.</source>
-        <translation>حجم «⁨%1⁩» كبير جدًا، فلم يُقرأ.</translation>
+        <source>“%1” is too large and was not read. Move it to another folder if it does not belong there.</source>
+        <translation>حجم «⁨%1⁩» كبير جدًا، فلم يُقرأ. انقله إلى مجلد آخر إن لم يكن هذا مكانه.</translation>
     </message>
     <message>
         <source>The sync store “%1” could not be created. Check the permissions of the folder that contains it.</source>
@@ -1472,8 +1472,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>هل تريد منع «⁨%1⁩» من الاتصال؟</translation>
     </message>
     <message>
-        <source>The record “%1” is too large.</source>
-        <translation>حجم القيد «⁨%1⁩» كبير جدًا.</translation>
+        <source>The record “%1” is too large and was not read. Move it to another folder if it does not belong there.</source>
+        <translation>حجم القيد «⁨%1⁩» كبير جدًا، فلم يُقرأ. انقله إلى مجلد آخر إن لم يكن هذا مكانه.</translation>
     </message>
     <message>
         <source>The record “%1” was created by a newer version of Velmora. Update Velmora to read it.</source>
@@ -1668,8 +1668,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>ليس لملف التعريف «⁨%1⁩» نسخة احتياطية سليمة. استخدم ملف تعريف آخر، واجلب ملاحظاتك من المواقع التي زامنت معها.</translation>
     </message>
     <message>
-        <source>The profile “%1” could not be replaced: %2</source>
-        <translation>تعذر استبدال ملف التعريف «⁨%1⁩»: ⁨%2⁩</translation>
+        <source>The profile “%1” could not be replaced: %2. Check its disk and its permissions, then try again.</source>
+        <translation>تعذر استبدال ملف التعريف «⁨%1⁩»: ⁨%2⁩. تحقق من القرص والأذونات، ثم أعد المحاولة.</translation>
     </message>
     <message>
         <source>%1 Files of the damaged profile were moved to “%2” and could not be moved back. Check the disk, then try again.</source>

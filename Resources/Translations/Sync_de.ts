@@ -466,8 +466,8 @@
         <translation>Der Vorgang wurde abgebrochen.</translation>
     </message>
     <message>
-        <source>The sync store is not open.</source>
-        <translation>Der Sync-Speicher ist nicht geöffnet.</translation>
+        <source>The sync store is not open. Try again.</source>
+        <translation>Der Sync-Speicher ist nicht geöffnet. Versuchen Sie es erneut.</translation>
     </message>
     <message>
         <source>This location has no address. Remove it and add it again.</source>
@@ -510,8 +510,8 @@
         <translation>Zum Server „%1“ konnte keine sichere Verbindung hergestellt werden (%2). Prüfen Sie den Port und ob der Server HTTPS unterstützt.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid name in a sync store.</source>
-        <translation>„%1“ ist kein gültiger Name in einem Sync-Speicher.</translation>
+        <source>“%1” is not a valid name in a sync store. Install the newest version of Velmora on all your computers.</source>
+        <translation>„%1“ ist kein gültiger Name in einem Sync-Speicher. Installieren Sie auf allen Ihren Computern die neueste Version von Velmora.</translation>
     </message>
     <message>
         <source>The server “%1” sent an unexpected response (HTTP %2). Try again later or ask its administrator.</source>
@@ -586,8 +586,8 @@
         <translation>Der Server „%1“ kann sich nicht ausweisen. Möchten Sie seinem Zertifikat für diesen Ort vertrauen?</translation>
     </message>
     <message>
-        <source>The server “%1” cannot prove its identity: %2</source>
-        <translation>Der Server „%1“ kann sich nicht ausweisen: %2</translation>
+        <source>The server “%1” cannot prove its identity: %2 Check the address, or ask the administrator of the server about its certificate.</source>
+        <translation>Der Server „%1“ kann sich nicht ausweisen: %2 Prüfen Sie die Adresse, oder fragen Sie den Administrator des Servers nach dem Zertifikat.</translation>
     </message>
     <message>
         <source>The server “%1” does not accept this user name and password. Edit the location to correct them.</source>
@@ -674,16 +674,16 @@
         <translation>„%1“ ist auf dem Server gesperrt. Versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
-        <source>“%1” does not exist.</source>
-        <translation>„%1“ ist nicht vorhanden.</translation>
+        <source>“%1” does not exist. Try again. If it is still missing, check the location.</source>
+        <translation>„%1“ ist nicht vorhanden. Versuchen Sie es erneut. Fehlt es weiterhin, prüfen Sie den Ort.</translation>
     </message>
     <message>
-        <source>“%1” isn’t a valid item in a sync store.</source>
-        <translation>„%1“ ist kein gültiges Objekt in einem Sync-Speicher.</translation>
+        <source>“%1” isn’t a valid item in a sync store. Move it to another folder if it does not belong there.</source>
+        <translation>„%1“ ist kein gültiges Objekt in einem Sync-Speicher. Verschieben Sie es in einen anderen Ordner, wenn es nicht dorthin gehört.</translation>
     </message>
     <message>
-        <source>“%1” is too large and was not read.</source>
-        <translation>„%1“ ist zu groß und wurde nicht gelesen.</translation>
+        <source>“%1” is too large and was not read. Move it to another folder if it does not belong there.</source>
+        <translation>„%1“ ist zu groß und wurde nicht gelesen. Verschieben Sie es in einen anderen Ordner, wenn es nicht dorthin gehört.</translation>
     </message>
     <message>
         <source>The sync store “%1” could not be created. Check the permissions of the folder that contains it.</source>
@@ -1472,8 +1472,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>„%1“ das Verbinden nicht mehr erlauben?</translation>
     </message>
     <message>
-        <source>The record “%1” is too large.</source>
-        <translation>Der Datensatz „%1“ ist zu groß.</translation>
+        <source>The record “%1” is too large and was not read. Move it to another folder if it does not belong there.</source>
+        <translation>Der Datensatz „%1“ ist zu groß und wurde nicht gelesen. Verschieben Sie ihn in einen anderen Ordner, wenn er nicht dorthin gehört.</translation>
     </message>
     <message>
         <source>The record “%1” was created by a newer version of Velmora. Update Velmora to read it.</source>
@@ -1668,8 +1668,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Vom Profil „%1“ gibt es keine unbeschädigte Sicherungskopie. Verwenden Sie ein anderes Profil und holen Sie Ihre Notizen von den Orten, mit denen Sie synchronisiert haben.</translation>
     </message>
     <message>
-        <source>The profile “%1” could not be replaced: %2</source>
-        <translation>Das Profil „%1“ konnte nicht ersetzt werden: %2</translation>
+        <source>The profile “%1” could not be replaced: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Das Profil „%1“ konnte nicht ersetzt werden: %2. Prüfen Sie den Datenträger und die Zugriffsrechte, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>%1 Files of the damaged profile were moved to “%2” and could not be moved back. Check the disk, then try again.</source>

@@ -446,8 +446,8 @@
         <translation>La operación se ha cancelado.</translation>
     </message>
     <message>
-        <source>The sync store is not open.</source>
-        <translation>El almacén de sincronización no está abierto.</translation>
+        <source>The sync store is not open. Try again.</source>
+        <translation>El almacén de sincronización no está abierto. Vuelva a intentarlo.</translation>
     </message>
     <message>
         <source>This location has no address. Remove it and add it again.</source>
@@ -490,8 +490,8 @@
         <translation>No se pudo establecer una conexión segura con el servidor «%1» (%2). Compruebe su puerto y si admite HTTPS.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid name in a sync store.</source>
-        <translation>«%1» no es un nombre válido en un almacén de sincronización.</translation>
+        <source>“%1” is not a valid name in a sync store. Install the newest version of Velmora on all your computers.</source>
+        <translation>«%1» no es un nombre válido en un almacén de sincronización. Instale la versión más reciente de Velmora en todos sus equipos.</translation>
     </message>
     <message>
         <source>The server “%1” sent an unexpected response (HTTP %2). Try again later or ask its administrator.</source>
@@ -566,8 +566,8 @@
         <translation>El servidor «%1» no puede demostrar su identidad. ¿Desea confiar en su certificado para esta ubicación?</translation>
     </message>
     <message>
-        <source>The server “%1” cannot prove its identity: %2</source>
-        <translation>El servidor «%1» no puede demostrar su identidad: %2</translation>
+        <source>The server “%1” cannot prove its identity: %2 Check the address, or ask the administrator of the server about its certificate.</source>
+        <translation>El servidor «%1» no puede demostrar su identidad: %2 Compruebe la dirección o pregunte al administrador del servidor por su certificado.</translation>
     </message>
     <message>
         <source>The server “%1” does not accept this user name and password. Edit the location to correct them.</source>
@@ -654,16 +654,16 @@
         <translation>«%1» está bloqueado en el servidor. Vuelva a intentarlo más tarde.</translation>
     </message>
     <message>
-        <source>“%1” does not exist.</source>
-        <translation>«%1» no existe.</translation>
+        <source>“%1” does not exist. Try again. If it is still missing, check the location.</source>
+        <translation>«%1» no existe. Vuelva a intentarlo. Si sigue faltando, compruebe la ubicación.</translation>
     </message>
     <message>
-        <source>“%1” isn’t a valid item in a sync store.</source>
-        <translation>«%1» no es un elemento válido en un almacén de sincronización.</translation>
+        <source>“%1” isn’t a valid item in a sync store. Move it to another folder if it does not belong there.</source>
+        <translation>«%1» no es un elemento válido en un almacén de sincronización. Muévalo a otra carpeta si no debe estar ahí.</translation>
     </message>
     <message>
-        <source>“%1” is too large and was not read.</source>
-        <translation>«%1» es demasiado grande y no se ha leído.</translation>
+        <source>“%1” is too large and was not read. Move it to another folder if it does not belong there.</source>
+        <translation>«%1» es demasiado grande y no se ha leído. Muévalo a otra carpeta si no debe estar ahí.</translation>
     </message>
     <message>
         <source>The sync store “%1” could not be created. Check the permissions of the folder that contains it.</source>
@@ -1436,8 +1436,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>¿Desea impedir que «%1» se conecte?</translation>
     </message>
     <message>
-        <source>The record “%1” is too large.</source>
-        <translation>El registro «%1» es demasiado grande.</translation>
+        <source>The record “%1” is too large and was not read. Move it to another folder if it does not belong there.</source>
+        <translation>El registro «%1» es demasiado grande y no se ha leído. Muévalo a otra carpeta si no debe estar ahí.</translation>
     </message>
     <message>
         <source>The record “%1” was created by a newer version of Velmora. Update Velmora to read it.</source>
@@ -1632,8 +1632,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>El perfil «%1» no tiene ninguna copia de seguridad intacta. Use otro perfil y obtenga sus notas desde las ubicaciones con las que ha sincronizado.</translation>
     </message>
     <message>
-        <source>The profile “%1” could not be replaced: %2</source>
-        <translation>No se pudo reemplazar el perfil «%1»: %2</translation>
+        <source>The profile “%1” could not be replaced: %2. Check its disk and its permissions, then try again.</source>
+        <translation>No se pudo reemplazar el perfil «%1»: %2. Compruebe el disco y los permisos y vuelva a intentarlo.</translation>
     </message>
     <message>
         <source>%1 Files of the damaged profile were moved to “%2” and could not be moved back. Check the disk, then try again.</source>

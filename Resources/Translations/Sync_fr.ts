@@ -446,8 +446,8 @@
         <translation>L’opération a été annulée.</translation>
     </message>
     <message>
-        <source>The sync store is not open.</source>
-        <translation>Le dépôt de synchronisation n’est pas ouvert.</translation>
+        <source>The sync store is not open. Try again.</source>
+        <translation>Le dépôt de synchronisation n’est pas ouvert. Réessayez.</translation>
     </message>
     <message>
         <source>This location has no address. Remove it and add it again.</source>
@@ -490,8 +490,8 @@
         <translation>Aucune connexion sécurisée n’a pu être établie avec le serveur « %1 » (%2). Vérifiez son port et s’il prend en charge HTTPS.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid name in a sync store.</source>
-        <translation>« %1 » n’est pas un nom valide dans un dépôt de synchronisation.</translation>
+        <source>“%1” is not a valid name in a sync store. Install the newest version of Velmora on all your computers.</source>
+        <translation>« %1 » n’est pas un nom valide dans un dépôt de synchronisation. Installez la dernière version de Velmora sur tous vos ordinateurs.</translation>
     </message>
     <message>
         <source>The server “%1” sent an unexpected response (HTTP %2). Try again later or ask its administrator.</source>
@@ -566,8 +566,8 @@
         <translation>Le serveur « %1 » ne peut pas prouver son identité. Approuver son certificat pour cet emplacement ?</translation>
     </message>
     <message>
-        <source>The server “%1” cannot prove its identity: %2</source>
-        <translation>Le serveur « %1 » ne peut pas prouver son identité : %2</translation>
+        <source>The server “%1” cannot prove its identity: %2 Check the address, or ask the administrator of the server about its certificate.</source>
+        <translation>Le serveur « %1 » ne peut pas prouver son identité : %2 Vérifiez l’adresse ou renseignez-vous sur le certificat auprès de l’administrateur du serveur.</translation>
     </message>
     <message>
         <source>The server “%1” does not accept this user name and password. Edit the location to correct them.</source>
@@ -654,16 +654,16 @@
         <translation>« %1 » est verrouillé sur le serveur. Réessayez plus tard.</translation>
     </message>
     <message>
-        <source>“%1” does not exist.</source>
-        <translation>« %1 » n’existe pas.</translation>
+        <source>“%1” does not exist. Try again. If it is still missing, check the location.</source>
+        <translation>« %1 » n’existe pas. Réessayez. S’il manque toujours, vérifiez l’emplacement.</translation>
     </message>
     <message>
-        <source>“%1” isn’t a valid item in a sync store.</source>
-        <translation>« %1 » n’est pas un élément valide dans un dépôt de synchronisation.</translation>
+        <source>“%1” isn’t a valid item in a sync store. Move it to another folder if it does not belong there.</source>
+        <translation>« %1 » n’est pas un élément valide dans un dépôt de synchronisation. Déplacez-le dans un autre dossier s’il n’a rien à y faire.</translation>
     </message>
     <message>
-        <source>“%1” is too large and was not read.</source>
-        <translation>« %1 » est trop volumineux et n’a pas été lu.</translation>
+        <source>“%1” is too large and was not read. Move it to another folder if it does not belong there.</source>
+        <translation>« %1 » est trop volumineux et n’a pas été lu. Déplacez-le dans un autre dossier s’il n’a rien à y faire.</translation>
     </message>
     <message>
         <source>The sync store “%1” could not be created. Check the permissions of the folder that contains it.</source>
@@ -1436,8 +1436,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Empêcher « %1 » de se connecter ?</translation>
     </message>
     <message>
-        <source>The record “%1” is too large.</source>
-        <translation>L’enregistrement « %1 » est trop volumineux.</translation>
+        <source>The record “%1” is too large and was not read. Move it to another folder if it does not belong there.</source>
+        <translation>L’enregistrement « %1 » est trop volumineux et n’a pas été lu. Déplacez-le dans un autre dossier s’il n’a rien à y faire.</translation>
     </message>
     <message>
         <source>The record “%1” was created by a newer version of Velmora. Update Velmora to read it.</source>
@@ -1632,8 +1632,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Le profil « %1 » n’a aucune copie de sauvegarde intacte. Utilisez un autre profil et récupérez vos notes depuis les emplacements avec lesquels vous avez synchronisé.</translation>
     </message>
     <message>
-        <source>The profile “%1” could not be replaced: %2</source>
-        <translation>Le profil « %1 » n’a pas pu être remplacé : %2</translation>
+        <source>The profile “%1” could not be replaced: %2. Check its disk and its permissions, then try again.</source>
+        <translation>Le profil « %1 » n’a pas pu être remplacé : %2. Vérifiez le disque et les droits d’accès, puis réessayez.</translation>
     </message>
     <message>
         <source>%1 Files of the damaged profile were moved to “%2” and could not be moved back. Check the disk, then try again.</source>

@@ -464,8 +464,8 @@
         <translation>操作はキャンセルされました。</translation>
     </message>
     <message>
-        <source>The sync store is not open.</source>
-        <translation>同期ストアが開かれていません。</translation>
+        <source>The sync store is not open. Try again.</source>
+        <translation>同期ストアが開かれていません。もう一度お試しください。</translation>
     </message>
     <message>
         <source>This location has no address. Remove it and add it again.</source>
@@ -508,8 +508,8 @@
         <translation>サーバー「%1」との安全な接続を確立できませんでした（%2）。ポートと、サーバーがHTTPSに対応しているかどうかを確認してください。</translation>
     </message>
     <message>
-        <source>“%1” is not a valid name in a sync store.</source>
-        <translation>「%1」は同期ストアで有効な名前ではありません。</translation>
+        <source>“%1” is not a valid name in a sync store. Install the newest version of Velmora on all your computers.</source>
+        <translation>「%1」は同期ストアで有効な名前ではありません。すべてのコンピューターにVelmoraの最新バージョンをインストールしてください。</translation>
     </message>
     <message>
         <source>The server “%1” sent an unexpected response (HTTP %2). Try again later or ask its administrator.</source>
@@ -584,8 +584,8 @@
         <translation>サーバー「%1」は身元を証明できません。この同期先では、サーバーの証明書を信頼しますか？</translation>
     </message>
     <message>
-        <source>The server “%1” cannot prove its identity: %2</source>
-        <translation>サーバー「%1」は身元を証明できません: %2</translation>
+        <source>The server “%1” cannot prove its identity: %2 Check the address, or ask the administrator of the server about its certificate.</source>
+        <translation>サーバー「%1」は身元を証明できません: %2 アドレスを確認するか、証明書についてサーバーの管理者に問い合わせてください。</translation>
     </message>
     <message>
         <source>The server “%1” does not accept this user name and password. Edit the location to correct them.</source>
@@ -672,16 +672,16 @@
         <translation>「%1」はサーバーでロックされています。後でもう一度お試しください。</translation>
     </message>
     <message>
-        <source>“%1” does not exist.</source>
-        <translation>「%1」はありません。</translation>
+        <source>“%1” does not exist. Try again. If it is still missing, check the location.</source>
+        <translation>「%1」はありません。もう一度お試しください。まだない場合は、同期先を確認してください。</translation>
     </message>
     <message>
-        <source>“%1” isn’t a valid item in a sync store.</source>
-        <translation>「%1」は同期ストアで有効な項目ではありません。</translation>
+        <source>“%1” isn’t a valid item in a sync store. Move it to another folder if it does not belong there.</source>
+        <translation>「%1」は同期ストアで有効な項目ではありません。そこにあるべきでない場合は、別のフォルダーに移動してください。</translation>
     </message>
     <message>
-        <source>“%1” is too large and was not read.</source>
-        <translation>「%1」は大きすぎるため、読み取られませんでした。</translation>
+        <source>“%1” is too large and was not read. Move it to another folder if it does not belong there.</source>
+        <translation>「%1」は大きすぎるため、読み取られませんでした。そこにあるべきでない場合は、別のフォルダーに移動してください。</translation>
     </message>
     <message>
         <source>The sync store “%1” could not be created. Check the permissions of the folder that contains it.</source>
@@ -1452,8 +1452,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>「%1」が接続できないようにしますか？</translation>
     </message>
     <message>
-        <source>The record “%1” is too large.</source>
-        <translation>レコード「%1」が大きすぎます。</translation>
+        <source>The record “%1” is too large and was not read. Move it to another folder if it does not belong there.</source>
+        <translation>レコード「%1」が大きすぎるため、読み取られませんでした。そこにあるべきでない場合は、別のフォルダーに移動してください。</translation>
     </message>
     <message>
         <source>The record “%1” was created by a newer version of Velmora. Update Velmora to read it.</source>
@@ -1648,8 +1648,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>プロファイル「%1」には、破損していないバックアップがありません。別のプロファイルを使い、同期していた同期先からノートを取得してください。</translation>
     </message>
     <message>
-        <source>The profile “%1” could not be replaced: %2</source>
-        <translation>プロファイル「%1」を置き換えられませんでした: %2</translation>
+        <source>The profile “%1” could not be replaced: %2. Check its disk and its permissions, then try again.</source>
+        <translation>プロファイル「%1」を置き換えられませんでした: %2。ディスクとアクセス権を確認して、もう一度お試しください。</translation>
     </message>
     <message>
         <source>%1 Files of the damaged profile were moved to “%2” and could not be moved back. Check the disk, then try again.</source>

@@ -583,8 +583,8 @@
 <context>
     <name>PlugIns</name>
     <message>
-        <source>A part of Velmora cannot be loaded: %1</source>
-        <translation>تعذر تحميل جزء من Velmora: ⁨%1⁩</translation>
+        <source>A part of Velmora cannot be loaded: %1. Install Velmora again.</source>
+        <translation>تعذر تحميل جزء من Velmora: ⁨%1⁩. أعد تثبيت Velmora.</translation>
     </message>
 </context>
 <context>
@@ -770,15 +770,15 @@
 <context>
     <name>ProcessProtection</name>
     <message>
-        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory.</source>
-        <translation>قد تتمكن برامجك الأخرى من قراءة كلمات المرور في ذاكرة Velmora، لأن النظام لم يسمح له بحماية ذاكرته.</translation>
+        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory. Run no programs that you do not trust beside Velmora.</source>
+        <translation>قد تتمكن برامجك الأخرى من قراءة كلمات المرور في ذاكرة Velmora، لأن النظام لم يسمح له بحماية ذاكرته. لا تشغِّل إلى جانب Velmora برامج لا تثق بها.</translation>
     </message>
 </context>
 <context>
     <name>RunningInstance</name>
     <message>
-        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2).</source>
-        <translation>لن يجد التشغيل الثاني لـ Velmora هذه النوافذ: يتعذر استخدام ⁨%1⁩ (⁨%2⁩).</translation>
+        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2). Check the permissions and the space of its folder, then start Velmora again.</source>
+        <translation>لن يجد التشغيل الثاني لـ Velmora هذه النوافذ: يتعذر استخدام ⁨%1⁩ (⁨%2⁩). تحقق من أذونات مجلده ومساحته، ثم شغِّل Velmora من جديد.</translation>
     </message>
     <message>
         <source>Velmora has ended before the command was completed. Try again.</source>

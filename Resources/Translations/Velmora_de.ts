@@ -567,8 +567,8 @@
 <context>
     <name>PlugIns</name>
     <message>
-        <source>A part of Velmora cannot be loaded: %1</source>
-        <translation>Ein Teil von Velmora kann nicht geladen werden: %1</translation>
+        <source>A part of Velmora cannot be loaded: %1. Install Velmora again.</source>
+        <translation>Ein Teil von Velmora kann nicht geladen werden: %1. Installieren Sie Velmora erneut.</translation>
     </message>
 </context>
 <context>
@@ -746,15 +746,15 @@
 <context>
     <name>ProcessProtection</name>
     <message>
-        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory.</source>
-        <translation>Andere Ihrer Programme können möglicherweise Passwörter im Speicher von Velmora lesen, weil das System den Schutz des Speichers nicht zugelassen hat.</translation>
+        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory. Run no programs that you do not trust beside Velmora.</source>
+        <translation>Andere Ihrer Programme können möglicherweise Passwörter im Speicher von Velmora lesen, weil das System den Schutz des Speichers nicht zugelassen hat. Führen Sie neben Velmora keine Programme aus, denen Sie nicht vertrauen.</translation>
     </message>
 </context>
 <context>
     <name>RunningInstance</name>
     <message>
-        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2).</source>
-        <translation>Ein zweiter Start von Velmora findet diese Fenster nicht: %1 kann nicht verwendet werden (%2).</translation>
+        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2). Check the permissions and the space of its folder, then start Velmora again.</source>
+        <translation>Ein zweiter Start von Velmora findet diese Fenster nicht: %1 kann nicht verwendet werden (%2). Prüfen Sie die Zugriffsrechte und den freien Platz des Ordners, und starten Sie Velmora dann neu.</translation>
     </message>
     <message>
         <source>Velmora has ended before the command was completed. Try again.</source>

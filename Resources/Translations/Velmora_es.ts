@@ -567,8 +567,8 @@
 <context>
     <name>PlugIns</name>
     <message>
-        <source>A part of Velmora cannot be loaded: %1</source>
-        <translation>No se puede cargar una parte de Velmora: %1</translation>
+        <source>A part of Velmora cannot be loaded: %1. Install Velmora again.</source>
+        <translation>No se puede cargar una parte de Velmora: %1. Vuelva a instalar Velmora.</translation>
     </message>
 </context>
 <context>
@@ -746,15 +746,15 @@
 <context>
     <name>ProcessProtection</name>
     <message>
-        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory.</source>
-        <translation>Es posible que otros programas suyos puedan leer contraseñas en la memoria de Velmora, porque el sistema no le ha permitido protegerla.</translation>
+        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory. Run no programs that you do not trust beside Velmora.</source>
+        <translation>Es posible que otros programas suyos puedan leer contraseñas en la memoria de Velmora, porque el sistema no le ha permitido protegerla. No ejecute junto a Velmora programas en los que no confíe.</translation>
     </message>
 </context>
 <context>
     <name>RunningInstance</name>
     <message>
-        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2).</source>
-        <translation>Un segundo inicio de Velmora no encontrará estas ventanas: no se puede usar %1 (%2).</translation>
+        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2). Check the permissions and the space of its folder, then start Velmora again.</source>
+        <translation>Un segundo inicio de Velmora no encontrará estas ventanas: no se puede usar %1 (%2). Compruebe los permisos y el espacio de su carpeta y vuelva a iniciar Velmora.</translation>
     </message>
     <message>
         <source>Velmora has ended before the command was completed. Try again.</source>

@@ -567,8 +567,8 @@
 <context>
     <name>PlugIns</name>
     <message>
-        <source>A part of Velmora cannot be loaded: %1</source>
-        <translation>Une partie de Velmora ne peut pas être chargée : %1</translation>
+        <source>A part of Velmora cannot be loaded: %1. Install Velmora again.</source>
+        <translation>Une partie de Velmora ne peut pas être chargée : %1. Réinstallez Velmora.</translation>
     </message>
 </context>
 <context>
@@ -746,15 +746,15 @@
 <context>
     <name>ProcessProtection</name>
     <message>
-        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory.</source>
-        <translation>D’autres de vos programmes peuvent être en mesure de lire des mots de passe dans la mémoire de Velmora, car le système ne lui a pas permis de la protéger.</translation>
+        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory. Run no programs that you do not trust beside Velmora.</source>
+        <translation>D’autres de vos programmes peuvent être en mesure de lire des mots de passe dans la mémoire de Velmora, car le système ne lui a pas permis de la protéger. N’exécutez pas en même temps que Velmora des programmes auxquels vous ne faites pas confiance.</translation>
     </message>
 </context>
 <context>
     <name>RunningInstance</name>
     <message>
-        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2).</source>
-        <translation>Un second démarrage de Velmora ne trouvera pas ces fenêtres : %1 ne peut pas être utilisé (%2).</translation>
+        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2). Check the permissions and the space of its folder, then start Velmora again.</source>
+        <translation>Un second démarrage de Velmora ne trouvera pas ces fenêtres : %1 ne peut pas être utilisé (%2). Vérifiez les droits d’accès et l’espace libre de son dossier, puis redémarrez Velmora.</translation>
     </message>
     <message>
         <source>Velmora has ended before the command was completed. Try again.</source>

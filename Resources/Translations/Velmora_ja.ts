@@ -563,8 +563,8 @@
 <context>
     <name>PlugIns</name>
     <message>
-        <source>A part of Velmora cannot be loaded: %1</source>
-        <translation>Velmoraの一部を読み込めません: %1</translation>
+        <source>A part of Velmora cannot be loaded: %1. Install Velmora again.</source>
+        <translation>Velmoraの一部を読み込めません: %1。Velmoraをもう一度インストールしてください。</translation>
     </message>
 </context>
 <context>
@@ -740,15 +740,15 @@
 <context>
     <name>ProcessProtection</name>
     <message>
-        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory.</source>
-        <translation>システムがメモリーの保護を許可しなかったため、あなたのほかのプログラムがVelmoraのメモリーにあるパスワードを読み取れる可能性があります。</translation>
+        <source>Other programs of yours may be able to read passwords in the memory of Velmora, because the system did not let it protect its memory. Run no programs that you do not trust beside Velmora.</source>
+        <translation>システムがメモリーの保護を許可しなかったため、あなたのほかのプログラムがVelmoraのメモリーにあるパスワードを読み取れる可能性があります。信頼できないプログラムをVelmoraと同時に実行しないでください。</translation>
     </message>
 </context>
 <context>
     <name>RunningInstance</name>
     <message>
-        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2).</source>
-        <translation>Velmoraをもう一度起動しても、これらのウィンドウを見つけられません。%1を使用できません（%2）。</translation>
+        <source>A second start of Velmora will not find these windows: %1 cannot be used (%2). Check the permissions and the space of its folder, then start Velmora again.</source>
+        <translation>Velmoraをもう一度起動しても、これらのウィンドウを見つけられません。%1を使用できません（%2）。そのフォルダーのアクセス権と空き容量を確認してから、Velmoraをもう一度起動してください。</translation>
     </message>
     <message>
         <source>Velmora has ended before the command was completed. Try again.</source>

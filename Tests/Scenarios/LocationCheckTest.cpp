@@ -225,9 +225,10 @@ private Q_SLOTS:
         QVERIFY(QFile::link(QStringLiteral("nowhere"), folder));
         showPanel();
         checkToTheEnd();
-        QCOMPARE(
-            presented(),
-            QStringList{QStringLiteral("“%1” isn’t a valid item in a sync store.").arg(folder)});
+        QCOMPARE(presented(),
+                 QStringList{QStringLiteral("“%1” isn’t a valid item in a sync store. Move it to "
+                                            "another folder if it does not belong there.")
+                                 .arg(folder)});
         QCOMPARE(result(), QString());
     }
 

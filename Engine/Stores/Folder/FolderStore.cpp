@@ -282,9 +282,7 @@ Expected<void> FolderStore::open(const EngineFuture & /*future*/) {
         return failure(opened.error());
     }
     const QString path = URL().path();
-    const Error notPackage =
-        engineError(EngineErrorCode::StoreUnreachable,
-                    "“%1” is not a sync store. Edit the location and choose another one.", path);
+    const Error notPackage = notSyncStore(path);
     if (QFileInfo(path).suffix() != SyncStoreLayout::Extension) {
         return failure(notPackage);
     }

@@ -305,9 +305,12 @@ bool HttpConnection::judgeCertificate(const QList<QSslCertificate> &chain) {
         m_host = host;
         return true;
     }
-    m_error = engineError(EngineErrorCode::CertificateUntrusted,
-                          localizedSyncString("The server “%1” cannot prove its identity: %2")
-                              .arg(server(), reasons.join(u' ')));
+    m_error = engineError(
+        EngineErrorCode::CertificateUntrusted,
+        localizedSyncString(
+            "The server “%1” cannot prove its identity: %2 Check the address, or ask the "
+            "administrator of the server about its certificate.")
+            .arg(server(), reasons.join(u' ')));
     return false;
 }
 

@@ -124,10 +124,7 @@ QUrl WebDAVStore::folderURL(const QString &name) const {
 
 Expected<void> WebDAVStore::open(const EngineFuture &future) {
     if (!m_package.isValid() || !m_package.path().endsWith(u'.' + SyncStoreLayout::Extension)) {
-        return failure(
-            engineError(EngineErrorCode::StoreUnreachable,
-                        "“%1” is not a sync store. Edit the location and choose another one.",
-                        URL().stringWithoutPassword()));
+        return failure(notSyncStore(URL().stringWithoutPassword()));
     }
     const Expected<QStringList> names = namesInPackage(future);
     if (!names) {
@@ -138,9 +135,7 @@ Expected<void> WebDAVStore::open(const EngineFuture &future) {
     const auto &present = *names;
     if (!present.isEmpty() && !present.contains(needed.first()) &&
         !present.contains(needed.last())) {
-        return failure(engineError(
-            EngineErrorCode::StoreUnreachable,
-            "“%1” is not a sync store. Edit the location and choose another one.", place({})));
+        return failure(notSyncStore(place({})));
     }
     for (const QString &folder : needed) {
         Expected<void> made;
