@@ -2,10 +2,13 @@
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QHash>
+#include <QtCore/QMap>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStandardPaths>
 #include <cstdlib>
 
+#include "Application/ApplicationError.h"
+#include "Platform/Foundation/Expected.h"
 #include "Platform/Foundation/TerminalText.h"
 
 namespace {
@@ -93,6 +96,11 @@ std::optional<std::chrono::seconds> secondsIn(const QString &text) {
     return isNumber && seconds > 0 ? std::optional(std::chrono::seconds(seconds)) : std::nullopt;
 }
 
+Error misfit() {
+    return applicationError(
+        tr("These options and arguments do not fit together. See below for what is possible."));
+}
+
 /// The options and arguments that --help describes.
 struct CommandLine {
     CommandLine() {
@@ -106,10 +114,9 @@ struct CommandLine {
     }
 
     void describeCommands();
-    /// Reads the options into `options`. Returns whether each of them is valid.
-    bool read(LaunchOptions &options) const;
-    /// Returns whether the options fit together and all arguments are understood.
-    bool isConsistent(const LaunchOptions &options) const;
+    /// Returns the options, or an error for the user if one is not valid, or they do not fit
+    /// together, or an argument is not understood.
+    Expected<LaunchOptions> read() const;
     /// Returns the exit code if this is wrong. For the commands, 1 means that something failed.
     int exitCodeOfMistake() const {
         return parser.positionalArguments().isEmpty() ? EXIT_FAILURE
@@ -158,9 +165,19 @@ struct CommandLine {
         QStringLiteral("keep|remove")};
 
 private:
-    bool readCommand(LaunchOptions &options) const;
-    bool readSandboxed(LaunchOptions &options) const;
-    bool readBegin(LaunchOptions &options) const;
+    /// The command, which may be missing, and the time for it.
+    struct TimedCommand {
+        std::optional<ShellCommand> command;
+        std::chrono::seconds timeout{0};
+    };
+
+    Expected<TimedCommand> readCommand() const;
+    /// Returns the value of `option`, which the names must contain; nothing if it is not set.
+    template <class Value>
+    Expected<std::optional<Value>> readChoice(const QCommandLineOption &option,
+                                              const QMap<QString, Value> &values) const;
+    Error invalidValue(const QCommandLineOption &option) const;
+    bool isConsistent(const LaunchOptions &options) const;
 };
 
 void CommandLine::describeCommands() {
@@ -187,56 +204,80 @@ void CommandLine::describeCommands() {
         QStringLiteral("| check LOCATION"));
 }
 
-bool CommandLine::read(LaunchOptions &options) const {
-    options.profile = parser.isSet(profile)
-                          ? parser.value(profile)
-                          : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    options.screenshot = parser.value(screenshot);
-    options.describe = parser.isSet(describe);
-    options.verify = parser.positionalArguments() == QStringList{VerifyCommand};
-    options.repair = parser.isSet(repair);
-    options.json = parser.isSet(json);
-    options.appearance = parser.value(appearance);
-    const bool isAppearanceKnown =
-        QStringList({{}, QStringLiteral("light"), QStringLiteral("dark")})
-            .contains(options.appearance);
-    const bool isCommandValid = readCommand(options);
-    options.preferences = parser.isSet(preferences);
-    return readSandboxed(options) && readBegin(options) && isCommandValid && isAppearanceKnown &&
-           !options.profile.isEmpty();
+Expected<LaunchOptions> CommandLine::read() const {
+    const auto timed = readCommand();
+    const auto looks =
+        readChoice<QString>(appearance, {{QStringLiteral("light"), QStringLiteral("light")},
+                                         {QStringLiteral("dark"), QStringLiteral("dark")}});
+    const auto restricts =
+        readChoice<bool>(sandboxed, {{QStringLiteral("on"), true}, {QStringLiteral("off"), false}});
+    const auto contents =
+        readChoice<FirstContents>(begin, {{QStringLiteral("empty"), FirstContents::Inbox},
+                                          {QStringLiteral("examples"), FirstContents::Welcome}});
+    if (!timed || !looks || !restricts || !contents) {
+        return failure(!timed       ? timed.error()
+                       : !looks     ? looks.error()
+                       : !restricts ? restricts.error()
+                                    : contents.error());
+    }
+    const LaunchOptions options{
+        .profile = parser.isSet(profile)
+                       ? parser.value(profile)
+                       : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation),
+        .screenshot = parser.value(screenshot),
+        .describe = parser.isSet(describe),
+        .verify = parser.positionalArguments() == QStringList{VerifyCommand},
+        .repair = parser.isSet(repair),
+        .json = parser.isSet(json),
+        .command = timed->command,
+        .timeout = timed->timeout,
+        .begin = *contents,
+        .preferences = parser.isSet(preferences),
+        .appearance = looks->value_or(QString()),
+        .sandboxed = *restricts};
+    if (options.profile.isEmpty()) {
+        return failure(invalidValue(profile));
+    }
+    return isConsistent(options) ? Expected<LaunchOptions>(options) : failure(misfit());
 }
 
-bool CommandLine::readCommand(LaunchOptions &options) const {
-    options.command = commandIn(parser.positionalArguments(), options.json);
-    if (!options.command) {
-        return !parser.isSet(timeout) && !parser.isSet(removals);
+Expected<CommandLine::TimedCommand> CommandLine::readCommand() const {
+    TimedCommand timed{commandIn(parser.positionalArguments(), parser.isSet(json))};
+    if (!timed.command) {
+        const bool isOfCommand = parser.isSet(timeout) || parser.isSet(removals);
+        return isOfCommand ? failure(misfit()) : Expected<TimedCommand>(timed);
     }
     const auto seconds = parser.isSet(timeout) ? secondsIn(parser.value(timeout))
-                                               : defaultTimeout(options.command->name);
-    options.timeout = seconds.value_or(std::chrono::seconds(0));
+                                               : defaultTimeout(timed.command->name);
+    if (!seconds) {
+        return failure(invalidValue(timeout));
+    }
+    timed.timeout = *seconds;
     const auto decision = ShellCommand::removalsNamed(parser.value(removals));
-    const bool isSync = options.command->name == ShellCommand::Name::Synchronize;
+    const bool isSync = timed.command->name == ShellCommand::Name::Synchronize;
+    if (parser.isSet(removals) && !(isSync && decision)) {
+        return failure(isSync ? invalidValue(removals) : misfit());
+    }
     if (isSync) {
-        options.command->removals = decision.value_or(RemovalDecision::Later);
+        timed.command->removals = decision.value_or(RemovalDecision::Later);
     }
-    return seconds && (!parser.isSet(removals) || (isSync && decision));
+    return timed;
 }
 
-bool CommandLine::readSandboxed(LaunchOptions &options) const {
-    const QStringList switches{QStringLiteral("off"), QStringLiteral("on")};
-    if (const qsizetype state = switches.indexOf(parser.value(sandboxed)); state >= 0) {
-        options.sandboxed = state == 1;
+template <class Value>
+Expected<std::optional<Value>> CommandLine::readChoice(const QCommandLineOption &option,
+                                                       const QMap<QString, Value> &values) const {
+    const auto value = values.constFind(parser.value(option));
+    if (value == values.constEnd() && parser.isSet(option)) {
+        return failure(invalidValue(option));
     }
-    return !parser.isSet(sandboxed) || options.sandboxed;
+    return value == values.constEnd() ? std::nullopt : std::optional<Value>(*value);
 }
 
-bool CommandLine::readBegin(LaunchOptions &options) const {
-    if (parser.value(begin) == QLatin1StringView("empty")) {
-        options.begin = FirstContents::Inbox;
-    } else if (parser.value(begin) == QLatin1StringView("examples")) {
-        options.begin = FirstContents::Welcome;
-    }
-    return !parser.isSet(begin) || options.begin;
+Error CommandLine::invalidValue(const QCommandLineOption &option) const {
+    return applicationError(tr("The option --%1 cannot have the value “%2”. See below for what is "
+                               "possible.")
+                                .arg(option.names().constFirst(), parser.value(option)));
 }
 
 bool CommandLine::isConsistent(const LaunchOptions &options) const {
@@ -257,10 +298,11 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
         std::exit(commandLine.exitCodeOfMistake());
     }
     commandLine.parser.process(own.arguments);
-    LaunchOptions options;
-    options.hasNoDisplay = !own.selectsPlatform && !hasDisplay();
-    if (!commandLine.read(options) || !commandLine.isConsistent(options)) {
+    Expected<LaunchOptions> options = commandLine.read();
+    if (!options) {
+        TerminalText::printError(options.error().localizedDescription);
         commandLine.parser.showHelp(commandLine.exitCodeOfMistake());
     }
-    return options;
+    options->hasNoDisplay = !own.selectsPlatform && !hasDisplay();
+    return *options;
 }

@@ -95,14 +95,16 @@ VerificationReport::Part ProfileVerification::verifyProfile() const {
 }
 
 Expected<QStringList> ProfileVerification::profileProblems() const {
-    QStringList problems;
-    Expected<void> done = addIntegrityProblems(problems);
+    const Findings integrity = integrityProblems();
+    QStringList problems = integrity.problems;
+    Expected<void> done = integrity.completed;
+    const auto add = [&](const QStringList &found) { problems += found; };
     const auto databases = m_library.knownDatabases();
     for (const auto &database : databases) {
         auto &checked = static_cast<EngineDatabase &>(*database);
-        done = done.and_then([&] { return addDamagedNotes(checked, problems); })
-                   .and_then([&] { return addLostNotes(checked, problems); })
-                   .and_then([&] { return addDerivedProblems(checked, problems); });
+        done = done.and_then([&] { return damagedNotes(checked).map(add); })
+                   .and_then([&] { return lostNotes(checked).map(add); })
+                   .and_then([&] { return derivedProblems(checked).map(add); });
     }
     if (!done && problems.isEmpty()) {
         return failure(done.error());
@@ -113,7 +115,8 @@ Expected<QStringList> ProfileVerification::profileProblems() const {
     return problems;
 }
 
-Expected<void> ProfileVerification::addIntegrityProblems(QStringList &problems) const {
+ProfileVerification::Findings ProfileVerification::integrityProblems() const {
+    Findings found;
     bool isUnreadable = false;
     const auto check = [&](const char *pragma) {
         return m_profile.read(QLatin1StringView(pragma), {}, [&](const QSqlQuery &row) {
@@ -121,67 +124,71 @@ Expected<void> ProfileVerification::addIntegrityProblems(QStringList &problems) 
             if (ProfileInspection::isInputOutputError(text)) {
                 isUnreadable = true;
             } else if (text != QStringLiteral("ok")) {
-                problems.append(
+                found.problems.append(
                     localizedSyncString("The database of the profile is damaged (%1). Restore it "
                                         "from a backup.")
                         .arg(text));
             }
         });
     };
-    return check("PRAGMA integrity_check")
-        .and_then([&] { return check("PRAGMA foreign_key_check"); })
-        .and_then([&]() -> Expected<void> {
-            return isUnreadable ? failure(ProfileInspection::unreadable(m_profile.path()))
-                                : Expected<void>();
-        });
+    found.completed = check("PRAGMA integrity_check")
+                          .and_then([&] { return check("PRAGMA foreign_key_check"); })
+                          .and_then([&]() -> Expected<void> {
+                              return isUnreadable
+                                         ? failure(ProfileInspection::unreadable(m_profile.path()))
+                                         : Expected<void>();
+                          });
+    return found;
 }
 
-Expected<void> ProfileVerification::addDamagedNotes(EngineDatabase &database,
-                                                    QStringList &problems) const {
+Expected<QStringList> ProfileVerification::damagedNotes(EngineDatabase &database) const {
     return database.log().damagedOperations().map([&](const QList<NoteLog::Damage> &damaged) {
         database.addDamaged(damaged);
-        if (!damaged.isEmpty()) {
-            problems.append(
-                (m_mode == VerificationMode::Repair
-                     ? localizedSyncString("Damaged notes in the database “%1” that no location "
-                                           "could restore: %2. Check their texts, edit them and "
-                                           "synchronize, or restore a backup of the profile.")
-                     : localizedSyncString("Damaged notes in the database “%1”: %2. “velmora "
-                                           "verify --repair” reads them again from the locations. "
-                                           "If no location has them, check their texts and edit "
-                                           "them."))
-                    .arg(database.name(), NoteInspection::titles(damaged, database.name())));
+        if (damaged.isEmpty()) {
+            return QStringList();
         }
+        const QString text = m_mode == VerificationMode::Repair
+                                 ? localizedSyncString(
+                                       "Damaged notes in the database “%1” that no location "
+                                       "could restore: %2. Check their texts, edit them and "
+                                       "synchronize, or restore a backup of the profile.")
+                                 : localizedSyncString(
+                                       "Damaged notes in the database “%1”: %2. “velmora "
+                                       "verify --repair” reads them again from the locations. "
+                                       "If no location has them, check their texts and edit "
+                                       "them.");
+        return QStringList(
+            text.arg(database.name(), NoteInspection::titles(damaged, database.name())));
     });
 }
 
-Expected<void> ProfileVerification::addLostNotes(const EngineDatabase &database,
-                                                 QStringList &problems) const {
+Expected<QStringList> ProfileVerification::lostNotes(const EngineDatabase &database) const {
     return LostOperations::all(m_profile, database.log().database())
         .map([&](const QSet<OperationId> &lost) {
-            if (!lost.isEmpty()) {
-                problems.append(
-                    (m_mode == VerificationMode::Repair
-                         ? localizedSyncString("Changes of notes in the database “%1” that this "
-                                               "computer has lost and that no location could "
-                                               "restore: %2. Synchronize on the other computers, "
-                                               "then here, or restore a backup of the profile.")
-                         : localizedSyncString("Changes of notes in the database “%1” that this "
-                                               "computer has lost: %2. “velmora verify --repair” "
-                                               "reads them again from the locations. If no "
-                                               "location has them, synchronize on the other "
-                                               "computers, then here, or restore a backup of the "
-                                               "profile."))
-                        .arg(database.name())
-                        .arg(lost.size()));
+            if (lost.isEmpty()) {
+                return QStringList();
             }
+            const QString text = m_mode == VerificationMode::Repair
+                                     ? localizedSyncString(
+                                           "Changes of notes in the database “%1” that this "
+                                           "computer has lost and that no location could "
+                                           "restore: %2. Synchronize on the other computers, "
+                                           "then here, or restore a backup of the profile.")
+                                     : localizedSyncString(
+                                           "Changes of notes in the database “%1” that this "
+                                           "computer has lost: %2. “velmora verify --repair” "
+                                           "reads them again from the locations. If no "
+                                           "location has them, synchronize on the other "
+                                           "computers, then here, or restore a backup of the "
+                                           "profile.");
+            return QStringList(text.arg(database.name()).arg(lost.size()));
         });
 }
 
-Expected<void> ProfileVerification::addDerivedProblems(const EngineDatabase &database,
-                                                       QStringList &problems) const {
+Expected<QStringList> ProfileVerification::derivedProblems(const EngineDatabase &database) const {
     return DerivedTables::check(m_profile, database.log().database())
         .map([&](const DerivedTables::Faults &faults) {
+            QStringList problems;
             if (!faults.stores.isEmpty()) {
                 problems.append(
                     localizedSyncString("The list of unsent changes of the database “%1” is wrong. "
@@ -195,6 +202,7 @@ Expected<void> ProfileVerification::addDerivedProblems(const EngineDatabase &dat
                                         "wrong. “velmora verify --repair” counts them again.")
                         .arg(database.name()));
             }
+            return problems;
         });
 }
 

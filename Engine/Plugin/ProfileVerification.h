@@ -38,16 +38,23 @@ private:
     /// Whether a database was ever synchronized with a store.
     enum class History { Synchronized, NeverSynchronized };
 
-    /// Returns the problems of the profile itself.
+    /// What a check has found, also if it could not be completed.
+    struct Findings {
+        QStringList problems;
+        Expected<void> completed;
+    };
+
+    /// Returns the problems of the profile itself. Fails if a check cannot be completed and none
+    /// were found; otherwise that is one of the problems.
     Expected<QStringList> profileProblems() const;
-    /// Adds what SQLite finds. An error of the disk is an error, not damage.
-    Expected<void> addIntegrityProblems(QStringList &problems) const;
-    /// Adds the damaged notes of `database`, and remembers them in it.
-    Expected<void> addDamagedNotes(EngineDatabase &database, QStringList &problems) const;
-    /// Adds the changes of `database` that the profile knew and does not have any more.
-    Expected<void> addLostNotes(const EngineDatabase &database, QStringList &problems) const;
-    /// Adds what is wrong with what the profile has derived about `database`.
-    Expected<void> addDerivedProblems(const EngineDatabase &database, QStringList &problems) const;
+    /// Returns what SQLite finds. An error of the disk is an error, not damage.
+    Findings integrityProblems() const;
+    /// Returns the damaged notes of `database`, and remembers them in it.
+    Expected<QStringList> damagedNotes(EngineDatabase &database) const;
+    /// Returns the changes of `database` that the profile knew and does not have any more.
+    Expected<QStringList> lostNotes(const EngineDatabase &database) const;
+    /// Returns what is wrong with what the profile has derived about `database`.
+    Expected<QStringList> derivedProblems(const EngineDatabase &database) const;
     /// Derives again what is wrong, and returns what that was.
     Expected<QStringList> repairDerived() const;
     /// Returns how much the profile contains, for the user.

@@ -359,6 +359,14 @@
         <source>Open Sync Preferences, too.</source>
         <translation>فتح تفضيلات المزامنة أيضًا.</translation>
     </message>
+    <message>
+        <source>The option --%1 cannot have the value “%2”. See below for what is possible.</source>
+        <translation>لا يمكن أن تكون للخيار ⁨--%1⁩ القيمة «⁨%2⁩». انظر أدناه ما هو ممكن.</translation>
+    </message>
+    <message>
+        <source>These options and arguments do not fit together. See below for what is possible.</source>
+        <translation>لا يمكن الجمع بين هذه الخيارات والوسائط. انظر أدناه ما هو ممكن.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>

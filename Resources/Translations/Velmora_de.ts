@@ -347,6 +347,14 @@
         <source>Open Sync Preferences, too.</source>
         <translation>Auch die Sync-Einstellungen öffnen.</translation>
     </message>
+    <message>
+        <source>The option --%1 cannot have the value “%2”. See below for what is possible.</source>
+        <translation>Die Option --%1 kann nicht den Wert „%2“ haben. Was möglich ist, steht unten.</translation>
+    </message>
+    <message>
+        <source>These options and arguments do not fit together. See below for what is possible.</source>
+        <translation>Diese Optionen und Argumente passen nicht zusammen. Was möglich ist, steht unten.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>

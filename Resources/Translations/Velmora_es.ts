@@ -347,6 +347,14 @@
         <source>Open Sync Preferences, too.</source>
         <translation>Abrir también Preferencias de sincronización.</translation>
     </message>
+    <message>
+        <source>The option --%1 cannot have the value “%2”. See below for what is possible.</source>
+        <translation>La opción --%1 no puede tener el valor «%2». Más abajo se indica lo que es posible.</translation>
+    </message>
+    <message>
+        <source>These options and arguments do not fit together. See below for what is possible.</source>
+        <translation>Estas opciones y argumentos no se pueden combinar. Más abajo se indica lo que es posible.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>

@@ -347,6 +347,14 @@
         <source>Open Sync Preferences, too.</source>
         <translation>Ouvrir aussi les Préférences de synchronisation.</translation>
     </message>
+    <message>
+        <source>The option --%1 cannot have the value “%2”. See below for what is possible.</source>
+        <translation>L’option --%1 ne peut pas avoir la valeur « %2 ». Les possibilités sont indiquées ci-dessous.</translation>
+    </message>
+    <message>
+        <source>These options and arguments do not fit together. See below for what is possible.</source>
+        <translation>Ces options et ces arguments ne vont pas ensemble. Les possibilités sont indiquées ci-dessous.</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>

@@ -344,6 +344,14 @@
         <source>Open Sync Preferences, too.</source>
         <translation>同期設定も開きます。</translation>
     </message>
+    <message>
+        <source>The option --%1 cannot have the value “%2”. See below for what is possible.</source>
+        <translation>オプション --%1 に値「%2」は指定できません。指定できる内容は以下のとおりです。</translation>
+    </message>
+    <message>
+        <source>These options and arguments do not fit together. See below for what is possible.</source>
+        <translation>これらのオプションと引数は同時に指定できません。指定できる内容は以下のとおりです。</translation>
+    </message>
 </context>
 <context>
     <name>LogWindow</name>
