@@ -40,13 +40,25 @@ QString LogFile::pathInProfile(const QString &profile) {
 }
 
 Expected<QList<LogEntry>> LogFile::open(const QString &path) {
-    return openForAppending(path).map([](const QByteArray &contents) {
+    return openForAppending(path).map([&](const QByteArray &contents) {
         QList<LogEntry> entries;
-        const QList<QByteArray> lines = contents.split('\n');
-        for (const QByteArray &line : lines) {
+        QList<QByteArray> lines = contents.split('\n');
+        lines.removeIf([](const QByteArray &line) { return line.isEmpty(); });
+        if (m_size > contents.size() && !lines.isEmpty()) {
+            // Its beginning was not read.
+            lines.removeFirst();
+        }
+        for (const QByteArray &line : std::as_const(lines)) {
             if (const auto entry = LogEntry::fromJson(QJsonDocument::fromJson(line).object())) {
                 entries.append(*entry);
             }
+        }
+        if (const qsizetype damaged = lines.size() - entries.size(); damaged > 0) {
+            entries.append({.time = QDateTime::currentDateTime(),
+                            .text = logFileText("Lines of the log file “%1” that cannot be read "
+                                                "and are not shown: %2. Check its disk.")
+                                        .arg(path)
+                                        .arg(damaged)});
         }
         return entries;
     });

@@ -15,8 +15,9 @@ public:
     /// The maximum size in bytes.
     static constexpr qint64 Limit = 2LL << 20;
 
-    /// Opens or creates the file `path` and returns its entries, oldest first. Lines that are no
-    /// entries are ignored. Fails if the file is not a plain file of the user or cannot be read.
+    /// Opens or creates the file `path` and returns its entries, oldest first. If there are lines
+    /// that are no entries, a last entry, which is not in the file, says how many. Fails if the
+    /// file is not a plain file of the user or cannot be read.
     Expected<QList<LogEntry>> open(const QString &path);
     /// Appends an entry. Fails if the file is not open or the disk is full; the entry is then lost,
     /// and the next one can be appended all the same.

@@ -977,6 +977,10 @@
         <source>The log cannot be saved in the file “%1” (%2). Check its permissions and the space on its disk.</source>
         <translation>تعذر حفظ السجل في الملف «⁨%1⁩» (⁨%2⁩). تحقق من أذوناته ومن المساحة على القرص.</translation>
     </message>
+    <message>
+        <source>Lines of the log file “%1” that cannot be read and are not shown: %2. Check its disk.</source>
+        <translation>عدد أسطر ملف السجل «⁨%1⁩» التي تتعذر قراءتها ولا تُعرض: ⁨%2⁩. تحقق من قرصه.</translation>
+    </message>
 </context>
 <context>
     <name>ShellCommandLine</name>

@@ -941,6 +941,10 @@
         <source>The log cannot be saved in the file “%1” (%2). Check its permissions and the space on its disk.</source>
         <translation>Das Protokoll kann nicht in der Datei „%1“ gespeichert werden (%2). Prüfen Sie ihre Zugriffsrechte und den Platz auf dem Datenträger.</translation>
     </message>
+    <message>
+        <source>Lines of the log file “%1” that cannot be read and are not shown: %2. Check its disk.</source>
+        <translation>Zeilen der Protokolldatei „%1“, die nicht gelesen werden können und nicht angezeigt werden: %2. Prüfen Sie ihren Datenträger.</translation>
+    </message>
 </context>
 <context>
     <name>ShellCommandLine</name>

@@ -941,6 +941,10 @@
         <source>The log cannot be saved in the file “%1” (%2). Check its permissions and the space on its disk.</source>
         <translation>El registro de actividad no se puede guardar en el archivo «%1» (%2). Compruebe sus permisos y el espacio en su disco.</translation>
     </message>
+    <message>
+        <source>Lines of the log file “%1” that cannot be read and are not shown: %2. Check its disk.</source>
+        <translation>Líneas del archivo de registro «%1» que no se pueden leer y no se muestran: %2. Compruebe su disco.</translation>
+    </message>
 </context>
 <context>
     <name>ShellCommandLine</name>

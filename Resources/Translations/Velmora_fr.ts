@@ -941,6 +941,10 @@
         <source>The log cannot be saved in the file “%1” (%2). Check its permissions and the space on its disk.</source>
         <translation>Le journal ne peut pas être enregistré dans le fichier « %1 » (%2). Vérifiez ses droits d’accès et l’espace disponible sur son disque.</translation>
     </message>
+    <message>
+        <source>Lines of the log file “%1” that cannot be read and are not shown: %2. Check its disk.</source>
+        <translation>Lignes du fichier journal « %1 » qui ne peuvent pas être lues et ne sont pas affichées : %2. Vérifiez son disque.</translation>
+    </message>
 </context>
 <context>
     <name>ShellCommandLine</name>

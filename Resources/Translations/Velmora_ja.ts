@@ -932,6 +932,10 @@
         <source>The log cannot be saved in the file “%1” (%2). Check its permissions and the space on its disk.</source>
         <translation>ログをファイル「%1」に保存できません（%2）。ファイルのアクセス権とディスクの空き容量を確認してください。</translation>
     </message>
+    <message>
+        <source>Lines of the log file “%1” that cannot be read and are not shown: %2. Check its disk.</source>
+        <translation>ログファイル「%1」のうち、読み取れないため表示されない行の数: %2。ディスクを確認してください。</translation>
+    </message>
 </context>
 <context>
     <name>ShellCommandLine</name>

@@ -103,20 +103,26 @@ private Q_SLOTS:
                 (QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser));
     }
 
-    void damagedLinesAreIgnored() {
+    void damagedLinesAreCounted() {
         write(
-            "{\"time\":1,\"text\":\"first\"}\n\0\xff{}\n[1]\n{\"time\":\"x\",\"text\":1}\n"
-            "{\"time\":2,\"text\":\"torn");
+            QByteArrayLiteral("{\"time\":1,\"text\":\"first\"}\n\0\xff{}\n[1]\n"
+                              "{\"time\":\"x\",\"text\":1}\n{\"time\":2,\"text\":\"torn"));
+        const auto isCount = [](const QString &text) {
+            return text.startsWith(QStringLiteral("Lines of the log file")) &&
+                   text.contains(QStringLiteral(": 4. "));
+        };
         {
             EventLog log;
             QVERIFY(log.open(path()));
-            QCOMPARE(log.rowCount(), 1);
+            QCOMPARE(log.rowCount(), 2);
+            QVERIFY2(isCount(text(log, 1)), qPrintable(text(log, 1)));
             log.append({}, QStringLiteral("second"));
         }
         EventLog log;
         QVERIFY(log.open(path()));
-        QCOMPARE(log.rowCount(), 2);
+        QCOMPARE(log.rowCount(), 3);
         QCOMPARE(text(log, 1), QStringLiteral("second"));
+        QVERIFY2(isCount(text(log, 2)), qPrintable(text(log, 2)));
     }
 
     void aFileThatIsNoneOfTheUserIsRefused() {
