@@ -2,7 +2,6 @@
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QUuid>
-#include <cerrno>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/NoteLog.h"
@@ -12,6 +11,7 @@
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/FileManager.h"
+#include "Platform/Foundation/SystemError.h"
 #include "Platform/Foundation/Url.h"
 
 namespace {
@@ -96,8 +96,7 @@ Expected<void> makeFolder(const QString &path) {
     if (created || (folder.isDir() && !folder.isSymLink())) {
         return {};
     }
-    const bool isDiskFull = created.error().code == ENOSPC || created.error().code == EDQUOT;
-    return failure(isDiskFull
+    return failure(isDiskFull(created.error())
                        ? engineError(EngineErrorCode::ProfileUnusable, FullDisk::message(path))
                        : engineError(EngineErrorCode::ProfileUnusable,
                                      "The sync store “%1” could not be created. Check the "

@@ -121,7 +121,7 @@ Expected<void> ProfileDatabase::openFolder(const QString &directory, const Chang
             m_directory);
     }
     if (Expected<void> locked = m_lock.acquire(m_directory); !locked) {
-        const bool isBusy = locked.error().code == static_cast<int>(EngineErrorCode::ProfileInUse);
+        const bool isBusy = isEngineError(locked.error(), EngineErrorCode::ProfileInUse);
         // The file may say more precisely what is wrong with the folder.
         const bool canCheck = !isBusy && QFileInfo::exists(path());
         return canCheck ? ProfileInspection::check(path()).and_then([&] { return locked; })

@@ -40,14 +40,10 @@ tl::unexpected<Error> replacementFailure(const QString &directory, const QString
                         .arg(directory, reason)));
 }
 
-bool isFullDisk(const Error &cause) {
-    return cause.code == ENOSPC || cause.code == EDQUOT;
-}
-
 /// Returns the conversion of an error of the system.
 auto toReplacementFailure(const QString &directory) {
     return [directory](const Error &cause) {
-        return isFullDisk(cause)
+        return isDiskFull(cause)
                    ? engineError(EngineErrorCode::BackupFailed, FullDisk::message(directory))
                    : replacementFailure(directory, cause.localizedFailureReason).value();
     };
@@ -333,7 +329,7 @@ bool canBeRead(const QString &path) {
 /// Copies a file into the profile folder `directory`. Returns whether it can be read.
 Expected<bool> copyFile(const QString &from, const QString &to, const QString &directory) {
     const Expected<void> copied = DurableFile::copy(from, to);
-    if (!copied && (isFullDisk(copied.error()) || canBeRead(from))) {
+    if (!copied && (isDiskFull(copied.error()) || canBeRead(from))) {
         return failure(toReplacementFailure(directory)(copied.error()));
     }
     return copied.has_value();

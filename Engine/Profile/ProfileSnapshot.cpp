@@ -21,7 +21,7 @@ constexpr std::chrono::seconds CreationTimeout(10);
 const QString DatabaseFile = u'/' + ProfileDatabaseName;
 
 bool isInUse(const Error &error) {
-    return error.code == static_cast<int>(EngineErrorCode::ProfileInUse);
+    return isEngineError(error, EngineErrorCode::ProfileInUse);
 }
 
 /// Copies the profile if its first transaction is committed; returns whether it is.

@@ -1,5 +1,6 @@
 #include "Platform/Foundation/SystemError.h"
 
+#include <cerrno>
 #include <cstring>
 
 Error systemError(int number, const QString &description) {
@@ -7,4 +8,8 @@ Error systemError(int number, const QString &description) {
             .code = number,
             .localizedDescription = description,
             .localizedFailureReason = QString::fromLocal8Bit(std::strerror(number))};
+}
+
+bool isDiskFull(const Error &error) {
+    return error.domain == SystemErrorDomain && (error.code == ENOSPC || error.code == EDQUOT);
 }

@@ -11,3 +11,6 @@ inline const QString SystemErrorDomain = QStringLiteral("POSIXErrorDomain");
 /// Returns the error for the errno value `number`. `description` is its message: complete sentences
 /// in the user's language. The reason is the system's text for `number`. Thread-safe.
 PLATFORM_EXPORT Error systemError(int number, const QString &description);
+/// Returns whether `error` is of SystemErrorDomain and says that a disk is full or a quota is used
+/// up. Thread-safe.
+PLATFORM_EXPORT bool isDiskFull(const Error &error);
