@@ -18,7 +18,9 @@ public:
     /// Appends an entry to the application's log, which the user can open. `title` is its source,
     /// `info` says what happened.
     virtual void logItemCmd(const QString &title, const QString &info) = 0;
-    /// Shows an error of the pane or of the host to the user. Returns at once or when dismissed.
+    /// Shows an error of the pane or of the host to the user. Returns at once, or runs a nested
+    /// event loop until the user has dismissed the error. Callers must expect the latter: other
+    /// functions of the caller may be called meanwhile, and its objects be destroyed.
     virtual void presentError(const Error &error) = 0;
 };
 

@@ -7,6 +7,8 @@
 /// The promises about passwords and their servers.
 namespace CredentialPromises {
 
+/// Returns the promises in the order in which they are checked. Must be called on the main thread,
+/// on which the checks run, too.
 QList<HostPromise> all();
 
 }  // namespace CredentialPromises

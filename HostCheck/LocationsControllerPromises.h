@@ -7,6 +7,8 @@
 /// The promises about the list of locations.
 namespace LocationsControllerPromises {
 
+/// Returns the promises in the order in which they are checked. Must be called on the main thread,
+/// on which the checks run, too.
 QList<HostPromise> all();
 
 }  // namespace LocationsControllerPromises

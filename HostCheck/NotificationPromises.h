@@ -7,6 +7,8 @@
 /// The promises about the notifications that a host posts, and about their objects.
 namespace NotificationPromises {
 
+/// Returns the promises in the order in which they are checked. Must be called on the main thread,
+/// on which the checks run, too.
 QList<HostPromise> all();
 
 }  // namespace NotificationPromises

@@ -7,6 +7,8 @@
 /// The promises about the plug-in, the databases, the application and the grants.
 namespace PluginPromises {
 
+/// Returns the promises in the order in which they are checked. Must be called on the main thread,
+/// on which the checks run, too.
 QList<HostPromise> all();
 
 }  // namespace PluginPromises

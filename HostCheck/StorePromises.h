@@ -7,6 +7,8 @@
 /// The promises about stores and their handlers.
 namespace StorePromises {
 
+/// Returns the promises in the order in which they are checked. Must be called on the main thread,
+/// on which the checks run, too.
 QList<HostPromise> all();
 
 }  // namespace StorePromises

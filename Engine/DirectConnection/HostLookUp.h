@@ -14,7 +14,8 @@ namespace HostLookUp {
 /// A list of addresses. Not null.
 using Addresses = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
 
-/// The number of look-ups that may run at the same time, including abandoned ones.
+/// The number of look-ups that may run at the same time in the process, including abandoned ones:
+/// each has a thread.
 inline constexpr int MostLookUps = 64;
 
 /// Returns the addresses of `host`, a name or an address, for TCP connections to `port`. A name of
