@@ -7,6 +7,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
+#include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/PlainText.h"
 
 namespace {
@@ -37,6 +38,10 @@ void QuestionBox::addCode(const QString &code) {
     label->setFont(font);
     // The buttons are in the last row.
     auto *grid = qobject_cast<QGridLayout *>(layout());
+    if (!grid) {
+        failAssertion(QStringLiteral("The message box has another layout"), "QuestionBox::addCode",
+                      "Application/QuestionBox");
+    }
     QDialogButtonBox *const buttons = &buttonBox();
     const int row = grid->rowCount();
     grid->removeWidget(buttons);
