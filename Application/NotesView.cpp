@@ -648,10 +648,10 @@ void NotesView::discard() {
 void NotesView::removeKept(const Note &note) {
     const Expected<void> removed = m_unsavedTexts.remove(note.UUID);
     // Notify the user once, not after each pause.
-    if (!removed && !m_hasToldRemaining) {
+    if (!removed && !m_hasReportedRemaining) {
         NSApp()->presentError(removed.error());
     }
-    m_hasToldRemaining = !removed;
+    m_hasReportedRemaining = !removed;
 }
 
 void NotesView::addNote() {

@@ -170,7 +170,7 @@ private:
     /// Whether the user was notified of the current failure.
     bool m_hasReportedFailure = false;
     /// Whether the user was notified of a kept text that cannot be removed.
-    bool m_hasToldRemaining = false;
+    bool m_hasReportedRemaining = false;
     /// Saves when the user stops typing.
     QTimer m_pause;
     /// Keeps edits while the user types without a pause.

@@ -40,7 +40,7 @@ struct CleanUp : Handler<> {
     }
 };
 
-/// The enabled state of the inbox at a web server, which does not answer at first.
+/// The enabled state of the inbox at a web server, which does not respond at first.
 struct InboxAtServer {
     StoreServer server;
     InboxState inbox{newLocation(server.URL())};
@@ -126,7 +126,7 @@ void handlerWaitsForEveryJob() {
     Synchronization next({later.state});
     wait([&] { return next.wasCalled() || both.wasCalled(); }, grace);
     const bool hasWaited = !both.wasCalled();
-    added.server.answer();
+    added.server.respond();
     both.requireOneCall();
     next.requireOneCall();
     require(hasWaited, "the handler is called before all jobs have ended");
@@ -168,16 +168,16 @@ void jobsOfOneLocationWait() {
     InboxAtServer added;
     Synchronization first({added.inbox.state});
     added.requireWait(first);
-    added.server.answerOthers();
+    added.server.respondToOthers();
     CleanUp second(added.inbox.state);
     // It would be over before that of another location is, if the host has jobs at the same time.
     InboxAtServer other;
-    other.server.answerOthers();
+    other.server.respondToOthers();
     Synchronization third({other.inbox.state});
     constexpr std::chrono::milliseconds grace(500);
     wait([&] { return second.wasCalled() || third.wasCalled(); }, grace);
     const bool hasWaited = !second.wasCalled() || first.wasCalled();
-    added.server.answer();
+    added.server.respond();
     // The other promises begin when nothing runs.
     first.requireOneCall();
     second.requireOneCall();

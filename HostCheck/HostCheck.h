@@ -20,7 +20,7 @@ HOSTCHECK_EXPORT QList<HostPromise> promises();
 /// Returns what a finding says of `promise` without its result.
 HOSTCHECK_EXPORT HostFinding findingOf(const HostPromise &promise);
 
-/// Checks one promise. Runs the event loop until the host has answered, for half a minute at most:
+/// Checks one promise. Runs the event loop until the host has responded, for half a minute at most:
 /// a handler that was not called by then counts as one that is never called. An exception that the
 /// host raises breaks the promise. If a function of the host does not return, neither does this;
 /// velmora-check-host notices that. `host`, which is not owned and has begun, opens the databases

@@ -40,7 +40,7 @@ void PasswordServer::serve(QTcpSocket &client) {
             return;
         }
         client.disconnect(SIGNAL(readyRead()));
-        answer(*request);
+        respond(*request);
         client.write(
             "HTTP/1.1 401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"check\"\r\n"
             "Content-Length: 0\r\nConnection: close\r\n\r\n");
@@ -48,7 +48,7 @@ void PasswordServer::serve(QTcpSocket &client) {
     });
 }
 
-void PasswordServer::answer(const QByteArray &request) {
+void PasswordServer::respond(const QByteArray &request) {
     constexpr char field[] = "authorization: basic ";
     m_hasAsked = true;
     for (const QByteArray &line : request.split('\n')) {

@@ -7,15 +7,15 @@
 
 class QTcpSocket;
 
-/// A web server on this computer that accepts no password: it answers each request by asking for
-/// one (Basic, RFC 7617). It serves while the event loop runs. Must be used on the main thread.
+/// A web server on this computer that accepts no password: it responds to each request by asking
+/// for one (Basic, RFC 7617). It serves while the event loop runs. Must be used on the main thread.
 class PasswordServer {
 public:
     /// Listens on a free port. Throws Checking::Broken if there is none.
     PasswordServer();
 
-    /// Returns the address of a sync store at this server, for a user whom no other server knows: a
-    /// port may have been that of another server before.
+    /// Returns the address of a sync store at this server, with a user name that no other server
+    /// has: a port may have been that of another server before.
     Url URL() const;
     /// Returns whether a client was asked for a password.
     bool hasAsked() const { return m_hasAsked; }
@@ -24,7 +24,7 @@ public:
 
 private:
     void serve(QTcpSocket &client);
-    void answer(const QByteArray &request);
+    void respond(const QByteArray &request);
 
     const QString m_user;
     QTcpServer m_server;

@@ -170,7 +170,7 @@ void cancelledOperationFails() {
     }
 }
 
-/// A store that is being opened, which does not end before the server answers.
+/// A store that is being opened, which does not end before the server responds.
 class PendingStore {
 public:
     PendingStore() {
@@ -192,9 +192,10 @@ public:
         m_opened.requireOneCall();
         require(failed(m_opened), "a cancelled operation succeeds");
     }
-    /// Lets the server answer, and waits for the end. Throws NotOffered if the store is not opened.
+    /// Lets the server respond, and waits for the end. Throws NotOffered if the store is not
+    /// opened.
     void finish() {
-        m_server.answer();
+        m_server.respond();
         m_opened.requireOneCall();
         requireOffer(!failed(m_opened));
     }
@@ -214,13 +215,13 @@ void runningOperationIsCancelled() {
     pending.requireCancellation();
 }
 
-/// Starts an operation with an open store whose server does not answer any more, and cancels it.
+/// Starts an operation with an open store whose server does not respond any more, and cancels it.
 template <Start start>
 void cancelMidway() {
     StoreServer server;
     const auto store = newLocation(server.URL())->createStore();
     require(store != nullptr, "no store was made");
-    server.answer();
+    server.respond();
     Done opened;
     open(*store, opened);
     opened.requireCall();

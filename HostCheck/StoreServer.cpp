@@ -56,15 +56,15 @@ Url StoreServer::URL() const {
         QStringLiteral("http://127.0.0.1:%1%2").arg(m_server.serverPort()).arg(StorePath));
 }
 
-void StoreServer::answer() {
-    answerOthers();
+void StoreServer::respond() {
+    respondToOthers();
     for (const Request &request : std::exchange(m_held, {})) {
-        answer(request);
+        respondTo(request);
     }
 }
 
-void StoreServer::answer(const Request &request) {
-    request.client->write(answerTo(request));
+void StoreServer::respondTo(const Request &request) {
+    request.client->write(responseTo(request));
     request.client->disconnectFromHost();
 }
 
@@ -88,11 +88,11 @@ void StoreServer::take(QTcpSocket &client, const QByteArray &bytes) {
     if (m_isHolding) {
         m_held.append(request);
     } else {
-        answer(request);
+        respondTo(request);
     }
 }
 
-QByteArray StoreServer::answerTo(const Request &request) {
+QByteArray StoreServer::responseTo(const Request &request) {
     const QString path = QString::fromLatin1(request.path);
     const QStringList folders = foldersAt(path.endsWith(u'/') ? path.chopped(1) : path);
     if (folders.isEmpty()) {

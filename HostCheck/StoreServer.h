@@ -6,8 +6,8 @@
 
 class QTcpSocket;
 
-/// A web server on this computer with an empty sync store (WebDAV, RFC 4918). It answers no request
-/// before answer() is called, so that an operation with it runs until then or until it is
+/// A web server on this computer with an empty sync store (WebDAV, RFC 4918). It responds to no
+/// request before respond() is called, so that an operation with it runs until then or until it is
 /// cancelled. It serves while the event loop runs. Must be used on the main thread.
 class StoreServer {
 public:
@@ -16,13 +16,14 @@ public:
 
     /// Returns the address of the sync store.
     Url URL() const;
-    /// Returns whether a request waits for its answer.
+    /// Returns whether a request waits for its response.
     bool isAsked() const { return !m_held.isEmpty(); }
-    /// Answers the requests that wait and, until hold() is called, all others at once.
-    void answer();
-    /// Answers all further requests at once, until hold() is called. Those that wait go on waiting.
-    void answerOthers() { m_isHolding = false; }
-    /// Answers no request from now on.
+    /// Responds to the requests that wait and, until hold() is called, all others at once.
+    void respond();
+    /// Responds to all further requests at once, until hold() is called. Those that wait go on
+    /// waiting.
+    void respondToOthers() { m_isHolding = false; }
+    /// Responds to no request from now on.
     void hold() { m_isHolding = true; }
 
 private:
@@ -34,8 +35,8 @@ private:
 
     void serve(QTcpSocket &client);
     void take(QTcpSocket &client, const QByteArray &bytes);
-    static void answer(const Request &request);
-    static QByteArray answerTo(const Request &request);
+    static void respondTo(const Request &request);
+    static QByteArray responseTo(const Request &request);
 
     /// Requests whose clients have not gone.
     QList<Request> m_held;

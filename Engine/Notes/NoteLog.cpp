@@ -499,8 +499,8 @@ Expected<void> NoteLog::renew(const QList<Operation> &operations,
                               const QSet<OperationId> &superseded) const {
     for (const Operation &operation : operations) {
         Expected<void> renewed =
-            answerTo(operation, superseded).and_then([&](const Operation &answer) {
-                return replace({operation.id}, answer);
+            renewalOf(operation, superseded).and_then([&](const Operation &renewal) {
+                return replace({operation.id}, renewal);
             });
         if (!renewed) {
             return renewed;
@@ -509,17 +509,17 @@ Expected<void> NoteLog::renew(const QList<Operation> &operations,
     return {};
 }
 
-Expected<Operation> NoteLog::answerTo(const Operation &operation,
-                                      const QSet<OperationId> &superseded) const {
-    Operation answer = operation;
+Expected<Operation> NoteLog::renewalOf(const Operation &operation,
+                                       const QSet<OperationId> &superseded) const {
+    Operation renewal = operation;
     for (int i = 0; i < MostRenewals; ++i) {
-        answer = answer.renewed();
-        const Expected<bool> known = isSuperseded(answer.id);
+        renewal = renewal.renewed();
+        const Expected<bool> known = isSuperseded(renewal.id);
         if (!known) {
             return failure(known.error());
         }
-        if (!*known && !superseded.contains(answer.id)) {
-            return answer;
+        if (!*known && !superseded.contains(renewal.id)) {
+            return renewal;
         }
         // Another computer has brought the note back before, and it was removed again.
     }

@@ -210,7 +210,7 @@ private:
     Expected<bool> isUnsent(const OperationId &identifier) const;
     Expected<bool> isSuperseded(const OperationId &identifier) const;
     /// Returns the operation that replaces `operation`, see renew().
-    Expected<Operation> answerTo(const Operation &operation,
+    Expected<Operation> renewalOf(const Operation &operation,
                                  const QSet<OperationId> &superseded) const;
 
     Expected<Operation> writeEdit(const Note &note, const OperationId &seen) const;

@@ -55,7 +55,7 @@ void say(const QString &line) {
 
 /// The user of the other computer, whose questions the test reads line by line. Questions stay
 /// open, as dialogs do, until the test answers the last one.
-class OtherPerson : public TestApplication {
+class OtherUser : public TestApplication {
 public:
     Withdrawal ask(const Question &question, std::function<void(bool)> handler) override {
         say(QStringLiteral("question ") + question.text + u' ' + question.code);
@@ -93,7 +93,7 @@ int beTheOtherComputer(int argumentCount, char **arguments) {
     const QApplication application(argumentCount, arguments);
     const SecretService keyring;
     TestHost host;
-    OtherPerson person;
+    OtherUser user;
     host.addDatabase(QStringLiteral("Garden"));
     QVDirectConnectionServer *server = host.engine().plugin().server();
     server->startServing();
@@ -102,7 +102,7 @@ int beTheOtherComputer(int argumentCount, char **arguments) {
     QObject::connect(&input, &QSocketNotifier::activated, [&] {
         const QString command = nextCommand();
         if (command == QStringLiteral("allow")) {
-            person.allow();
+            user.allow();
         } else if (command == QStringLiteral("revoke")) {
             revokeEveryone();
         } else if (command == QStringLiteral("clients")) {
@@ -209,7 +209,7 @@ private Q_SLOTS:
 
     void aComputerFindsAnotherPairsWithItAndIsRefusedOnceRevoked() {
         TestHost host;
-        AskedUser person;
+        AskedUser user;
         QVDirectConnectionServer *own = host.engine().plugin().server();
         own->startServing();
         QVERIFY(own->isServing());
@@ -240,15 +240,15 @@ private Q_SLOTS:
         QCOMPARE(table->rowCount(), 1);
 
         // Accepted, which pairs the computers: both users see the same code.
-        person.answerAll([](const Question & /*question*/) { return true; });
+        user.answerAll([](const Question & /*question*/) { return true; });
         editor->window()->findChild<QPushButton *>(QStringLiteral("acceptButton"))->click();
         QCOMPARE(result, 1);
         const QString question = awaitLine(QStringLiteral("question"));
         QVERIFY2(question.contains(QSysInfo::machineHostName()), qPrintable(question));
         tell("allow");
-        QTRY_COMPARE(person.asked().size(), 1);
+        QTRY_COMPARE(user.asked().size(), 1);
         QVERIFY(!codeIn(question).isEmpty());
-        QCOMPARE(person.asked().first().code, codeIn(question));
+        QCOMPARE(user.asked().first().code, codeIn(question));
         // Until this computer, too, knows that it is paired, each store would ask both users again.
         const auto isPaired = [] {
             return Keychain::shared()
@@ -265,7 +265,7 @@ private Q_SLOTS:
         const std::shared_ptr<BlobStore> store = newStore(location);
         QCOMPARE(await(store), EngineErrorCode(0));
         QCOMPARE(fetch(store).names, databases);
-        QCOMPARE(person.asked().size(), 1);
+        QCOMPARE(user.asked().size(), 1);
 
         // Revoked: refused on the open connection and on a new one.
         tell("revoke");
