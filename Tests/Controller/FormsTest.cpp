@@ -1,4 +1,5 @@
 #include <QtCore/QMetaMethod>
+#include <QtCore/QXmlStreamReader>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
@@ -346,6 +347,27 @@ private:
     QStringList m_problems;
 };
 
+/// Returns the names in a .ui file for which it has no widget: of buddies and in the order of the
+/// Tab key. Only the generator of forms reads these, and leaves out what it does not find.
+QStringList namesWithoutWidget(QXmlStreamReader &xml) {
+    QStringList names;
+    QStringList widgets;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (!xml.isStartElement()) {
+            continue;
+        }
+        if (xml.name() == QLatin1StringView("widget")) {
+            widgets.append(xml.attributes().value(QLatin1StringView("name")).toString());
+        } else if (xml.name() == QLatin1StringView("cstring") ||
+                   xml.name() == QLatin1StringView("tabstop")) {
+            names.append(xml.readElementText());
+        }
+    }
+    names.removeIf([&](const QString &name) { return widgets.contains(name); });
+    return xml.hasError() ? QStringList(xml.errorString()) : names;
+}
+
 }  // namespace
 
 /// Forms name selectors, key paths, outlets, transformers and classes as text, which no compiler
@@ -396,6 +418,20 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QVERIFY(m_contracts.contains(name));
         QCOMPARE(problemsOf(name, [](QWidget *) {}), QStringList());
+        QFile file(QStringLiteral(VELMORA_SOURCE_DIR "/Resources/Interface/%1.ui").arg(name));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QXmlStreamReader xml(&file);
+        QCOMPARE(namesWithoutWidget(xml), QStringList());
+    }
+
+    void aBuddyThatIsMissingIsFound() {
+        QXmlStreamReader xml(
+            "<ui><widget class='QWidget' name='form'><widget class='QLabel' name='label'>"
+            "<property name='buddy'><cstring>nameFeild</cstring></property></widget>"
+            "<widget class='QLineEdit' name='nameField'/></widget>"
+            "<tabstops><tabstop>nameField</tabstop><tabstop>okButon</tabstop></tabstops></ui>");
+        QCOMPARE(namesWithoutWidget(xml),
+                 QStringList({QStringLiteral("nameFeild"), QStringLiteral("okButon")}));
     }
 
     void aMisspeltNameIsFound_data() {
@@ -463,6 +499,10 @@ private Q_SLOTS:
             text("dataSuorce"), "no delegate \"dataSuorce\"");
         add("form of a row", pane, "databasesView", "itemNib", text("QVDatabseItem"),
             "No form is named \"QVDatabseItem\"");
+        add("place in a row", row, "rowName", "rowPlace", text("leeding"),
+            "no place \"leeding\" in a row");
+        add("key of a shortcut", pane, "cleanItem", "shortcut",
+            QVariant::fromValue(QKeySequence(QStringLiteral("Dell"))), "no key of \"cleanItem\"");
         add("property", pane, "moreButton", "acton", text("owner.revealInFinder"),
             "no property \"acton\" in moreButton");
     }
