@@ -35,6 +35,17 @@ void drawOutline(const QStyleOption &option, QPainter *painter, bool isRound) {
     painter->restore();
 }
 
+/// Draws the frame of the current item of a list with the focus, selected or not.
+void drawCurrentItem(const QStyleOption &option, QPainter *painter) {
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    painter->save();
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(isSelected ? option.palette.color(QPalette::HighlightedText)
+                               : Contrast::focus(option.palette));
+    painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter->restore();
+}
+
 /// Returns whether `widget` is the button that shows what a bar has no room for.
 bool isExtension(const QWidget *widget) {
     return widget &&
@@ -45,6 +56,25 @@ bool isExtension(const QWidget *widget) {
 
 OutlineStyle::OutlineStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
 
+void OutlineStyle::polish(QWidget *widget) {
+    QProxyStyle::polish(widget);
+    if (qobject_cast<QAbstractScrollArea *>(widget)) {
+        widget->installEventFilter(this);
+    }
+}
+
+void OutlineStyle::unpolish(QWidget *widget) {
+    widget->removeEventFilter(this);
+    QProxyStyle::unpolish(widget);
+}
+
+bool OutlineStyle::eventFilter(QObject *object, QEvent *event) {
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        static_cast<QWidget *>(object)->update();
+    }
+    return QProxyStyle::eventFilter(object, event);
+}
+
 int OutlineStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                             QStyleHintReturn *returnData) const {
     return hint == SH_DialogButtonBox_ButtonsHaveIcons
@@ -54,6 +84,10 @@ int OutlineStyle::styleHint(StyleHint hint, const QStyleOption *option, const QW
 
 void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
                                  QPainter *painter, const QWidget *widget) const {
+    if (element == PE_FrameFocusRect && option->state.testFlag(State_Item)) {
+        drawCurrentItem(*option, painter);
+        return;
+    }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     switch (element) {
         case PE_IndicatorRadioButton:
@@ -66,10 +100,7 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *o
             break;
         case PE_Frame:
             if (qobject_cast<const QAbstractScrollArea *>(widget)) {
-                QStyleOption frame = *option;
-                // Qt does not repaint it when the focus changes.
-                frame.state &= ~State_HasFocus;
-                drawOutline(frame, painter, false);
+                drawOutline(*option, painter, false);
             }
             break;
         case PE_PanelButtonTool:

@@ -4,13 +4,18 @@
 
 /// Fusion with outlines of controls that are visible on every ground, also on a selected row; its
 /// own have too little contrast; so have lists, tables and texts. The outline of a control with the
-/// focus has the selection color. Check marks grow with the font. The arrow of a bar without enough
-/// room has the color of texts. Buttons have more room at both sides of their text.
+/// focus has the selection color, and the current item of a list with the focus has a frame. Check
+/// marks grow with the font. The arrow of a bar without enough room has the color of texts. Buttons
+/// have more room at both sides of their text.
 class OutlineStyle : public QProxyStyle {
     Q_OBJECT
 public:
     OutlineStyle();
 
+    using QProxyStyle::polish;
+    using QProxyStyle::unpolish;
+    void polish(QWidget *widget) override;
+    void unpolish(QWidget *widget) override;
     /// Standard buttons have no icons, as other buttons have none.
     int styleHint(StyleHint hint, const QStyleOption *option = nullptr,
                   const QWidget *widget = nullptr,
@@ -23,4 +28,8 @@ public:
                     const QWidget *widget = nullptr) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
                            const QWidget *widget = nullptr) const override;
+
+protected:
+    /// Repaints the frame of a scroll area when its focus changes, which Qt does not.
+    bool eventFilter(QObject *object, QEvent *event) override;
 };

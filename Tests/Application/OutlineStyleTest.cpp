@@ -1,8 +1,13 @@
 #include "Application/OutlineStyle.h"
 
+#include <QtGui/QScreen>
+#include <QtGui/QWindow>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QRadioButton>
+#include <QtWidgets/QTableWidget>
+#include <QtWidgets/QVBoxLayout>
 
+#include "Platform/Interface/Contrast.h"
 #include "Support/TestMain.h"
 
 /// What the style draws, in rendered pixels.
@@ -36,7 +41,78 @@ class OutlineStyleTest : public QObject {
         return last - first + 1;
     }
 
+    /// A window with two tables, the first of which has the focus at first.
+    struct TwoTables {
+        explicit TwoTables(OutlineStyle &style, int rows) {
+            auto *layout = new QVBoxLayout(&window);
+            for (QTableWidget *table : {&first, &second}) {
+                table->setStyle(&style);
+                table->setRowCount(rows);
+                table->setColumnCount(1);
+                table->setSelectionBehavior(QAbstractItemView::SelectRows);
+                for (int row = 0; row < rows; ++row) {
+                    table->setItem(row, 0, new QTableWidgetItem(QStringLiteral("i")));
+                }
+                layout->addWidget(table);
+            }
+            window.show();
+            window.activateWindow();
+            first.setFocus();
+        }
+
+        /// Returns what the screen shows, which needs that Qt repaints what has changed.
+        QImage shown() const { return window.screen()->grabWindow(window.winId()).toImage(); }
+        QColor frameOf(const QTableWidget &table) const {
+            return shown().pixelColor(table.x(), table.geometry().center().y());
+        }
+
+        QWidget window;
+        QTableWidget first;
+        QTableWidget second;
+    };
+
 private Q_SLOTS:
+    void aTableShowsTheFocusInItsFrame_data() {
+        QTest::addColumn<int>("rows");
+        QTest::newRow("empty") << 0;
+        QTest::newRow("with rows") << 3;
+    }
+    void aTableShowsTheFocusInItsFrame() {
+        QFETCH(const int, rows);
+        TwoTables tables(m_style, rows);
+        QVERIFY(QTest::qWaitForWindowActive(&tables.window));
+        const QColor focus = Contrast::focus(tables.window.palette());
+        QVERIFY(Contrast::ratio(focus, tables.window.palette().color(QPalette::Window)) >=
+                Contrast::OfOutline);
+        QTRY_COMPARE(tables.frameOf(tables.first), focus);
+        QVERIFY(tables.frameOf(tables.second) != focus);
+        tables.second.setFocus();
+        QTRY_COMPARE(tables.frameOf(tables.second), focus);
+        QTRY_VERIFY(tables.frameOf(tables.first) != focus);
+    }
+
+    void theCurrentItemIsSeen_data() {
+        QTest::addColumn<bool>("isSelected");
+        QTest::newRow("not selected") << false;
+        QTest::newRow("selected") << true;
+    }
+    void theCurrentItemIsSeen() {
+        QFETCH(const bool, isSelected);
+        TwoTables tables(m_style, 3);
+        QVERIFY(QTest::qWaitForWindowActive(&tables.window));
+        tables.first.setCurrentCell(
+            1, 0, isSelected ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::Clear);
+        const QRect item = tables.first.visualItemRect(tables.first.item(1, 0));
+        const QImage picture = tables.first.viewport()->grab(item).toImage();
+        const QColor ground = picture.pixelColor(1, 1);
+        double greatest = 1;
+        for (int x = 0; x < picture.width(); ++x) {
+            greatest = qMax(greatest, Contrast::ratio(picture.pixelColor(x, 0), ground));
+        }
+        // A frame, not only the letter.
+        QVERIFY2(greatest >= Contrast::OfOutline, qPrintable(QString::number(greatest)));
+    }
+
     void checkMarksGrowWithTheFont() {
         QVERIFY(heightOfMark<QCheckBox>(9) >= 13);
         QVERIFY(heightOfMark<QCheckBox>(18) >= 20);
