@@ -2,6 +2,7 @@
 
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPixmap>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QHeaderView>
 
 #include "Platform/Interface/Nib.h"
@@ -232,8 +233,24 @@ void TableView::mouseReleaseEvent(QMouseEvent *event) {
     }
 }
 
+QModelIndex TableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    // QTableView's keys go to the ends of the row without Ctrl.
+    const bool isEnd = action == MoveHome || action == MoveEnd;
+    return QTableWidget::moveCursor(action, isEnd ? modifiers | Qt::ControlModifier : modifiers);
+}
+
+void TableView::clickRemoveButton() const {
+    if (auto *button = window()->findChild<QAbstractButton *>(m_removeButton)) {
+        button->click();
+    }
+}
+
 // Makes the action available from the keyboard.
 void TableView::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Delete && !m_removeButton.isEmpty()) {
+        clickRemoveButton();
+        return;
+    }
     QTableWidget::keyPressEvent(event);
     if (event->key() == Qt::Key_Space && currentRow() >= 0) {
         m_clickedRow = currentRow();

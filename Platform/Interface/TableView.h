@@ -37,6 +37,9 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     /// Name of the value transformer that converts a row's object to its icon, a QPixmap. If empty,
     /// `rowIcon` is used. Must be set before the content.
     Q_PROPERTY(QString iconTransformer MEMBER m_iconTransformer)
+    /// The object name of the button in the same window that the key Delete clicks; empty if there
+    /// is none.
+    Q_PROPERTY(QString removeButton MEMBER m_removeButton)
     /// The selected rows. Rows out of range are ignored; setting an equal set has no effect. A
     /// change, also one by the user, calls the delegate and is announced.
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
@@ -90,10 +93,14 @@ protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void selectionChanged(const QItemSelection &selected,
                           const QItemSelection &deselected) override;
+    /// Moves between rows, also with Home and End.
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    /// Clicks the button `removeButton`, if it is enabled.
+    void clickRemoveButton() const;
     /// Reports an event of the item of a row.
     void announceRow(int row, QAccessible::Event event);
     /// Returns the height of a line of text with an icon and a check box.
@@ -116,6 +123,7 @@ private:
     QString m_checkKey;
     QString m_textTransformer;
     QString m_iconTransformer;
+    QString m_removeButton;
     TableViewDelegate *m_delegate = nullptr;
     int m_clickedRow = -1;
     /// The view of the cell that is being reloaded; null otherwise.

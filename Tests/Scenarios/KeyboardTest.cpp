@@ -4,6 +4,7 @@
 #include <QtWidgets/QRadioButton>
 
 #include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Platform/Interface/TableView.h"
 #include "Scenarios/Panel.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -97,6 +98,21 @@ private Q_SLOTS:
         QVERIFY(Panel::locationRow(0)->accessibleName() != removed);
         press(Qt::Key_Down);
         QCOMPARE(nameOfRow(Panel::pane().locationsView()), Panel::locationRow(0)->accessibleName());
+    }
+
+    void theFirstAndTheLastLocationToImportFromAreSelected() {
+        QVERIFY(tabTo("importButton"));
+        press(Qt::Key_Space);
+        QTRY_VERIFY(m_panel->sheet());
+        QTRY_COMPARE(QApplication::activeWindow(), m_panel->sheet());
+        QVERIFY(tabTo("locationsTable"));
+        const auto *table = m_panel->inSheet<TableView>("locationsTable");
+        press(Qt::Key_End);
+        QCOMPARE(table->selectedRow(), table->rowCount() - 1);
+        press(Qt::Key_Home);
+        QCOMPARE(table->selectedRow(), 0);
+        press(Qt::Key_Escape);
+        QTRY_VERIFY(!m_panel->sheet());
     }
 
     void theMenuOfARowOffersItsCommands() {

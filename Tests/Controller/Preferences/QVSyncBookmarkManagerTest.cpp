@@ -249,6 +249,13 @@ private Q_SLOTS:
         QVERIFY(!dataSource().canRemove());
     }
 
+    void theKeyDeleteRemovesTheSelectedRow() {
+        load({Work, Home});
+        table()->selectRow(1);
+        QTest::keyClick(table(), Qt::Key_Delete);
+        QCOMPARE(paths(), QStringList{Work});
+    }
+
     void removingWithoutSelectionRemovesNothing() {
         load({Work});
         m_manager->removeSelectedBookmarksObject(nullptr);

@@ -1,6 +1,7 @@
 #include "Platform/Interface/TableView.h"
 
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QStyledItemDelegate>
 
 #include "Platform/Interface/Nib.h"
@@ -256,6 +257,32 @@ private Q_SLOTS:
         QTest::keyClick(m_table.get(), Qt::Key_Space);
         QCOMPARE(actions.count(), 1);
         QCOMPARE(m_table->clickedRow(), 1);
+    }
+
+    void homeAndEndGoToTheFirstAndTheLastRow() {
+        m_table->setContent({1, 2, 3, 4});
+        m_table->setCurrentCell(1, 0);
+        const std::pair<Qt::Key, int> targets[] = {
+            {Qt::Key_End, 3}, {Qt::Key_Home, 0}, {Qt::Key_PageDown, 3}, {Qt::Key_PageUp, 0}};
+        for (const auto &[key, row] : targets) {
+            QTest::keyClick(m_table.get(), key);
+            QCOMPARE(m_table->selectionIndexes(), IndexSet{row});
+        }
+    }
+
+    void deleteClicksTheRemoveButton() {
+        m_table->setContent({1, 2});
+        QPushButton button(m_table.get());
+        button.setObjectName(QStringLiteral("revokeButton"));
+        QSignalSpy clicks(&button, &QPushButton::clicked);
+        QTest::keyClick(m_table.get(), Qt::Key_Delete);
+        QCOMPARE(clicks.count(), 0);
+        m_table->setProperty("removeButton", QStringLiteral("revokeButton"));
+        QTest::keyClick(m_table.get(), Qt::Key_Delete);
+        QCOMPARE(clicks.count(), 1);
+        button.setEnabled(false);
+        QTest::keyClick(m_table.get(), Qt::Key_Delete);
+        QCOMPARE(clicks.count(), 1);
     }
 
     void aDelegateMakesTheViews() {
