@@ -13,6 +13,7 @@
 #include "Host/QVLocationEditing.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Mnemonics.h"
+#include "Platform/Interface/NotificationLabel.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Platform/Interface/TextLabel.h"
@@ -64,7 +65,7 @@ void PreferencesWindow::showRemovals(
     m_removalBar = new QWidget;
     m_removalBar->hide();
     m_removalBar->setObjectName(QStringLiteral("removalBar"));
-    m_removalLabel = new TextLabel;
+    m_removalLabel = new NotificationLabel;
     m_removalLabel->setWordWrap(true);
     auto *button = new QPushButton(tr("&Undo"));
     connect(button, &QPushButton::clicked, this, &PreferencesWindow::undoRemoval);
@@ -104,6 +105,8 @@ void PreferencesWindow::undoRemoval() {
     if (pane) {
         showPane(std::move(*pane));
         select(database, location);
+        // The button that had the focus is hidden.
+        focusNextChild();
     } else {
         NSApp()->presentError(pane.error());
         close();

@@ -8,9 +8,9 @@
 #include "Platform/Foundation/Expected.h"
 
 class LocationRemovals;
+class NotificationLabel;
 class PreferencePane;
 class QVSyncLocation;
-class TextLabel;
 
 /// A window that shows a preference pane. It deletes itself when it is closed. Must be used on the
 /// main thread.
@@ -73,5 +73,5 @@ private:
     LocationRemovals *m_removals = nullptr;
     std::function<Expected<std::unique_ptr<PreferencePane>>()> m_makePane;
     QWidget *m_removalBar = nullptr;
-    TextLabel *m_removalLabel = nullptr;
+    NotificationLabel *m_removalLabel = nullptr;
 };

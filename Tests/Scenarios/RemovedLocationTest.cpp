@@ -133,6 +133,19 @@ private Q_SLOTS:
         QCOMPARE(schedule->hourAndMinute(), (HourAndMinute{9, 30}));
     }
 
+    void afterwardsAControlHasTheFocus() {
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window));
+        removeFirst();
+        QTRY_VERIFY(bar()->isVisible());
+        auto *button = bar()->findChild<QPushButton *>();
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_Space);
+        QVERIFY(!bar()->isVisible());
+        QTRY_VERIFY(m_window->focusWidget() && m_window->focusWidget()->isVisible());
+        QVERIFY(m_window->focusWidget()->hasFocus());
+    }
+
     void thePasswordIsKeptUntilTheRemovalCannotBeUndone() {
         const SecretService secrets;
         const auto countOfPasswords = [&] {
