@@ -3,3 +3,7 @@
 bool NSArrayController::isEmpty() const {
     return arrangedObjects().isEmpty();
 }
+
+bool NSArrayController::isNothingSelected() const {
+    return !isEmpty() && selectionIndexes().empty();
+}

@@ -31,9 +31,12 @@ bool DirectConnectionHost::isWrong() const {
 }
 
 QString DirectConnectionHost::problem() const {
-    return isWrong() ? localizedSyncString(
-                           "“%1” is not a valid host. Enter a name, such as "
-                           "“computer.local”, or an IP address.")
-                           .arg(m_text.trimmed())
-                     : QString();
+    if (isWrong()) {
+        return localizedSyncString(
+                   "“%1” is not a valid host. Enter a name, such as "
+                   "“computer.local”, or an IP address.")
+            .arg(m_text.trimmed());
+    }
+    return isAcceptable() ? QString()
+                          : localizedSyncString("Choose a computer, or enter its host.");
 }

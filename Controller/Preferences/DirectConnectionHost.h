@@ -14,10 +14,8 @@ class DirectConnectionHost : public QObject {
     Q_PROPERTY(QString host READ host WRITE setHost NOTIFY hostChanged)
     /// Whether the editor can accept the host that it has.
     Q_PROPERTY(bool editorAccepting READ isEditorAccepting WRITE setEditorAccepting)
-    /// What is wrong with the text, in words for the user; empty if nothing is.
+    /// Why the sheet cannot be accepted, in words for the user; empty if it can.
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
-    /// Whether there is a problem.
-    Q_PROPERTY(bool wrong READ isWrong NOTIFY changed)
     /// Whether the sheet can be accepted.
     Q_PROPERTY(bool acceptable READ isAcceptable NOTIFY changed)
 public:
@@ -34,7 +32,6 @@ public:
     void setEditorAccepting(bool isAccepting);
     /// These are computed at each call.
     QString problem() const;
-    bool isWrong() const;
     bool isAcceptable() const { return m_isEditorAccepting && !isWrong(); }
 
 Q_SIGNALS:
@@ -45,6 +42,9 @@ Q_SIGNALS:
     void changed();
 
 private:
+    /// Returns whether there is a text that is no host.
+    bool isWrong() const;
+
     QString m_text;
     QString m_host;
     bool m_isEditorAccepting = false;

@@ -101,13 +101,20 @@ void QVWebDAVLocationEditor::validate(QObject * /*sender*/) {
     Q_EMIT addressChanged();
 }
 
-QString QVWebDAVLocationEditor::addressStatus() const {
+QVWebDAVLocationEditor::Fields QVWebDAVLocationEditor::trimmedFields() const {
     Fields entered = fields();
-    // As they are when the user leaves the fields.
     for (QString *text : {&entered.server, &entered.port, &entered.path, &entered.store}) {
         *text = text->trimmed();
     }
-    return WebDAVAddress::status(entered);
+    return entered;
+}
+
+QString QVWebDAVLocationEditor::addressStatus() const {
+    return WebDAVAddress::status(trimmedFields());
+}
+
+bool QVWebDAVLocationEditor::isAddressValid() const {
+    return WebDAVAddress::problem(trimmedFields()).isEmpty();
 }
 
 bool QVWebDAVLocationEditor::isCompleteAddress() const {

@@ -28,6 +28,8 @@ class QVWebDAVLocationEditor : public QVSyncLocationEditor {
                    credentialChanged)
     /// The address that the location gets from the fields, or what is wrong with them.
     Q_PROPERTY(QString addressStatus READ addressStatus NOTIFY addressChanged)
+    /// Whether `addressStatus` is an address, not what is wrong with it.
+    Q_PROPERTY(bool addressValid READ isAddressValid NOTIFY addressChanged)
     /// Whether the server field contains a complete address, such as "https://host:8443/folder".
     Q_PROPERTY(bool completeAddress READ isCompleteAddress NOTIFY addressChanged)
     /// Outlets. Null until the window is loaded; owned by the window.
@@ -78,6 +80,7 @@ public:
 
     /// These two need the outlets.
     QString addressStatus() const;
+    bool isAddressValid() const;
     bool isCompleteAddress() const;
 
     /// Returns whether the field is not empty. `field` must not be null.
@@ -125,6 +128,8 @@ private:
 
     /// Returns what the sheet shows.
     Fields fields() const;
+    /// Returns that as it is when the user leaves the fields.
+    Fields trimmedFields() const;
     void readCredential();
     void didReadCredential(const Expected<std::optional<UrlCredential>> &credential);
     void showCredential();

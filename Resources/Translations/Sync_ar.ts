@@ -1853,6 +1853,22 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>On another computer</source>
         <translation>على حاسوب آخر</translation>
     </message>
+    <message>
+        <source>Choose a computer, or enter its host.</source>
+        <translation>اختر حاسوبًا أو أدخل مضيفه.</translation>
+    </message>
+    <message>
+        <source>Select a location to continue.</source>
+        <translation>حدّد موقعًا للمتابعة.</translation>
+    </message>
+    <message>
+        <source>Select the databases to import.</source>
+        <translation>حدّد قواعد البيانات المراد استيرادها.</translation>
+    </message>
+    <message>
+        <source>Create a sync store or choose one.</source>
+        <translation>أنشئ مخزن مزامنة أو اختر واحدًا.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

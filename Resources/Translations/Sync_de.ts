@@ -1829,6 +1829,22 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>On another computer</source>
         <translation>Auf einem anderen Computer</translation>
     </message>
+    <message>
+        <source>Choose a computer, or enter its host.</source>
+        <translation>Wählen Sie einen Computer aus, oder geben Sie seine Adresse ein.</translation>
+    </message>
+    <message>
+        <source>Select a location to continue.</source>
+        <translation>Wählen Sie einen Ort aus, um fortzufahren.</translation>
+    </message>
+    <message>
+        <source>Select the databases to import.</source>
+        <translation>Wählen Sie die Datenbanken aus, die Sie importieren möchten.</translation>
+    </message>
+    <message>
+        <source>Create a sync store or choose one.</source>
+        <translation>Legen Sie einen Sync-Speicher an, oder wählen Sie einen aus.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1829,6 +1829,22 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <source>On another computer</source>
         <translation>En otro equipo</translation>
     </message>
+    <message>
+        <source>Choose a computer, or enter its host.</source>
+        <translation>Elija un equipo o introduzca su host.</translation>
+    </message>
+    <message>
+        <source>Select a location to continue.</source>
+        <translation>Seleccione una ubicación para continuar.</translation>
+    </message>
+    <message>
+        <source>Select the databases to import.</source>
+        <translation>Seleccione las bases de datos que se importarán.</translation>
+    </message>
+    <message>
+        <source>Create a sync store or choose one.</source>
+        <translation>Cree un almacén de sincronización o elija uno.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1829,6 +1829,22 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <source>On another computer</source>
         <translation>Sur un autre ordinateur</translation>
     </message>
+    <message>
+        <source>Choose a computer, or enter its host.</source>
+        <translation>Choisissez un ordinateur ou saisissez son hôte.</translation>
+    </message>
+    <message>
+        <source>Select a location to continue.</source>
+        <translation>Sélectionnez un emplacement pour continuer.</translation>
+    </message>
+    <message>
+        <source>Select the databases to import.</source>
+        <translation>Sélectionnez les bases de données à importer.</translation>
+    </message>
+    <message>
+        <source>Create a sync store or choose one.</source>
+        <translation>Créez un dépôt de synchronisation ou choisissez-en un.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

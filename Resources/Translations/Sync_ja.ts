@@ -1823,6 +1823,22 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>On another computer</source>
         <translation>ほかのコンピューター</translation>
     </message>
+    <message>
+        <source>Choose a computer, or enter its host.</source>
+        <translation>コンピューターを選択するか、ホストを入力してください。</translation>
+    </message>
+    <message>
+        <source>Select a location to continue.</source>
+        <translation>続けるには同期先を選択してください。</translation>
+    </message>
+    <message>
+        <source>Select the databases to import.</source>
+        <translation>インポートするデータベースを選択してください。</translation>
+    </message>
+    <message>
+        <source>Create a sync store or choose one.</source>
+        <translation>同期ストアを作成するか、選択してください。</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -34,6 +34,21 @@ private Q_SLOTS:
         QCOMPARE(announced.count(), 0);
     }
 
+    void aMissingSelectionIsAnnouncedWithTheContentAndTheSelection() {
+        NSArrayController controller;
+        QWidget hint;
+        KeyValue::bind(&hint, "enabled", &controller, "nothingSelected");
+        QVERIFY(!hint.isEnabled());
+        controller.setContent({1, 2});
+        QVERIFY(hint.isEnabled());
+        controller.setSelectionIndexes({1});
+        QVERIFY(!hint.isEnabled());
+        controller.setSelectionIndexes({});
+        QVERIFY(hint.isEnabled());
+        controller.setContent({});
+        QVERIFY(!hint.isEnabled());
+    }
+
     void aBindingToEmptinessFollowsTheContent() {
         NSArrayController controller;
         QWidget note;

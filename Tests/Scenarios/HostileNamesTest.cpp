@@ -108,8 +108,8 @@ private Q_SLOTS:
         controller->setRemoteError(Error{.localizedDescription = ShownName::Hostile,
                                          .localizedFailureReason = ShownName::Hostile});
         const ShownName shown(ShownName::Hostile);
-        for (const char *place :
-             {"TableView locationsTable", "TableView databasesTable", "QLabel errorLabel"}) {
+        for (const char *place : {"TableView locationsTable", "TableView databasesTable",
+                                  "NotificationLabel errorLabel"}) {
             QVERIFY2(shown.places().contains(QLatin1StringView(place)), place);
         }
         QCOMPARE(shown.misreadPlaces(), QStringList());

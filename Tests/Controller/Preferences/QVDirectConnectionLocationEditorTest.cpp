@@ -369,10 +369,16 @@ private Q_SLOTS:
 
     void acceptingNeedsAHost() {
         run();
-        QVERIFY(!part<QPushButton>("acceptButton")->isEnabled());
+        const auto *accept = part<QPushButton>("acceptButton");
+        QVERIFY(!accept->isEnabled());
+        const auto *problem = part<QLabel>("problemLabel");
+        QVERIFY(problem->isVisible());
+        QCOMPARE(problem->text(), QStringLiteral("Choose a computer, or enter its host."));
+        QCOMPARE(accept->accessibleDescription(), problem->text());
         QVERIFY(!part<QSpinBox>("portField")->isEnabled());
         type(part<TextField>("hostField"), QStringLiteral("studio"));
         QVERIFY(part<QPushButton>("acceptButton")->isEnabled());
+        QVERIFY(!problem->isVisible());
         QVERIFY(part<QSpinBox>("portField")->isEnabled());
         type(part<TextField>("hostField"), QStringLiteral(" "));
         QVERIFY(part<QPushButton>("acceptButton")->isEnabled());
