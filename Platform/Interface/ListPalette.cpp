@@ -2,7 +2,11 @@
 
 #include <QtGui/QGuiApplication>
 
+#include "Platform/Interface/Contrast.h"
+
 namespace {
+
+constexpr float BarOpacity = 0.6F;
 
 QPalette paletteOnGround(const QPalette &application) {
     QPalette palette = application;
@@ -33,7 +37,14 @@ QPalette ListPalette::selected() {
     const QColor text =
         QGuiApplication::palette().color(QPalette::Active, QPalette::HighlightedText);
     palette.setColor(QPalette::WindowText, text);
-    palette.setColor(QPalette::Window, alternateSelectedControlColor());
+    const QColor ground = alternateSelectedControlColor();
+    palette.setColor(QPalette::Window, ground);
+    // Busy bars are painted in it.
+    QColor bar = text;
+    bar.setAlphaF(BarOpacity);
+    palette.setColor(
+        QPalette::Highlight,
+        Contrast::blended(Contrast::legible(bar, ground, Contrast::OfOutline), ground));
     return palette;
 }
 

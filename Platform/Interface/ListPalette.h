@@ -12,7 +12,8 @@ namespace ListPalette {
 /// Returns the application's palette with the colors of list grounds as those of windows. Returns
 /// copies of the same palette until the application's changes, so Qt can compare them in O(1).
 PLATFORM_EXPORT QPalette normal();
-/// Returns the selection's text color on the selection color. Buttons keep their faces.
+/// Returns the selection's text color on the selection color. Busy bars get a color between these
+/// two, and buttons keep their faces.
 PLATFORM_EXPORT QPalette selected();
 /// Returns the color behind rows that are not selected.
 PLATFORM_EXPORT QColor groundColor();

@@ -93,6 +93,8 @@ private Q_SLOTS:
         QTest::newRow("failed synchronization")
             << EveryWindow::MakeWindow(EveryWindow::failedSynchronization) << QString()
             << QLocale(QLocale::English);
+        QTest::newRow("busy location") << EveryWindow::MakeWindow(EveryWindow::busyLocation)
+                                       << QString() << QLocale(QLocale::English);
     }
     void everyTextAndOutlineCanBeSeen() {
         QFETCH(const EveryWindow::MakeWindow, makeWindow);

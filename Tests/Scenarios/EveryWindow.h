@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QtNetwork/QTcpServer>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QProgressBar>
 #include <memory>
 
 #include "Application/ConflictBar.h"
@@ -142,6 +144,26 @@ inline std::unique_ptr<QWidget> failedSynchronization(TestHost &host, EventLog &
     window->show();
     Panel::select(Panel::databaseRow(projects->name()));
     return window;
+}
+
+/// A location whose server accepts connections and never responds, in a selected row.
+inline std::unique_ptr<QWidget> busyLocation(TestHost &host, EventLog & /*log*/) {
+    auto server = std::make_unique<QTcpServer>();
+    server->listen(QHostAddress::LocalHost);
+    const auto location = host.addLocation(
+        QStringLiteral("http://127.0.0.1:%1/Shared.qvSyncStore").arg(server->serverPort()));
+    const auto state = host.addState(location, host.addDatabase(QStringLiteral("Projects")));
+    state->setEnabled(true);
+    auto window = std::make_unique<PreferencesWindow>(std::make_unique<QVSyncPreferences>());
+    server.release()->setParent(window.get());
+    window->show();
+    Panel::select(Panel::databaseRow(QStringLiteral("Projects")));
+    host.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates({state});
+    QWidget *row = Panel::locationRow(static_cast<int>(Panel::countOfLocations()) - 1);
+    Panel::select(row);
+    const auto *bar = Panel::part<QProgressBar>(row, "rowActivity");
+    return QTest::qWaitFor([&] { return bar->isVisible(); }, EventTimeout) ? std::move(window)
+                                                                           : nullptr;
 }
 
 /// Returns the functions by the names of the windows.

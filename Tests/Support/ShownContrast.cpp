@@ -99,6 +99,8 @@ public:
             checkText(name, inPicture(widget, textOf(widget)));
             checkOutline(name, inPicture(widget, outlineOf(widget)));
             checkIcon(name, *widget);
+            checkPicture(name, *widget);
+            checkBar(name, *widget);
             if (const auto *view = qobject_cast<const QAbstractItemView *>(widget)) {
                 checkItems(*view);
             }
@@ -143,11 +145,45 @@ private:
         if (!button || !button->text().isEmpty() || button->icon().isNull()) {
             return;
         }
-        const QRect place = inPicture(button, button->rect());
-        const QColor ground = m_picture.pixelColor(place.topLeft());
-        const double ratio = greatestRatio(m_picture, place, ground);
+        checkPictureAt(QStringLiteral("icon of %1").arg(name), inPicture(button, button->rect()));
+    }
+
+    /// Checks the picture at a place whose first pixel is ground.
+    void checkPictureAt(const QString &name, const QRect &place) {
+        const double ratio = place.isEmpty() ? Contrast::OfOutline
+                                             : greatestRatio(m_picture, place,
+                                                             m_picture.pixelColor(place.topLeft()));
         if (ratio < Contrast::OfOutline) {
-            m_problems.append(QStringLiteral("icon of %1: %2").arg(name).arg(ratio));
+            m_problems.append(QStringLiteral("%1: %2").arg(name).arg(ratio));
+        }
+    }
+
+    void checkPicture(const QString &name, const QWidget &widget) {
+        const auto *label = qobject_cast<const QLabel *>(&widget);
+        if (!label || label->pixmap(Qt::ReturnByValue).isNull()) {
+            return;
+        }
+        checkPictureAt(QStringLiteral("picture of %1").arg(name), inPicture(label, label->rect()));
+    }
+
+    /// Checks the largest part of a busy bar, and the beginning of another one.
+    void checkBar(const QString &name, const QWidget &widget) {
+        constexpr int Depth = 4;
+        const auto *bar = qobject_cast<const QProgressBar *>(&widget);
+        const QRect place = bar ? inPicture(bar, bar->rect()) : QRect();
+        if (place.width() < 3 * Depth || place.left() < 2) {
+            return;
+        }
+        const bool isBusy = bar->minimum() == bar->maximum();
+        const QRect line(place.left() + Depth, place.center().y(), place.width() - 2 * Depth, 1);
+        const QColor ground =
+            m_picture.pixelColor(isBusy ? place.left() - 2 : line.right(), line.top());
+        const QColor part =
+            isBusy ? mostFrequent(m_picture, line) : m_picture.pixelColor(line.topLeft());
+        const double ratio = Contrast::ratio(part, ground);
+        const bool isPartial = bar->value() > bar->minimum() && bar->value() < bar->maximum();
+        if ((isBusy || isPartial) && ratio < Contrast::OfOutline) {
+            m_problems.append(QStringLiteral("bar %1: %2").arg(name).arg(ratio));
         }
     }
 

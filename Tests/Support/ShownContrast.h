@@ -8,9 +8,10 @@ class QWidget;
 namespace ShownContrast {
 
 /// Returns a line for each visible, enabled widget in `window` whose text has a contrast below
-/// 4.5:1, or whose outline or icon has one below 3:1, to its ground, measured on the pixels of a
-/// picture. `window` must be shown. The font must be at least 14 points large, so that smoothed
-/// letters have pixels in their full color.
+/// 4.5:1, or whose outline, icon, picture or progress has one below 3:1, to its ground, measured on
+/// the pixels of a picture. Disabled texts are measured unless they label a control. `window` must
+/// be shown. The font must be at least 14 points large, so that smoothed letters have pixels in
+/// their full color.
 QStringList problems(QWidget &window);
 
 }  // namespace ShownContrast
