@@ -2,7 +2,8 @@
 
 #include <QtCore/QLocale>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QToolButton>
+
+#include "View/WeekdayButton.h"
 
 WeekdayPicker::WeekdayPicker(QWidget *parent) : QWidget(parent) {
     auto *layout = new QHBoxLayout(this);
@@ -14,18 +15,19 @@ WeekdayPicker::WeekdayPicker(QWidget *parent) : QWidget(parent) {
         m_buttons[static_cast<size_t>(day)] = makeButton(day);
         layout->addWidget(m_buttons[static_cast<size_t>(day)]);
     }
+    // Otherwise the mnemonic of the label has no effect.
+    setFocusProxy(m_buttons[static_cast<size_t>(firstDay % daysInWeek)]);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 QToolButton *WeekdayPicker::makeButton(int day) {
     // QLocale numbers days from 1 (Monday) to 7 (Sunday).
     const int localeDay = day == 0 ? Qt::Sunday : day;
     const QLocale locale;
-    auto *button = new QToolButton(this);
+    auto *button = new WeekdayButton(this);
     button->setText(locale.standaloneDayName(localeDay, QLocale::ShortFormat));
     button->setAccessibleName(locale.standaloneDayName(localeDay, QLocale::LongFormat));
     button->setToolTip(button->accessibleName());
-    button->setCheckable(true);
-    button->setFocusPolicy(Qt::StrongFocus);
     // Not the click, which assistive technology does not make.
     connect(button, &QToolButton::toggled, this, [this, day](bool isChosen) {
         const quint64 bit = quint64{1} << day;

@@ -6,7 +6,8 @@
 class QToolButton;
 
 /// Seven toggle buttons for the days of the week, in the order and with the names of the locale at
-/// construction. Must be used on the main thread.
+/// construction. The first of them has the focus when the picker gets it. Must be used on the main
+/// thread.
 class WeekdayPicker : public QWidget {
     Q_OBJECT
     /// The set of days: bit 0 is Sunday, bit 6 Saturday. Other bits have no button; they are kept

@@ -1,0 +1,45 @@
+#include "View/WeekdayButton.h"
+
+#include <QtGui/QPainter>
+
+#include "Platform/Interface/Contrast.h"
+
+namespace {
+
+constexpr double Radius = 3;
+constexpr int ChosenFrameWidth = 2;
+
+}  // namespace
+
+WeekdayButton::WeekdayButton(QWidget *parent) : QToolButton(parent) {
+    setCheckable(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QColor WeekdayButton::textColor() const {
+    return palette().color(isChecked() && isEnabled() ? QPalette::HighlightedText : QPalette::Text);
+}
+
+QColor WeekdayButton::frameColor() const {
+    if (!isEnabled()) {
+        return palette().color(QPalette::Mid);
+    }
+    return hasFocus() ? Contrast::focus(palette()) : Contrast::outline(palette());
+}
+
+void WeekdayButton::paintEvent(QPaintEvent * /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool isChosen = isChecked() && isEnabled();
+    const QColor chosen = Contrast::focus(palette());
+    painter.setBrush(isChosen ? chosen
+                              : palette().color(isEnabled() ? QPalette::Base : QPalette::Window));
+    painter.setPen(QPen(isChosen ? chosen : frameColor(), hasFocus() ? ChosenFrameWidth : 1));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), Radius, Radius);
+    painter.setPen(textColor());
+    painter.drawText(rect(), Qt::AlignCenter, text());
+    if (isChosen && hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5), 1, 1);
+    }
+}
