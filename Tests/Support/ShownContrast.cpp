@@ -84,6 +84,13 @@ QRect textOf(const QWidget *widget) {
     return hasText ? field->rect().adjusted(Frame, Frame, -Frame, -Frame) : QRect();
 }
 
+/// Returns whether users need to see `widget`: what is disabled may be pale, but not a text that is
+/// not the label of something disabled.
+bool informs(const QWidget &widget) {
+    const auto *label = qobject_cast<const QLabel *>(&widget);
+    return widget.isEnabled() || (label && !label->buddy());
+}
+
 /// Checks the picture of one window.
 class PictureCheck {
 public:
@@ -91,7 +98,7 @@ public:
 
     QStringList problems() {
         for (const QWidget *widget : m_window.findChildren<QWidget *>()) {
-            if (widget->window() != &m_window || !widget->isVisible() || !widget->isEnabled()) {
+            if (widget->window() != &m_window || !widget->isVisible() || !informs(*widget)) {
                 continue;
             }
             const QString name = QStringLiteral("%1 “%2”").arg(
