@@ -90,7 +90,7 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
     splitter->setStretchFactor(1, 3);
     auto *contents = new QWidget;
     auto *layout = new QVBoxLayout(contents);
-    layout->setContentsMargins(8, 8, 8, 6);
+    layout->setContentsMargins(8, 8, 8, 8);
     layout->addWidget(splitter, 1);
     auto *line = new StatusLine(m_monitor);
     connect(line, &StatusLine::failureRequested, this, &MainWindow::presentFailure);

@@ -13,6 +13,9 @@ namespace {
 constexpr double Radius = 2;
 constexpr double RoundWidth = 1.5;
 constexpr int ButtonPadding = 6;
+// Of layouts, in the scale of 4, 8, 12 and 16.
+constexpr int Margin = 12;
+constexpr int Spacing = 8;
 
 void drawOutline(const QStyleOption &option, QPainter *painter, bool isRound) {
     if (!option.state.testFlag(QStyle::State_Enabled)) {
@@ -143,6 +146,14 @@ int OutlineStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
                                                : QFontMetrics(QApplication::font());
             return qMax(usual, font.ascent());
         }
+        case PM_LayoutLeftMargin:
+        case PM_LayoutTopMargin:
+        case PM_LayoutRightMargin:
+        case PM_LayoutBottomMargin:
+            return Margin;
+        case PM_LayoutHorizontalSpacing:
+        case PM_LayoutVerticalSpacing:
+            return Spacing;
         default:
             return usual;
     }

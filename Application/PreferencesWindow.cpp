@@ -70,7 +70,7 @@ void PreferencesWindow::showRemovals(
     auto *button = new QPushButton(tr("&Undo"));
     connect(button, &QPushButton::clicked, this, &PreferencesWindow::undoRemoval);
     auto *barLayout = new QHBoxLayout(m_removalBar);
-    barLayout->setContentsMargins(20, 0, 20, 12);
+    barLayout->setContentsMargins(16, 0, 16, 12);
     barLayout->addWidget(m_removalLabel, 1);
     barLayout->addWidget(button);
     layout()->addWidget(m_removalBar);

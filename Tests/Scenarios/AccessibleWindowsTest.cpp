@@ -1,5 +1,7 @@
 #include <QtCore/QDir>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QFormLayout>
+#include <QtWidgets/QGridLayout>
 
 #include "Application/VelmoraApplication.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
@@ -26,6 +28,37 @@ QPalette highContrastPalette() {
     palette.setColor(QPalette::Highlight, Qt::yellow);
     palette.setColor(QPalette::HighlightedText, Qt::black);
     return palette;
+}
+
+/// Returns a line for each margin and spacing of the layouts in `window` that is not in the scale.
+QStringList spacingsOffTheScale(const QWidget &window) {
+    const QList<int> scale = {0, 4, 8, 12, 16};
+    QStringList problems;
+    const auto check = [&](const QLayout &layout, const char *what, int pixels) {
+        if (!scale.contains(pixels)) {
+            problems.append(QStringLiteral("%1 of %2 in %3: %4")
+                                .arg(QLatin1StringView(what), layout.objectName(),
+                                     layout.parentWidget()->objectName())
+                                .arg(pixels));
+        }
+    };
+    for (const QLayout *layout : window.findChildren<QLayout *>()) {
+        const QMargins margins = layout->contentsMargins();
+        for (const int margin :
+             {margins.left(), margins.top(), margins.right(), margins.bottom()}) {
+            check(*layout, "margin", margin);
+        }
+        if (const auto *grid = qobject_cast<const QGridLayout *>(layout)) {
+            check(*layout, "spacing", grid->horizontalSpacing());
+            check(*layout, "spacing", grid->verticalSpacing());
+        } else if (const auto *form = qobject_cast<const QFormLayout *>(layout)) {
+            check(*layout, "spacing", form->horizontalSpacing());
+            check(*layout, "spacing", form->verticalSpacing());
+        } else if (qobject_cast<const QBoxLayout *>(layout)) {
+            check(*layout, "spacing", layout->spacing());
+        }
+    }
+    return problems;
 }
 
 }  // namespace
@@ -123,6 +156,27 @@ private Q_SLOTS:
         }
         QApplication::setFont(usual);
         QVERIFY2(problems.isEmpty(), qPrintable(problems.join(u'\n')));
+    }
+
+    void everySpacingIsInTheScale_data() {
+        addWindows({QLocale(QLocale::English)});
+        for (const char *form : {"Sync Preferences", "QVSyncScheduleEditor", "BookmarkCell",
+                                 "QVImportDatabasesWindow"}) {
+            QTest::newRow(form) << EveryWindow::MakeWindow(nullptr) << QString::fromLatin1(form)
+                                << QLocale(QLocale::English);
+        }
+    }
+    void everySpacingIsInTheScale() {
+        QFETCH(const EveryWindow::MakeWindow, makeWindow);
+        QFETCH(const QString, sheet);
+        application().setDarkAppearance(false);
+        TestHost host;
+        EventLog log;
+        const std::unique_ptr<QWidget> window =
+            makeWindow ? makeWindow(host, log) : std::unique_ptr<QWidget>(Nib::makeForm(sheet));
+        window->ensurePolished();
+        QCOMPARE(spacingsOffTheScale(*window).join(u'\n'), QString());
+        window->close();
     }
 };
 
