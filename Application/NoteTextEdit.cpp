@@ -97,6 +97,17 @@ bool NoteTextEdit::canReplace(const QTextCursor &cursor, const QString &text) co
     return whole.size() <= LongestText && PlainText::page(whole) == whole;
 }
 
+void NoteTextEdit::keyPressEvent(QKeyEvent *event) {
+    const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    if (isTab && event->modifiers().testFlag(Qt::ControlModifier)) {
+        // QPlainTextEdit's own refuses, so that Tab can be typed.
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+        QAbstractScrollArea::focusNextPrevChild(!event->modifiers().testFlag(Qt::ShiftModifier));
+        return;
+    }
+    QPlainTextEdit::keyPressEvent(event);
+}
+
 void NoteTextEdit::dropEvent(QDropEvent *event) {
     // Text that is moved here is removed from where it was before it is inserted.
     if (event->mimeData()->hasText() &&

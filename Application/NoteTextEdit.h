@@ -33,6 +33,8 @@ protected:
     /// Qt would change spaces and line ends.
     QMimeData *createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData *source) override;
+    /// Ctrl+Tab and Ctrl+Shift+Tab leave the text, since Tab is typed.
+    void keyPressEvent(QKeyEvent *event) override;
     /// Refuses text that could not be inserted, so that text that is moved stays where it is.
     void dropEvent(QDropEvent *event) override;
 

@@ -1,6 +1,8 @@
 #include "Application/NoteTextEdit.h"
 
 #include <QtGui/QClipboard>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QVBoxLayout>
 #include <random>
 
 #include "Platform/Interface/PlainText.h"
@@ -168,6 +170,29 @@ private Q_SLOTS:
         NoteTextEdit again;
         QVERIFY(again.setNoteText(after));
         QCOMPARE(again.blockCount(), editor.blockCount());
+    }
+
+    void controlTabLeavesTheText() {
+        QWidget window;
+        auto *before = new QLineEdit;
+        auto *editor = new NoteTextEdit;
+        auto *after = new QLineEdit;
+        auto *layout = new QVBoxLayout(&window);
+        for (QWidget *each : QWidgetList{before, editor, after}) {
+            layout->addWidget(each);
+        }
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        editor->setFocus();
+        QTest::keyClick(editor, Qt::Key_Tab);
+        QCOMPARE(editor->noteText(), QStringLiteral("\t"));
+        QTest::keyClick(editor, Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(QApplication::focusWidget(), after);
+        editor->setFocus();
+        QTest::keyClick(editor, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(QApplication::focusWidget(), before);
+        QCOMPARE(editor->noteText(), QStringLiteral("\t"));
     }
 };
 

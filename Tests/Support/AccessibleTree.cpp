@@ -11,6 +11,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QToolBar>
 
@@ -141,10 +142,14 @@ private:
                 return;
             }
             m_reached.append(focus);
-            // A text may take the key itself.
-            QTest::keyClick(
-                focus ? focus : &m_window, Qt::Key_Tab,
-                focus && focus->inherits("QTextEdit") ? Qt::ControlModifier : Qt::NoModifier);
+            // A text that can be edited takes the key itself.
+            const auto *text = qobject_cast<const QPlainTextEdit *>(focus);
+            QTest::keyClick(focus ? focus : &m_window, Qt::Key_Tab,
+                            text && !text->isReadOnly() ? Qt::ControlModifier : Qt::NoModifier);
+            if (focus && QApplication::focusWidget() == focus && m_controls.size() > 1) {
+                m_problems.append(QStringLiteral("Tab stays in %1").arg(describe(*focus)));
+                return;
+            }
         }
     }
 
