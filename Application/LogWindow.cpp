@@ -12,6 +12,7 @@
 #include <QtWidgets/QTreeView>
 #include <QtWidgets/QVBoxLayout>
 
+#include "Application/CloseKeys.h"
 #include "Application/EventLog.h"
 #include "Application/LogFilter.h"
 #include "Application/WindowSize.h"
@@ -42,6 +43,7 @@ LogWindow::LogWindow(EventLog *log, QWidget *parent)
     layout->addLayout(makeControls());
     layout->addWidget(m_view);
     updateChoices(0);
+    CloseKeys::add(*this);
     connect(m_log, &EventLog::modelReset, this, [this] { updateChoices(0); });
     connect(m_log, &EventLog::rowsInserted, this,
             [this](const QModelIndex &, int first) { updateChoices(first); });

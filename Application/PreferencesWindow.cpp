@@ -4,6 +4,7 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
+#include "Application/CloseKeys.h"
 #include "Application/LocationRemovals.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/SaveLocations.h"
@@ -35,6 +36,7 @@ PreferencesWindow::PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidg
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     new HeightKeeper(this);
+    CloseKeys::add(*this);
     // Larger fonts need more room.
     resize(QSize(920, 600).expandedTo(WindowSize::of(*this, 100, 36)));
     showPane(std::move(pane));

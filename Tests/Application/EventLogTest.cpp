@@ -194,6 +194,19 @@ private Q_SLOTS:
         QCOMPARE(shown.rowCount(), 5);
     }
 
+    void keysCloseTheWindow() {
+        EventLog log;
+        LogWindow window(&log);
+        for (const QKeySequence &keys :
+             {QKeySequence(Qt::Key_Escape), QKeySequence(Qt::ControlModifier | Qt::Key_W)}) {
+            window.show();
+            window.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&window));
+            QTest::keySequence(&window, keys);
+            QVERIFY(!window.isVisible());
+        }
+    }
+
     void theTextHasRoomInEveryWindow() {
         EventLog log;
         log.append(

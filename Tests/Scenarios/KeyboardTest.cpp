@@ -170,6 +170,13 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_panel->sheet());
         QCOMPARE(Panel::countOfLocations(), 3);
     }
+
+    void escapeClosesTheWindow() {
+        const QPointer<QWidget> window = m_panel->window();
+        QVERIFY(tabTo("locationsScrollView"));
+        press(Qt::Key_Escape);
+        QTRY_VERIFY(!window);
+    }
 };
 
 VELMORA_TEST(KeyboardTest)
