@@ -4,7 +4,6 @@
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QAction>
 #include <QtGui/QCloseEvent>
-#include <QtWidgets/QInputDialog>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPushButton>
@@ -19,6 +18,7 @@
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/LocationRemovals.h"
 #include "Application/LogWindow.h"
+#include "Application/NameDialog.h"
 #include "Application/NoteExport.h"
 #include "Application/NotesView.h"
 #include "Application/PlugIns.h"
@@ -205,12 +205,9 @@ std::shared_ptr<NoteDatabase> MainWindow::currentDatabase() const {
 }
 
 void MainWindow::createDatabase() {
-    bool isAccepted = false;
-    const QString name =
-        QInputDialog::getText(this, tr("New Database"), tr("Name of the new database:"),
-                              QLineEdit::Normal, {}, &isAccepted);
-    if (isAccepted) {
-        const bool isCreated = presentIfFailed(m_library->createDatabase(name));
+    NameDialog dialog(tr("New Database"), tr("Name of the new database:"), {}, this);
+    if (const auto name = dialog.ask()) {
+        const bool isCreated = presentIfFailed(m_library->createDatabase(*name));
         if (isCreated) {
             // The newest one is last.
             m_databases->setCurrentRow(m_databases->count() - 1);
@@ -220,11 +217,9 @@ void MainWindow::createDatabase() {
 
 void MainWindow::renameDatabase() {
     const auto database = currentDatabase();
-    bool isAccepted = false;
-    const QString name = QInputDialog::getText(this, tr("Rename"), tr("New name of the database:"),
-                                               QLineEdit::Normal, database->name(), &isAccepted);
-    if (isAccepted) {
-        presentIfFailed(m_library->renameDatabase(database, name));
+    NameDialog dialog(tr("Rename"), tr("New name of the database:"), database->name(), this);
+    if (const auto name = dialog.ask()) {
+        presentIfFailed(m_library->renameDatabase(database, *name));
     }
 }
 

@@ -3,6 +3,7 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QStyleFactory>
 #include <QtWidgets/QStyleOption>
 
@@ -80,9 +81,14 @@ bool OutlineStyle::eventFilter(QObject *object, QEvent *event) {
 
 int OutlineStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                             QStyleHintReturn *returnData) const {
-    return hint == SH_DialogButtonBox_ButtonsHaveIcons
-               ? 0
-               : QProxyStyle::styleHint(hint, option, widget, returnData);
+    switch (hint) {
+        case SH_DialogButtonBox_ButtonsHaveIcons:
+            return 0;
+        case SH_DialogButtonLayout:
+            return QDialogButtonBox::GnomeLayout;
+        default:
+            return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
 }
 
 void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,

@@ -17,7 +17,8 @@ public:
     using QProxyStyle::unpolish;
     void polish(QWidget *widget) override;
     void unpolish(QWidget *widget) override;
-    /// Standard buttons have no icons, as other buttons have none.
+    /// Standard buttons have no icons, as other buttons have none, and the one that accepts is
+    /// last, as in the sheets.
     int styleHint(StyleHint hint, const QStyleOption *option = nullptr,
                   const QWidget *widget = nullptr,
                   QStyleHintReturn *returnData = nullptr) const override;
