@@ -9,6 +9,7 @@
 #include "Controller/Preferences/LocationCheck.h"
 #include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/LocationRowStatus.h"
+#include "Controller/Preferences/PaneTitles.h"
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
 #include "Controller/Preferences/ScheduleStatus.h"
 #include "Controller/QVBinding.h"
@@ -74,6 +75,7 @@ void registerSyncPreferencesInterface() {
     registerObject<DiscoveryHint>("DiscoveryHint");
     registerObject<LocationCheck>("LocationCheck");
     registerObject<LocationRowStatus>("LocationRowStatus");
+    registerObject<PaneTitles>("PaneTitles");
     registerObject<ScheduleStatus>("ScheduleStatus");
     registerTransformer<ClientTextValueTransformer>("ClientTextValueTransformer");
     registerTransformer<QVLocationImageValueTransformer>("QVLocationImageValueTransformer");

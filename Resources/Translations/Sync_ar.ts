@@ -1869,6 +1869,14 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Create a sync store or choose one.</source>
         <translation>أنشئ مخزن مزامنة أو اختر واحدًا.</translation>
     </message>
+    <message>
+        <source>Synchronize “%1” with</source>
+        <translation>مزامنة «⁨%1⁩» مع</translation>
+    </message>
+    <message>
+        <source>Schedule of “%1”</source>
+        <translation>الجدول الزمني لـ «⁨%1⁩»</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1845,6 +1845,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>Create a sync store or choose one.</source>
         <translation>Legen Sie einen Sync-Speicher an, oder wählen Sie einen aus.</translation>
     </message>
+    <message>
+        <source>Synchronize “%1” with</source>
+        <translation>„%1“ synchronisieren mit</translation>
+    </message>
+    <message>
+        <source>Schedule of “%1”</source>
+        <translation>Zeitplan von „%1“</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1845,6 +1845,14 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <source>Create a sync store or choose one.</source>
         <translation>Cree un almacén de sincronización o elija uno.</translation>
     </message>
+    <message>
+        <source>Synchronize “%1” with</source>
+        <translation>Sincronizar «%1» con</translation>
+    </message>
+    <message>
+        <source>Schedule of “%1”</source>
+        <translation>Programación de «%1»</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1845,6 +1845,14 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <source>Create a sync store or choose one.</source>
         <translation>Créez un dépôt de synchronisation ou choisissez-en un.</translation>
     </message>
+    <message>
+        <source>Synchronize “%1” with</source>
+        <translation>Synchroniser « %1 » avec</translation>
+    </message>
+    <message>
+        <source>Schedule of “%1”</source>
+        <translation>Planification de « %1 »</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1839,6 +1839,14 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Create a sync store or choose one.</source>
         <translation>同期ストアを作成するか、選択してください。</translation>
     </message>
+    <message>
+        <source>Synchronize “%1” with</source>
+        <translation>「%1」の同期先</translation>
+    </message>
+    <message>
+        <source>Schedule of “%1”</source>
+        <translation>「%1」のスケジュール</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1,5 +1,6 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
+#include <QtWidgets/QGroupBox>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QRadioButton>
 
@@ -78,6 +79,17 @@ private Q_SLOTS:
             }
         }
         QVERIFY(enabled > 0);
+    }
+
+    void theTitlesNameTheSelectedDatabase() {
+        QVERIFY(tabTo("databasesScrollView"));
+        press(Qt::Key_P);
+        const auto *title = m_panel->find<QLabel>("locationsLabel");
+        QCOMPARE(QString(title->text()).remove(u'&'),
+                 QStringLiteral("Synchronize “Projects” with"));
+        QVERIFY(!QKeySequence::mnemonic(title->text()).isEmpty());
+        QCOMPARE(m_panel->find<QGroupBox>("scheduleBox")->title(),
+                 QStringLiteral("Schedule of “Projects”"));
     }
 
     void aLocationIsEditedAndRemoved() {
