@@ -6,6 +6,7 @@
 #include "Application/VelmoraApplication.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Platform/Interface/Nib.h"
+#include "Scenarios/EveryQuestion.h"
 #include "Scenarios/EveryWindow.h"
 #include "Support/AccessibleTree.h"
 #include "Support/Languages.h"
@@ -30,32 +31,33 @@ QPalette highContrastPalette() {
     return palette;
 }
 
-/// Returns a line for each margin and spacing of the layouts in `window` that is not in the scale.
+/// Returns the spacings of a layout; none for that of a bar.
+QList<int> spacingsOf(const QLayout &layout) {
+    if (const auto *grid = qobject_cast<const QGridLayout *>(&layout)) {
+        return {grid->horizontalSpacing(), grid->verticalSpacing()};
+    }
+    if (const auto *form = qobject_cast<const QFormLayout *>(&layout)) {
+        return {form->horizontalSpacing(), form->verticalSpacing()};
+    }
+    return qobject_cast<const QBoxLayout *>(&layout) ? QList<int>{layout.spacing()} : QList<int>();
+}
+
+/// Returns a line for each layout in `window` with a margin or spacing that is not in the scale.
 QStringList spacingsOffTheScale(const QWidget &window) {
     const QList<int> scale = {0, 4, 8, 12, 16};
     QStringList problems;
-    const auto check = [&](const QLayout &layout, const char *what, int pixels) {
-        if (!scale.contains(pixels)) {
-            problems.append(QStringLiteral("%1 of %2 in %3: %4")
-                                .arg(QLatin1StringView(what), layout.objectName(),
-                                     layout.parentWidget()->objectName())
-                                .arg(pixels));
-        }
-    };
     for (const QLayout *layout : window.findChildren<QLayout *>()) {
-        const QMargins margins = layout->contentsMargins();
-        for (const int margin :
-             {margins.left(), margins.top(), margins.right(), margins.bottom()}) {
-            check(*layout, "margin", margin);
+        QList<int> pixels = spacingsOf(*layout);
+        if (!pixels.isEmpty()) {
+            const QMargins margins = layout->contentsMargins();
+            pixels += {margins.left(), margins.top(), margins.right(), margins.bottom()};
         }
-        if (const auto *grid = qobject_cast<const QGridLayout *>(layout)) {
-            check(*layout, "spacing", grid->horizontalSpacing());
-            check(*layout, "spacing", grid->verticalSpacing());
-        } else if (const auto *form = qobject_cast<const QFormLayout *>(layout)) {
-            check(*layout, "spacing", form->horizontalSpacing());
-            check(*layout, "spacing", form->verticalSpacing());
-        } else if (qobject_cast<const QBoxLayout *>(layout)) {
-            check(*layout, "spacing", layout->spacing());
+        for (const int each : std::as_const(pixels)) {
+            if (!scale.contains(each)) {
+                problems.append(QStringLiteral("%1 in %2: %3")
+                                    .arg(layout->objectName(), layout->parentWidget()->objectName())
+                                    .arg(each));
+            }
         }
     }
     return problems;
@@ -77,7 +79,7 @@ class AccessibleWindowsTest : public QObject {
         QTest::addColumn<QLocale>("locale");
         for (const QLocale &locale : locales) {
             const QByteArray name = QLocale::languageToString(locale.language()).toUtf8();
-            for (const auto &[window, makeWindow] : EveryWindow::all()) {
+            for (const auto &[window, makeWindow] : EveryWindow::all() + EveryWindow::further()) {
                 QTest::addRow("%s, %s", window, name.constData())
                     << makeWindow << QString() << locale;
             }
@@ -115,6 +117,34 @@ private Q_SLOTS:
         const QStringList problems = AccessibleTree::problems(*window);
         QVERIFY2(problems.isEmpty(), qPrintable(problems.join(u'\n')));
         window->close();
+    }
+
+    void everyQuestionCanBeAnsweredAndSeen_data() {
+        QTest::addColumn<EveryQuestion::Ask>("ask");
+        QTest::addColumn<bool>("isDark");
+        for (const auto &[name, ask] : EveryQuestion::all()) {
+            QTest::addRow("%s, light", name) << ask << false;
+            QTest::addRow("%s, dark", name) << ask << true;
+        }
+    }
+    void everyQuestionCanBeAnsweredAndSeen() {
+        QFETCH(const EveryQuestion::Ask, ask);
+        QFETCH(const bool, isDark);
+        const QFont usual = QApplication::font();
+        QFont large = usual;
+        large.setPointSize(14);
+        QApplication::setFont(large);
+        application().setDarkAppearance(isDark);
+        TestHost host;
+        EventLog log;
+        MainWindow window(&host.library(), &log, host.directory());
+        window.show();
+        const auto problems = EveryQuestion::problems(ask, host, window, [](QWidget &box) {
+            return AccessibleTree::problems(box) + ShownContrast::problems(box);
+        });
+        QApplication::setFont(usual);
+        QVERIFY(problems);
+        QCOMPARE(problems->join(u'\n'), QString());
     }
 
     void everyTextAndOutlineCanBeSeen_data() {

@@ -12,12 +12,17 @@
 #include "Application/EventLog.h"
 #include "Application/FirstStartDialog.h"
 #include "Application/HistoryDialog.h"
+#include "Application/LocationRemovals.h"
 #include "Application/LogWindow.h"
 #include "Application/MainWindow.h"
+#include "Application/NameDialog.h"
 #include "Application/QuestionBox.h"
 #include "Application/QuitProgressDialog.h"
 #include "Application/RemovalDialog.h"
 #include "Application/SynchronizationMonitor.h"
+#include "Controller/Preferences/QVServerPreferencesController.h"
+#include "Controller/QVImportDatabasesController.h"
+#include "Platform/Interface/TableView.h"
 #include "Scenarios/Panel.h"
 #include "Support/EventTimeout.h"
 #include "Support/TestHost.h"
@@ -125,6 +130,47 @@ inline std::unique_ptr<QWidget> firstStart(TestHost & /*host*/, EventLog & /*log
     return std::make_unique<FirstStartDialog>(LocationKind::offers());
 }
 
+inline std::unique_ptr<QWidget> removalBar(TestHost &host, EventLog & /*log*/) {
+    auto window = std::make_unique<PreferencesWindow>(std::make_unique<QVSyncPreferences>());
+    host.addLocation(QStringLiteral("https://dav.example.com/Shared.qvSyncStore"));
+    host.save();
+    auto *removals = new LocationRemovals(&host.locations(), window.get());
+    window->showRemovals(removals, [] { return failure(Error()); });
+    host.locations().removeObjectFromSyncLocationsAtIndex(0);
+    host.save();
+    return window;
+}
+
+inline std::unique_ptr<QWidget> newDatabase(TestHost & /*host*/, EventLog & /*log*/) {
+    return std::make_unique<NameDialog>(QStringLiteral("New Database"),
+                                        QStringLiteral("Name of the new database:"), QString(),
+                                        nullptr);
+}
+
+/// Returns the window of a sheet, which keeps its controller.
+template <class Controller>
+std::unique_ptr<QWidget> windowOf(std::shared_ptr<Controller> controller) {
+    QWidget *window = controller->window();
+    QObject::connect(window, &QObject::destroyed, qApp, [kept = std::move(controller)] {});
+    return std::unique_ptr<QWidget>(window);
+}
+
+inline std::unique_ptr<QWidget> importSheet(TestHost &host, EventLog & /*log*/) {
+    host.addLocation();
+    host.addLocation(QStringLiteral("https://dav.example.com/Shared.qvSyncStore"));
+    return windowOf(QVImportDatabasesController::newController());
+}
+
+inline std::unique_ptr<QWidget> serverSheet(TestHost &host, EventLog & /*log*/) {
+    host.addDatabase(QStringLiteral("Projects"));
+    std::shared_ptr<QVServerPreferencesController> controller =
+        QVServerPreferencesController::controller();
+    controller->addAuthorizedClientsObject(QStringLiteral("kim at writing-desk"));
+    auto window = windowOf(std::move(controller));
+    window->findChild<TableView *>(QStringLiteral("clientsTable"))->selectRow(0);
+    return window;
+}
+
 /// A database that could be synchronized with one of its two locations.
 inline std::unique_ptr<QWidget> failedSynchronization(TestHost &host, EventLog & /*log*/) {
     const auto projects = host.addDatabase(QStringLiteral("Projects"));
@@ -164,6 +210,14 @@ inline std::unique_ptr<QWidget> busyLocation(TestHost &host, EventLog & /*log*/)
     const auto *bar = Panel::part<QProgressBar>(row, "rowActivity");
     return QTest::qWaitFor([&] { return bar->isVisible(); }, EventTimeout) ? std::move(window)
                                                                            : nullptr;
+}
+
+/// Returns the functions of further contents of windows, and of sheets with rows in their lists.
+inline QList<std::pair<const char *, MakeWindow>> further() {
+    return {{"removal bar", removalBar},
+            {"new database", newDatabase},
+            {"import", importSheet},
+            {"server", serverSheet}};
 }
 
 /// Returns the functions by the names of the windows.
