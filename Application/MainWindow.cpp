@@ -11,6 +11,7 @@
 #include <QtWidgets/QVBoxLayout>
 
 #include "Application/CountText.h"
+#include "Application/DeletionQuestion.h"
 #include "Application/EventLog.h"
 #include "Application/FailureSteps.h"
 #include "Application/FirstStart.h"
@@ -28,6 +29,7 @@
 #include "Application/Splitter.h"
 #include "Application/StatusLine.h"
 #include "Application/SynchronizationMonitor.h"
+#include "Application/UndoBar.h"
 #include "Application/VelmoraApplication.h"
 #include "Application/WindowMemory.h"
 #include "Application/WindowSize.h"
@@ -77,7 +79,8 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
       m_monitor(new SynchronizationMonitor(library, this)),
       m_removals(new LocationRemovals(QVSyncPlugin::plugin()->locationsController(), this)),
       m_databases(new QListWidget),
-      m_notes(new NotesView(UnsavedTexts(profileFolder, library->inbox()->UUID()))) {
+      m_notes(new NotesView(UnsavedTexts(profileFolder, library->inbox()->UUID()))),
+      m_undoBar(new UndoBar) {
     restoreUnsavedTexts(UnsavedTexts(profileFolder, library->inbox()->UUID()));
     setWindowTitle(ApplicationName + QStringLiteral("[*]"));
     resize(WindowSize::of(*this, 140, 38));
@@ -92,6 +95,7 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
     auto *layout = new QVBoxLayout(contents);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->addWidget(splitter, 1);
+    layout->addWidget(m_undoBar);
     auto *line = new StatusLine(m_monitor);
     connect(line, &StatusLine::failureRequested, this, &MainWindow::presentFailure);
     layout->addWidget(line);
@@ -100,26 +104,41 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
     makeActions();
 
     connect(m_library, &NoteLibrary::knownDatabasesChanged, this, &MainWindow::showDatabases);
+    connect(m_library, &NoteLibrary::deletedDatabasesChanged, this, &MainWindow::showDeletions);
+    connect(m_undoBar, &UndoBar::undoRequested, this, &MainWindow::restoreDatabase);
     connect(m_databases, &QListWidget::currentRowChanged, this, &MainWindow::showDatabase);
     connect(m_databases, &QListWidget::itemActivated, this, &MainWindow::open);
     m_database = m_library->inbox();
     showDatabases();
+    showDeletions();
 }
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::makeActions() {
-    QMenu *databaseMenu = menuBar()->addMenu(tr("&Database"));
-    QAction *createAction =
-        databaseMenu->addAction(tr("&New Database…"), this, &MainWindow::createDatabase);
-    createAction->setShortcut(QKeySequence::New);
-    m_renameAction = databaseMenu->addAction(tr("&Rename…"), this, &MainWindow::renameDatabase);
+void MainWindow::makeDatabaseMenu() {
+    QMenu *menu = menuBar()->addMenu(tr("&Database"));
+    // They say why a command cannot be used.
+    menu->setToolTipsVisible(true);
+    m_createAction = menu->addAction(tr("&New Database…"), this, &MainWindow::createDatabase);
+    m_createAction->setShortcut(QKeySequence::New);
+    m_renameAction = menu->addAction(tr("&Rename…"), this, &MainWindow::renameDatabase);
     m_renameAction->setShortcut(Qt::Key_F2);
-    m_openAction = databaseMenu->addAction(tr("&Open"), this, &MainWindow::toggleOpen);
-    m_exportAction = databaseMenu->addAction(tr("&Export…"), this, &MainWindow::exportDatabase);
-    databaseMenu->addSeparator();
-    databaseMenu->addAction(tr("&Quit"), this, &MainWindow::quit)->setShortcut(QKeySequence::Quit);
+    m_openAction = menu->addAction(tr("&Open"), this, &MainWindow::toggleOpen);
+    m_exportAction = menu->addAction(tr("&Export…"), this, &MainWindow::exportDatabase);
+    menu->addSeparator();
+    m_deleteAction = menu->addAction(tr("&Delete…"), this, &MainWindow::deleteDatabase);
+    // Elsewhere the key deletes text.
+    m_deleteAction->setShortcut(QKeySequence::Delete);
+    m_deleteAction->setShortcutContext(Qt::WidgetShortcut);
+    m_databases->addAction(m_deleteAction);
+    m_restoreAction =
+        menu->addAction(tr("Res&tore Deleted Database"), this, &MainWindow::restoreDatabase);
+    menu->addSeparator();
+    menu->addAction(tr("&Quit"), this, &MainWindow::quit)->setShortcut(QKeySequence::Quit);
+}
 
+void MainWindow::makeActions() {
+    makeDatabaseMenu();
     QMenu *editMenu = menuBar()->addMenu(tr("&Edit"));
     editMenu->addAction(m_notes->undoAction());
     editMenu->addSeparator();
@@ -138,10 +157,14 @@ void MainWindow::makeActions() {
     preferencesAction->setShortcut(Qt::CTRL | Qt::Key_Comma);
     m_toolsMenu->addAction(tr("&Log"), this, &MainWindow::showLog);
 
+    makeToolBar({m_createAction, m_renameAction, m_openAction, preferencesAction});
+}
+
+void MainWindow::makeToolBar(const QList<QAction *> &actions) {
     QToolBar *toolBar = addToolBar(tr("Commands"));
     toolBar->setObjectName(QStringLiteral("commands"));
     toolBar->setMovable(false);
-    for (QAction *action : {createAction, m_renameAction, m_openAction, preferencesAction}) {
+    for (QAction *action : actions) {
         setTitle(action, action->text());
         toolBar->addAction(action);
     }
@@ -150,22 +173,40 @@ void MainWindow::makeActions() {
 void MainWindow::showDatabases() {
     {
         const QSignalBlocker blocker(m_databases);
-        const auto databases = m_library->knownDatabases();
-        for (const auto &database : databases.sliced(m_databases->count())) {
-            m_databases->addItem(QString());
-            connect(database.get(), &NoteDatabase::openChanged, this, &MainWindow::showDatabases,
-                    Qt::UniqueConnection);
-            connect(database.get(), &NoteDatabase::nameChanged, this, &MainWindow::showDatabases,
-                    Qt::UniqueConnection);
-            connect(database.get(), &NoteDatabase::notesChanged, this,
-                    [this, row = m_databases->count() - 1, changed = database.get()] {
-                        showName(row, *changed);
-                    });
-        }
+        listDatabases();
         showNames();
-        m_databases->setCurrentRow(rowOf(m_database));
+        if (const int row = rowOf(m_database); row >= 0) {
+            m_databases->setCurrentRow(row);
+        }
     }
     showDatabase();
+}
+
+void MainWindow::listDatabases() {
+    const auto known = m_library->knownDatabases();
+    for (qsizetype row = m_listed.size() - 1; row >= 0; --row) {
+        if (!known.contains(m_listed[row])) {
+            disconnect(m_listed.takeAt(row).get(), nullptr, this, nullptr);
+            delete m_databases->takeItem(static_cast<int>(row));
+        }
+    }
+    for (qsizetype row = 0; row < known.size(); ++row) {
+        const auto &database = known[row];
+        if (m_listed.value(row) == database) {
+            continue;
+        }
+        m_listed.insert(row, database);
+        m_databases->insertItem(static_cast<int>(row), QString());
+        connect(database.get(), &NoteDatabase::openChanged, this, &MainWindow::showDatabases);
+        connect(database.get(), &NoteDatabase::nameChanged, this, &MainWindow::showDatabases);
+        connect(database.get(), &NoteDatabase::notesChanged, this,
+                [this, changed = std::weak_ptr(database)] {
+                    const auto shown = changed.lock();
+                    if (const int changedRow = rowOf(shown); changedRow >= 0) {
+                        showName(changedRow, *shown);
+                    }
+                });
+    }
 }
 
 void MainWindow::showNames() {
@@ -194,6 +235,11 @@ void MainWindow::showDatabase() {
     }
     m_renameAction->setEnabled(database && !database->isInbox());
     m_openAction->setEnabled(database && !database->isInbox());
+    m_deleteAction->setEnabled(database && !database->isInbox());
+    m_deleteAction->setToolTip(database && database->isInbox()
+                                   ? tr("The inbox cannot be deleted, because every profile has "
+                                        "one. You can delete its notes.")
+                                   : QString());
     setTitle(m_openAction, database && database->isOpen() ? tr("&Close") : tr("&Open"));
     updateNoteActions();
 }
@@ -230,6 +276,37 @@ void MainWindow::toggleOpen() {
     }
     presentIfFailed(database->isOpen() ? m_library->closeDatabase(database)
                                        : m_library->openDatabase(database));
+}
+
+void MainWindow::deleteDatabase() {
+    const auto database = currentDatabase();
+    // The question counts what was typed, too.
+    if (!database || database->isInbox() || !m_notes->leave() ||
+        !DeletionQuestion::ask(*database, this)) {
+        return;
+    }
+    if (presentIfFailed(m_library->deleteDatabase(database))) {
+        m_notes->forgetDeletions(database);
+    }
+}
+
+void MainWindow::restoreDatabase() {
+    const auto deleted = m_library->deletedDatabases();
+    if (!deleted.isEmpty() && presentIfFailed(m_library->restoreDatabase(deleted.last()))) {
+        m_databases->setCurrentRow(rowOf(deleted.last()));
+        m_databases->setFocus();
+    }
+}
+
+void MainWindow::showDeletions() {
+    const auto deleted = m_library->deletedDatabases();
+    m_restoreAction->setEnabled(!deleted.isEmpty());
+    m_undoBar->setText(
+        deleted.isEmpty()
+            ? QString()
+            : PlainText::message(tr("“%1” was deleted. For ten minutes it can be restored with its "
+                                    "notes, ticks and schedules.")
+                                     .arg(deleted.last()->name())));
 }
 
 void MainWindow::open() {

@@ -18,6 +18,7 @@ class QAction;
 class QListWidget;
 class QVSyncLocation;
 class SynchronizationMonitor;
+class UndoBar;
 class UnsavedTexts;
 
 /// The main window: the databases of the profile on the left, the notes of the selected one on the
@@ -79,8 +80,12 @@ private:
     /// Lets other windows show what the status line shows while nothing runs, and open the log.
     void connectToApplication();
     void makeActions();
+    void makeDatabaseMenu();
+    void makeToolBar(const QList<QAction *> &actions);
     /// Updates the list of databases, and then the selected database.
     void showDatabases();
+    /// Adds the rows of new databases, and removes those of deleted ones.
+    void listDatabases();
     /// Updates the names of the listed databases, with the number of their conflicts.
     void showNames();
     void showName(int row, const NoteDatabase &database);
@@ -100,6 +105,12 @@ private:
     void renameDatabase();
     /// Opens or closes the selected database. Has no effect for the inbox.
     void toggleOpen();
+    /// Deletes the selected database if the user confirms that. Runs a nested event loop.
+    void deleteDatabase();
+    /// Restores the database that was deleted last, and selects it.
+    void restoreDatabase();
+    /// Shows which database can be restored.
+    void showDeletions();
     /// Opens the selected database; does nothing if it is open.
     void open();
     /// Presents what failed in the last synchronizations, with the next steps.
@@ -126,11 +137,17 @@ private:
     /// The selected database, open or not; null if there is none.
     std::shared_ptr<NoteDatabase> m_database;
     QListWidget *m_databases;
+    /// The databases of the rows.
+    QList<std::shared_ptr<NoteDatabase>> m_listed;
     NotesView *m_notes;
+    UndoBar *m_undoBar;
     QMenu *m_toolsMenu = nullptr;
+    QAction *m_createAction = nullptr;
     QAction *m_renameAction = nullptr;
     QAction *m_openAction = nullptr;
     QAction *m_exportAction = nullptr;
+    QAction *m_deleteAction = nullptr;
+    QAction *m_restoreAction = nullptr;
     QAction *m_exportNoteAction = nullptr;
     QAction *m_versionsAction = nullptr;
     QAction *m_deletedAction = nullptr;

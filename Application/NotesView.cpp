@@ -691,6 +691,11 @@ void NotesView::rememberDeletion(const Note &note, const QString &undoTitle) {
     updateUndoAction();
 }
 
+void NotesView::forgetDeletions(const std::shared_ptr<NoteDatabase> &database) {
+    m_deletions.removeIf([&](const Deletion &deletion) { return deletion.database == database; });
+    updateUndoAction();
+}
+
 void NotesView::updateUndoAction() {
     m_undoAction->setEnabled(!m_deletions.isEmpty());
     m_undoAction->setText(m_deletions.isEmpty() ? tr("&Undo Delete Note")

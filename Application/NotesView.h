@@ -49,6 +49,8 @@ public:
     /// a conflicting edit, in its database. Owned by this view; disabled while there is no such
     /// note.
     QAction *undoAction() const { return m_undoAction; }
+    /// Lets the action undo nothing in `database`, which was deleted.
+    void forgetDeletions(const std::shared_ptr<NoteDatabase> &database);
     /// Returns the note that is shown, without unsaved edits; no UUID while there is none.
     const Note &note() const { return m_note; }
     /// Selects the note with the UUID of `note`, unless the user does not leave the shown one. Has

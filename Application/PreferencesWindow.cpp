@@ -8,16 +8,15 @@
 #include "Application/LocationRemovals.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/SaveLocations.h"
+#include "Application/UndoBar.h"
 #include "Application/WindowMemory.h"
 #include "Application/WindowSize.h"
 #include "Host/PaneSelection.h"
 #include "Host/QVLocationEditing.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Mnemonics.h"
-#include "Platform/Interface/NotificationLabel.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/PreferencePane.h"
-#include "Platform/Interface/TextLabel.h"
 
 namespace {
 
@@ -64,35 +63,27 @@ void PreferencesWindow::showRemovals(
     std::function<Expected<std::unique_ptr<PreferencePane>>()> makePane) {
     m_removals = removals;
     m_makePane = std::move(makePane);
-    m_removalBar = new QWidget;
-    m_removalBar->hide();
+    m_removalBar = new UndoBar;
     m_removalBar->setObjectName(QStringLiteral("removalBar"));
-    m_removalLabel = new NotificationLabel;
-    m_removalLabel->setWordWrap(true);
-    auto *button = new QPushButton(tr("&Undo"));
-    connect(button, &QPushButton::clicked, this, &PreferencesWindow::undoRemoval);
-    auto *barLayout = new QHBoxLayout(m_removalBar);
-    barLayout->setContentsMargins(16, 0, 16, 12);
-    barLayout->addWidget(m_removalLabel, 1);
-    barLayout->addWidget(button);
+    m_removalBar->layout()->setContentsMargins(16, 0, 16, 12);
+    connect(m_removalBar, &UndoBar::undoRequested, this, &PreferencesWindow::undoRemoval);
     layout()->addWidget(m_removalBar);
     connect(m_removals, &LocationRemovals::changed, this, &PreferencesWindow::updateRemovals);
     updateRemovals();
 }
 
 void PreferencesWindow::updateRemovals() {
-    m_removalLabel->setText(
-        PlainText::message(tr("“%1” was removed. Its ticks and schedules can be restored with it.")
-                               .arg(m_removals->title())));
-    const bool isVisible = !m_removalBar->isHidden();
-    if (isVisible == !m_removals->isEmpty()) {
-        return;
-    }
-    const int height = m_removalBar->sizeHint().height();
-    m_removalBar->setVisible(!isVisible);
-    if (!isMaximized()) {
+    const bool wasVisible = !m_removalBar->isHidden();
+    m_removalBar->setText(
+        m_removals->isEmpty()
+            ? QString()
+            : PlainText::message(
+                  tr("“%1” was removed. Its ticks and schedules can be restored with it.")
+                      .arg(m_removals->title())));
+    if (wasVisible == m_removals->isEmpty() && !isMaximized()) {
         // The pane keeps its size.
-        resize(size() + QSize(0, isVisible ? -height : height));
+        const int height = m_removalBar->sizeHint().height();
+        resize(size() + QSize(0, wasVisible ? -height : height));
     }
 }
 

@@ -8,9 +8,9 @@
 #include "Platform/Foundation/Expected.h"
 
 class LocationRemovals;
-class NotificationLabel;
 class PreferencePane;
 class QVSyncLocation;
+class UndoBar;
 
 /// A window that shows a preference pane. It deletes itself when it is closed. Must be used on the
 /// main thread.
@@ -69,9 +69,8 @@ private:
     std::unique_ptr<PreferencePane> m_pane;
     bool m_closesInAnyCase = false;
     bool m_remembers = false;
-    /// Null before showRemovals(), as are the widgets.
+    /// Null before showRemovals(), as is the bar.
     LocationRemovals *m_removals = nullptr;
     std::function<Expected<std::unique_ptr<PreferencePane>>()> m_makePane;
-    QWidget *m_removalBar = nullptr;
-    NotificationLabel *m_removalLabel = nullptr;
+    UndoBar *m_removalBar = nullptr;
 };

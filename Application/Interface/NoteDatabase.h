@@ -81,6 +81,8 @@ public:
     /// Returns the edit that the revision of `note` names, shown as `note`, with its text. Fails if
     /// the edit was replaced or removed meanwhile.
     virtual Expected<Note> completeNote(const Note &note) const = 0;
+    /// Returns the number of notes; conflicting edits of a note count as one. Counts them: O(n).
+    virtual Expected<qint64> countOfNotes() const = 0;
     /// Returns the number of notes that have conflicting edits.
     virtual Expected<qint64> countOfConflicts() const = 0;
     /// Adds `note` or replaces the edit that its revision names, and updates `note.UUID` and

@@ -37,6 +37,17 @@ public:
     /// closed.
     virtual Expected<void> closeDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
 
+    /// Deletes `database`, which must not be null nor the inbox: it is no longer known, it is not
+    /// synchronized any more, and its states are disabled. Sync locations keep it. It can be
+    /// restored within RemovalUndoTime, as long as the profile is open; after that, or at the next
+    /// start, the profile forgets its notes with their versions, its states and its schedules.
+    virtual Expected<void> deleteDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
+    /// Returns the databases that can be restored; the one deleted last comes last.
+    virtual QList<std::shared_ptr<NoteDatabase>> deletedDatabases() const = 0;
+    /// Restores a database of `deletedDatabases()`, with its notes, states and schedules; it is
+    /// open if it was. Fails if it can no longer be restored.
+    virtual Expected<void> restoreDatabase(const std::shared_ptr<NoteDatabase> &database) = 0;
+
     /// Returns the limits for replaced and deleted notes, or the defaults if none were set.
     virtual Expected<HistoryLimits> historyLimits() const = 0;
     /// Returns how many versions setHistoryLimits() would remove now. Changes nothing.
@@ -45,6 +56,9 @@ public:
     virtual Expected<void> setHistoryLimits(const HistoryLimits &limits) = 0;
 
 Q_SIGNALS:
-    /// Emitted after a database was created or arrived by a synchronization.
+    /// Emitted after a database was created or arrived by a synchronization, or was deleted or
+    /// restored.
     void knownDatabasesChanged();
+    /// Emitted after `deletedDatabases()` has changed.
+    void deletedDatabasesChanged();
 };

@@ -1,6 +1,7 @@
 #include "Engine/Locations/EngineLocationsController.h"
 
 #include <QtCore/QUuid>
+#include <algorithm>
 
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Locations/FailureText.h"
@@ -122,6 +123,27 @@ void EngineLocationsController::removeObjectFromSyncLocationsAtIndex(qsizetype i
     if (index >= 0 && index < m_locations.size()) {
         const QString identifier = m_locations.takeAt(index)->identifier();
         Q_EMIT locationRemoved(identifier);
+    }
+}
+
+QList<std::shared_ptr<EngineSyncState>> EngineLocationsController::statesOf(
+    const QString &UUID) const {
+    QList<std::shared_ptr<EngineSyncState>> states;
+    for (const auto &location : m_locations) {
+        const auto &all = location->engineStates();
+        std::copy_if(all.begin(), all.end(), std::back_inserter(states),
+                     [&](const auto &state) { return state->databaseUUID() == UUID; });
+    }
+    return states;
+}
+
+Expected<void> EngineLocationsController::deleteStates(const QString &UUID) const {
+    return m_profile.run(QStringLiteral("DELETE FROM states WHERE database_uuid = ?"), {UUID});
+}
+
+void EngineLocationsController::forgetStates(const QString &UUID) {
+    for (const auto &location : std::as_const(m_locations)) {
+        location->removeState(UUID);
     }
 }
 

@@ -45,6 +45,14 @@ public:
     /// one now, as if a location of that URL had been removed.
     bool save(std::optional<Error> *error) override;
 
+    /// Returns the states of the database that stores name `UUID`, at all listed locations.
+    QList<std::shared_ptr<EngineSyncState>> statesOf(const QString &UUID) const;
+    /// Deletes these states, of all saved locations, from the profile. Must be called within a
+    /// transaction of it, and be followed by forgetStates() once that is durable.
+    Expected<void> deleteStates(const QString &UUID) const;
+    /// Removes these states from the listed locations.
+    void forgetStates(const QString &UUID);
+
     /// Return the identifiers of the locations whose removal was saved, and the URL that such a
     /// location had; empty if the removal of `identifier` is not recorded. Adding the location
     /// again removes the record.

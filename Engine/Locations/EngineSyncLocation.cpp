@@ -62,6 +62,14 @@ void EngineSyncLocation::restoreState(const QString &databaseUUID, const QString
     }
 }
 
+void EngineSyncLocation::removeState(const QString &databaseUUID) {
+    if (const std::shared_ptr<EngineSyncState> removed = m_stateByUUID.take(databaseUUID)) {
+        m_states.removeOne(removed);
+        m_engineStates.removeOne(removed);
+        KeyValue::announce<&QVSyncLocation::synchronizationStatesChanged>(this);
+    }
+}
+
 std::shared_ptr<EngineSyncState> EngineSyncLocation::insertState(
     const QString &databaseUUID, const QString &databaseName,
     const EngineSyncState::Values &values) {

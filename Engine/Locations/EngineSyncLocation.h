@@ -52,8 +52,10 @@ public:
     /// `databaseUUID` is empty or has a state already.
     void restoreState(const QString &databaseUUID, const QString &databaseName,
                       const EngineSyncState::Values &values);
+    /// Removes the state of a database that was deleted, if there is one, and announces that.
+    void removeState(const QString &databaseUUID);
     /// Returns the states in the order of synchronizationStates(). The reference is valid as long
-    /// as this object; states are added to it but never removed.
+    /// as this object.
     const QList<std::shared_ptr<EngineSyncState>> &engineStates() const { return m_engineStates; }
 
 private:

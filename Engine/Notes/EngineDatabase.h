@@ -54,6 +54,7 @@ public:
     Expected<QList<NoteRow>> rows(qint64 from, int count) const override;
     Expected<QList<NoteRow>> rowsAt(qint64 position) const override;
     Expected<Note> completeNote(const Note &note) const override;
+    Expected<qint64> countOfNotes() const override { return m_log.countOfNotes(); }
     Expected<bool> hasMoreEdits(const QString &UUID, qsizetype count) const override;
     Expected<qint64> countOfConflicts() const override;
     Expected<void> saveNote(Note &note) override;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/DeletedDatabase.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/InboxUUID.h"
 #include "Host/Notifications.h"
@@ -38,7 +39,8 @@ Expected<void> EngineNoteLibrary::load() {
     if (Expected<void> done = m_profile.read(
             QStringLiteral("SELECT id, uuid, CAST(name AS BLOB), is_inbox, is_open,"
                            " (SELECT max(id) FROM operations WHERE database = databases.id)"
-                           " FROM databases ORDER BY is_inbox DESC, id"),
+                           " FROM databases WHERE NOT %1 ORDER BY is_inbox DESC, id")
+                .arg(DeletedDatabase::Condition),
             {},
             [this](const QSqlQuery &row) {
                 append({row.value(0).toLongLong(), row.value(1).toString(),
@@ -99,12 +101,16 @@ Expected<void> EngineNoteLibrary::createDatabase(const QString &name) {
 }
 
 Expected<void> EngineNoteLibrary::importDatabase(const QString &UUID, const QString &name) {
+    if (const auto deleted = deletedDatabase(UUID)) {
+        return restoreDatabase(deleted);
+    }
     EngineDatabase::Row row{.UUID = UUID, .name = name};
     return m_profile
         .write([&] {
-            return NoteLog::insertDatabase(m_profile, UUID, name).map([&](qint64 id) {
-                row.id = id;
-            });
+            // One that was deleted in a former run, and could not be erased yet.
+            return DeletedDatabase::erase(m_profile, UUID)
+                .and_then([&] { return NoteLog::insertDatabase(m_profile, UUID, name); })
+                .map([&](qint64 id) { row.id = id; });
         })
         .map([&] { add(row); });
 }
@@ -154,6 +160,68 @@ Expected<void> EngineNoteLibrary::closeDatabase(const std::shared_ptr<NoteDataba
     }
     return own(database)->setOpen(false).map(
         [&] { post(QVSyncPluginDidCloseDatabase, database.get()); });
+}
+
+Expected<void> EngineNoteLibrary::deleteDatabase(const std::shared_ptr<NoteDatabase> &database) {
+    requireParameter(!database->isInbox(), "!database->isInbox()",
+                     "EngineNoteLibrary::deleteDatabase", "Engine/Notes/EngineNoteLibrary");
+    const auto deleted = own(database);
+    return DeletedDatabase::mark(m_profile, deleted->UUID()).map([&] {
+        m_databases.removeOne(deleted);
+        m_databaseByUUID.remove(deleted->UUID());
+        m_deleted.append(deleted);
+        Q_EMIT databaseDeleted(deleted->UUID());
+        Q_EMIT knownDatabasesChanged();
+        if (deleted->isOpen()) {
+            post(QVSyncPluginDidCloseDatabase, deleted.get());
+        }
+        Q_EMIT deletedDatabasesChanged();
+    });
+}
+
+QList<std::shared_ptr<NoteDatabase>> EngineNoteLibrary::deletedDatabases() const {
+    return {m_deleted.begin(), m_deleted.end()};
+}
+
+std::shared_ptr<EngineDatabase> EngineNoteLibrary::deletedDatabase(const QString &UUID) const {
+    const auto found = std::find_if(m_deleted.begin(), m_deleted.end(),
+                                    [&](const auto &deleted) { return deleted->UUID() == UUID; });
+    return found == m_deleted.end() ? nullptr : *found;
+}
+
+Expected<void> EngineNoteLibrary::restoreDatabase(const std::shared_ptr<NoteDatabase> &database) {
+    const auto restored = deletedDatabase(database->UUID());
+    if (!restored || restored != database) {
+        return failure(engineError(EngineErrorCode::InvalidDatabase,
+                                   "“%1” can no longer be restored here. If a sync location has "
+                                   "it, import it from there.",
+                                   database->name()));
+    }
+    return DeletedDatabase::unmark(m_profile, restored->UUID()).map([&] {
+        m_deleted.removeOne(restored);
+        const auto next = std::upper_bound(
+            m_databases.begin() + 1, m_databases.end(), restored,
+            [](const auto &a, const auto &b) { return a->log().database() < b->log().database(); });
+        m_databases.insert(next, restored);
+        m_databaseByUUID.insert(restored->UUID(), restored);
+        Q_EMIT databaseRestored(restored->UUID());
+        Q_EMIT knownDatabasesChanged();
+        if (restored->isOpen()) {
+            post(QVSyncPluginDidOpenDatabase, restored.get());
+        }
+        Q_EMIT deletedDatabasesChanged();
+    });
+}
+
+Expected<void> EngineNoteLibrary::eraseDeleted(const QString &UUID,
+                                               const std::function<Expected<void>()> &changes) {
+    return m_profile
+        .write([&] { return DeletedDatabase::erase(m_profile, UUID).and_then(changes); })
+        .map([&] {
+            if (m_deleted.removeOne(deletedDatabase(UUID))) {
+                Q_EMIT deletedDatabasesChanged();
+            }
+        });
 }
 
 Expected<HistoryLimits> EngineNoteLibrary::historyLimits() const {

@@ -35,15 +35,20 @@ public:
     /// Passes what was found to be damaged to EngineDatabase::addDamaged.
     void addDamage(const NoteInspection::Damage &damage);
     /// Creates a local database for one that exists in a store. It has no operations yet. `UUID`
-    /// must be valid and not be in use. The database is open afterwards.
+    /// must be valid and not be in use. The database is open afterwards. A deleted database of this
+    /// UUID is restored instead, if it still can be.
     Expected<void> importDatabase(const QString &UUID, const QString &name);
     /// Calls EngineDatabase::merge for `database`, and posts QVDatabaseRenamedNotification if the
     /// name has changed.
     Expected<void> merge(const std::shared_ptr<EngineDatabase> &database, const Merge &merge,
                          const std::function<Expected<void>()> &changes);
 
-    /// For the contracts of these functions see NoteLibrary. Databases are never removed from the
-    /// list.
+    /// Erases a database that was deleted, and calls `changes`, in one transaction. It can no
+    /// longer be restored then. Has no effect for other databases.
+    Expected<void> eraseDeleted(const QString &UUID,
+                                const std::function<Expected<void>()> &changes);
+
+    /// For the contracts of these functions see NoteLibrary.
     QList<std::shared_ptr<NoteDatabase>> knownDatabases() const override;
     std::shared_ptr<NoteDatabase> inbox() const override;
     Expected<void> createDatabase(const QString &name) override;
@@ -51,9 +56,17 @@ public:
                                   const QString &name) override;
     Expected<void> openDatabase(const std::shared_ptr<NoteDatabase> &database) override;
     Expected<void> closeDatabase(const std::shared_ptr<NoteDatabase> &database) override;
+    Expected<void> deleteDatabase(const std::shared_ptr<NoteDatabase> &database) override;
+    QList<std::shared_ptr<NoteDatabase>> deletedDatabases() const override;
+    Expected<void> restoreDatabase(const std::shared_ptr<NoteDatabase> &database) override;
     Expected<HistoryLimits> historyLimits() const override;
     Expected<qint64> countOfVersionsBeyond(const HistoryLimits &limits) const override;
     Expected<void> setHistoryLimits(const HistoryLimits &limits) override;
+
+Q_SIGNALS:
+    /// Emitted after the database was deleted or restored, before that is announced otherwise.
+    void databaseDeleted(const QString &UUID);
+    void databaseRestored(const QString &UUID);
 
 private:
     /// Returns `database` as this library's own; another library's is a programming error.
@@ -62,8 +75,12 @@ private:
     /// posts that it was opened.
     void add(const EngineDatabase::Row &row);
     void append(const EngineDatabase::Row &row);
+    /// Returns the deleted database with this UUID, or null.
+    std::shared_ptr<EngineDatabase> deletedDatabase(const QString &UUID) const;
 
     const ProfileDatabase &m_profile;
     QList<std::shared_ptr<EngineDatabase>> m_databases;
     QHash<QString, std::shared_ptr<EngineDatabase>> m_databaseByUUID;
+    /// Those that were deleted since the profile was opened.
+    QList<std::shared_ptr<EngineDatabase>> m_deleted;
 };

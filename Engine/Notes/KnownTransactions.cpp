@@ -207,6 +207,13 @@ Expected<void> KnownTransactions::forgetStore(const ProfileDatabase &profile,
         .and_then([&] { return LostOperations::forgetStore(profile, store); });
 }
 
+Expected<void> KnownTransactions::forgetDatabase(const ProfileDatabase &profile, qint64 database) {
+    const QString key = QString::number(database) + u' ';
+    return ProfileSettings::removeAll(profile, VerifiedPrefix + key)
+        .and_then([&] { return ProfileSettings::removeAll(profile, RewrittenPrefix + key); })
+        .and_then([&] { return LostOperations::forgetDatabase(profile, database); });
+}
+
 Expected<QString> KnownTransactions::lastVerified() const {
     return setting(key(VerifiedPrefix));
 }

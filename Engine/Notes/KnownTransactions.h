@@ -58,6 +58,9 @@ public:
     /// Removes what the profile contains for the store `store` and all databases. Must be called
     /// within a transaction of the profile.
     static Expected<void> forgetStore(const ProfileDatabase &profile, const QString &store);
+    /// Removes what the profile contains for the database `database` and all stores, except the
+    /// rows that are removed with that of the database. Must be called within a transaction.
+    static Expected<void> forgetDatabase(const ProfileDatabase &profile, qint64 database);
 
     /// Returns the name up to which the records were verified, in the order of their names, or an
     /// empty string.

@@ -118,3 +118,7 @@ Expected<QSet<OperationId>> LostOperations::all(const ProfileDatabase &profile, 
 Expected<void> LostOperations::forgetStore(const ProfileDatabase &profile, const QString &store) {
     return ProfileSettings::removeAll(profile, Prefix, u' ' + store);
 }
+
+Expected<void> LostOperations::forgetDatabase(const ProfileDatabase &profile, qint64 database) {
+    return ProfileSettings::removeAll(profile, prefixOf(database));
+}

@@ -36,6 +36,8 @@ public:
     /// Removes what is remembered for the store `store` and all databases. Must be called within a
     /// transaction of the profile.
     static Expected<void> forgetStore(const ProfileDatabase &profile, const QString &store);
+    /// The same for the database `database` and all stores.
+    static Expected<void> forgetDatabase(const ProfileDatabase &profile, qint64 database);
 
 private:
     /// Returns whether the operation is current or superseded. `query` takes the database and the

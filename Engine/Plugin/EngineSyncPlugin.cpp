@@ -33,6 +33,8 @@ EngineSyncPlugin::EngineSyncPlugin(const ProfileDatabase &profile, EngineNoteLib
       m_dispatcher(std::make_unique<EngineDispatcher>(profile, library, *m_locationsController)),
       m_removedLocations(
           std::make_unique<RemovedLocations>(profile, *m_locationsController, *m_kinds)),
+      m_deletedDatabases(std::make_unique<DeletedDatabases>(profile, library,
+                                                            *m_locationsController, *m_dispatcher)),
       m_server(std::make_unique<DirectConnectionServer>(profile)) {
     connect(m_locationsController.get(), &EngineLocationsController::locationRemoved, this,
             [this](const QString &identifier) { m_context.httpSessions->forget(identifier); });
@@ -50,9 +52,11 @@ Expected<void> EngineSyncPlugin::load() {
     m_localStore = std::make_shared<LocalStore>(newLocation(Url::fileURL(m_profile.directory())),
                                                 m_context.storeOperations, m_profile.path());
     const auto servedDatabases = std::make_shared<ServedDatabases>(m_profile);
-    if (Expected<void> loaded = m_context.load()
-                                    .and_then([this] { return m_locationsController->load(); })
-                                    .and_then([&] { return servedDatabases->load(); });
+    if (Expected<void> loaded =
+            m_context.load()
+                .and_then([this] { return m_locationsController->load(); })
+                .and_then([&] { return servedDatabases->load(); })
+                .and_then([&] { return m_deletedDatabases->load(servedDatabases); });
         !loaded) {
         return loaded;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Engine/Locations/EngineLocationsController.h"
+#include "Engine/Plugin/DeletedDatabases.h"
 #include "Engine/Plugin/EngineContext.h"
 #include "Engine/Plugin/RemovedLocations.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
@@ -35,10 +36,15 @@ public:
     /// Errors are presented to the user from the event loop, see
     /// QVDirectConnectionServer::startServing().
     void startServer();
-    /// Forgets what was kept for locations that were removed in former runs. Must be called after
-    /// load(). Failures are logged and do not concern the user otherwise: it is tried again in the
-    /// next run.
-    void forgetRemovedLocations() { m_removedLocations->start(); }
+    /// Forgets what was kept for databases that were deleted, and locations that were removed, in
+    /// former runs. Must be called after load(). Failures are logged and do not concern the user
+    /// otherwise: it is tried again in the next run.
+    void forgetRemovals() {
+        m_deletedDatabases->start();
+        m_removedLocations->start();
+    }
+    /// Owned by this object.
+    DeletedDatabases &deletedDatabases() { return *m_deletedDatabases; }
     /// Owned by this object.
     RemovedLocations &removedLocations() { return *m_removedLocations; }
     /// Returns a new location that is in no list. Never null. `URL` may be nil. It is not saved
@@ -81,6 +87,7 @@ private:
     const std::unique_ptr<EngineLocationsController> m_locationsController;
     const std::unique_ptr<EngineDispatcher> m_dispatcher;
     const std::unique_ptr<RemovedLocations> m_removedLocations;
+    const std::unique_ptr<DeletedDatabases> m_deletedDatabases;
     /// Null before load(), as is the synchronizer.
     std::shared_ptr<LocalStore> m_localStore;
     std::unique_ptr<ServedStoreSynchronizer> m_servedStoreSynchronizer;

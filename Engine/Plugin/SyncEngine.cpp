@@ -124,7 +124,7 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
     }
     if (m_isOpen && use == ProfileUse::Run) {
         m_plugin.startServer();
-        m_plugin.forgetRemovedLocations();
+        m_plugin.forgetRemovals();
         startTriggers();
         m_backups.start(m_profile, inspection());
         m_pruning.start();

@@ -31,6 +31,7 @@ Expected<void> ProfileSettings::remove(const ProfileDatabase &profile, const QSt
 Expected<void> ProfileSettings::removeAll(const ProfileDatabase &profile, const QString &prefix,
                                           const QString &suffix) {
     return profile.run(QStringLiteral("DELETE FROM settings WHERE substr(key, 1, length(?)) = ?"
-                                      " AND substr(key, -length(?)) = ?"),
-                       {prefix, prefix, suffix, suffix});
+                                      " AND (length(?) = 0 OR substr(key, -length(?)) = ?)"),
+                       {prefix, prefix, ProfileDatabase::text(suffix),
+                        ProfileDatabase::text(suffix), ProfileDatabase::text(suffix)});
 }

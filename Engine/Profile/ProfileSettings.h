@@ -20,8 +20,9 @@ Expected<QMap<QString, QVariant>> values(const ProfileDatabase &profile, const Q
 Expected<void> set(const ProfileDatabase &profile, const QString &key, const QVariant &value);
 /// Removes the value of `key`, if there is one.
 Expected<void> remove(const ProfileDatabase &profile, const QString &key);
-/// Removes the values of all keys that begin with `prefix` and end with `suffix`.
+/// Removes the values of all keys that begin with `prefix` and, if it is not empty, end with
+/// `suffix`.
 Expected<void> removeAll(const ProfileDatabase &profile, const QString &prefix,
-                         const QString &suffix);
+                         const QString &suffix = {});
 
 }  // namespace ProfileSettings

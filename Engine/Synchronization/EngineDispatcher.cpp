@@ -177,6 +177,11 @@ void EngineDispatcher::cancelJobsOfLocation(const QString &identifier) {
     cancelJobs([&](const Entry &entry) { return entry.job->subject().store == identifier; });
 }
 
+void EngineDispatcher::cancelJobsOfDatabase(const QString &UUID) {
+    m_asked.remove(UUID);
+    cancelJobs([&](const Entry &entry) { return entry.job->subject().databaseUUID == UUID; });
+}
+
 void EngineDispatcher::cancelDisabledJobs() {
     cancelJobs([](const Entry &entry) { return entry.state && !entry.state->isEnabled(); });
 }

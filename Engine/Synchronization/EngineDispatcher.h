@@ -61,6 +61,8 @@ public:
     /// Cancels the jobs of the location `identifier` like stop(), and leaves the others alone. Has
     /// no effect if there are none.
     void cancelJobsOfLocation(const QString &identifier);
+    /// The same for the jobs of the database that stores name `UUID`, which was deleted.
+    void cancelJobsOfDatabase(const QString &UUID);
 
 Q_SIGNALS:
     /// Emitted at most ten times a second while a job runs, and once when none does any more.

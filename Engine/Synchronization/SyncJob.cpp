@@ -5,6 +5,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/ParallelCalls.h"
+#include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/RecordTiers.h"
 #include "Host/SyncStrings.h"
@@ -81,8 +82,7 @@ void SyncJob::finishStep(const Expected<void> &result) {
     if (!m_handler) {
         return;
     }
-    m_result = result.and_then(
-        [this] { return m_session ? m_session->accessProfile() : Expected<void>(); });
+    m_result = result.and_then([this] { return accessProfile(); });
     if (!m_result && m_isCompacting) {
         if (!isEngineError(m_result.error(), EngineErrorCode::Cancelled)) {
             m_problems.add(compactionFailed(m_result.error()));
@@ -92,6 +92,17 @@ void SyncJob::finishStep(const Expected<void> &result) {
         return;
     }
     continueJob();
+}
+
+Expected<void> SyncJob::accessProfile() {
+    if (!m_session) {
+        return {};
+    }
+    // The user may have deleted the database: a cancelled job must not import it again.
+    if (m_future->isCancelled() && !m_library.synchronizedDatabase(m_subject.databaseUUID)) {
+        return failure(operationCancelled());
+    }
+    return m_session->accessProfile();
 }
 
 Error SyncJob::compactionFailed(const Error &reason) const {

@@ -60,6 +60,8 @@ public:
     }
 
 private:
+    /// Lets the session use the profile.
+    Expected<void> accessProfile();
     /// Starts the next step, or ends the job if there is none or an error occurred.
     void continueJob();
     /// Opens the store and performs the first step of the first session: at the same time, if the

@@ -1877,6 +1877,14 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Schedule of “%1”</source>
         <translation>الجدول الزمني لـ «⁨%1⁩»</translation>
     </message>
+    <message>
+        <source>“%1” can no longer be restored here. If a sync location has it, import it from there.</source>
+        <translation>لم تعد استعادة «⁨%1⁩» ممكنة هنا. إذا كانت في موقع مزامنة، فاستوردها منه.</translation>
+    </message>
+    <message>
+        <source>“%1” belongs to a deleted database and cannot be deleted. Velmora tries again when it starts. Check the permissions.</source>
+        <translation>ينتمي «⁨%1⁩» إلى قاعدة بيانات محذوفة ولا يمكن حذفه. يعيد Velmora المحاولة عند بدء التشغيل. تحقق من الأذونات.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

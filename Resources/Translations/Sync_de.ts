@@ -1853,6 +1853,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>Schedule of “%1”</source>
         <translation>Zeitplan von „%1“</translation>
     </message>
+    <message>
+        <source>“%1” can no longer be restored here. If a sync location has it, import it from there.</source>
+        <translation>„%1“ kann hier nicht mehr wiederhergestellt werden. Wenn ein Sync-Ort die Datenbank hat, importieren Sie sie von dort.</translation>
+    </message>
+    <message>
+        <source>“%1” belongs to a deleted database and cannot be deleted. Velmora tries again when it starts. Check the permissions.</source>
+        <translation>„%1“ gehört zu einer gelöschten Datenbank und kann nicht gelöscht werden. Velmora versucht es beim nächsten Start wieder. Prüfen Sie die Berechtigungen.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

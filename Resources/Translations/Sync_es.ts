@@ -1853,6 +1853,14 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <source>Schedule of “%1”</source>
         <translation>Programación de «%1»</translation>
     </message>
+    <message>
+        <source>“%1” can no longer be restored here. If a sync location has it, import it from there.</source>
+        <translation>«%1» ya no se puede restaurar aquí. Si una ubicación de sincronización la tiene, impórtela desde allí.</translation>
+    </message>
+    <message>
+        <source>“%1” belongs to a deleted database and cannot be deleted. Velmora tries again when it starts. Check the permissions.</source>
+        <translation>«%1» pertenece a una base de datos eliminada y no se puede eliminar. Velmora lo intentará de nuevo al iniciarse. Compruebe los permisos.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

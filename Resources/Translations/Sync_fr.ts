@@ -1853,6 +1853,14 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <source>Schedule of “%1”</source>
         <translation>Planification de « %1 »</translation>
     </message>
+    <message>
+        <source>“%1” can no longer be restored here. If a sync location has it, import it from there.</source>
+        <translation>« %1 » ne peut plus être restaurée ici. Si un emplacement de synchronisation la contient, importez-la depuis celui-ci.</translation>
+    </message>
+    <message>
+        <source>“%1” belongs to a deleted database and cannot be deleted. Velmora tries again when it starts. Check the permissions.</source>
+        <translation>« %1 » appartient à une base de données supprimée et ne peut pas être supprimé. Velmora réessaiera à son démarrage. Vérifiez les droits d’accès.</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1847,6 +1847,14 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Schedule of “%1”</source>
         <translation>「%1」のスケジュール</translation>
     </message>
+    <message>
+        <source>“%1” can no longer be restored here. If a sync location has it, import it from there.</source>
+        <translation>「%1」はここではもう復元できません。同期先にある場合は、そこからインポートしてください。</translation>
+    </message>
+    <message>
+        <source>“%1” belongs to a deleted database and cannot be deleted. Velmora tries again when it starts. Check the permissions.</source>
+        <translation>「%1」は削除されたデータベースのものですが、削除できません。Velmoraは次の起動時に再試行します。アクセス権を確認してください。</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -520,6 +520,22 @@
         <source>The text of “%1”, which could not be saved before, is saved.</source>
         <translation>حُفظ نص «⁨%1⁩» الذي تعذر حفظه سابقًا.</translation>
     </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>حذف (&amp;D)…</translation>
+    </message>
+    <message>
+        <source>Res&amp;tore Deleted Database</source>
+        <translation>استعادة قاعدة البيانات المحذوفة (&amp;T)</translation>
+    </message>
+    <message>
+        <source>The inbox cannot be deleted, because every profile has one. You can delete its notes.</source>
+        <translation>لا يمكن حذف الوارد لأن لكل ملف تعريف واردًا واحدًا. يمكنك حذف ملاحظاته.</translation>
+    </message>
+    <message>
+        <source>“%1” was deleted. For ten minutes it can be restored with its notes, ticks and schedules.</source>
+        <translation>حُذفت «⁨%1⁩». يمكن استعادتها خلال عشر دقائق مع ملاحظاتها وعلاماتها وجداولها الزمنية.</translation>
+    </message>
 </context>
 <context>
     <name>NotesView</name>
@@ -597,10 +613,6 @@
 </context>
 <context>
     <name>PreferencesWindow</name>
-    <message>
-        <source>&amp;Undo</source>
-        <translation>تراجع (&amp;U)</translation>
-    </message>
     <message>
         <source>“%1” was removed. Its ticks and schedules can be restored with it.</source>
         <translation>أُزيل «⁨%1⁩». يمكن استعادته مع علاماته وجداوله الزمنية.</translation>
@@ -1189,6 +1201,67 @@
     <message>
         <source>Choose first where these databases are.</source>
         <translation>اختر أولًا مكان قواعد البيانات هذه.</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>تراجع (&amp;U)</translation>
+    </message>
+</context>
+<context>
+    <name>DeletionQuestion</name>
+    <message>
+        <source>Delete the database “%1”?</source>
+        <translation>هل تريد حذف قاعدة البيانات «⁨%1⁩»؟</translation>
+    </message>
+    <message numerus="yes">
+        <source>Its %1 notes are deleted on this computer, with their earlier versions.</source>
+        <translation>
+            <numerusform>ستُحذف من هذا الكمبيوتر ملاحظاتها وعددها %1 مع إصداراتها السابقة.</numerusform>
+            <numerusform>ستُحذف من هذا الكمبيوتر ملاحظاتها وعددها %1 مع إصداراتها السابقة.</numerusform>
+            <numerusform>ستُحذف من هذا الكمبيوتر ملاحظاتها وعددها %1 مع إصداراتها السابقة.</numerusform>
+            <numerusform>ستُحذف من هذا الكمبيوتر ملاحظاتها وعددها %1 مع إصداراتها السابقة.</numerusform>
+            <numerusform>ستُحذف من هذا الكمبيوتر ملاحظاتها وعددها %1 مع إصداراتها السابقة.</numerusform>
+            <numerusform>ستُحذف من هذا الكمبيوتر ملاحظاتها وعددها %1 مع إصداراتها السابقة.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Its notes are deleted on this computer, with their earlier versions.</source>
+        <translation>ستُحذف ملاحظاتها من هذا الكمبيوتر مع إصداراتها السابقة.</translation>
+    </message>
+    <message>
+        <source>It has no notes.</source>
+        <translation>لا تحتوي على ملاحظات.</translation>
+    </message>
+    <message>
+        <source>You can undo this for ten minutes, unless you quit Velmora.</source>
+        <translation>يمكنك التراجع عن ذلك خلال عشر دقائق ما لم تُنهِ Velmora.</translation>
+    </message>
+    <message>
+        <source>These locations keep the database, and you can import it from them: %1.</source>
+        <translation>تحتفظ هذه المواقع بقاعدة البيانات ويمكنك استيرادها منها: ⁨%1⁩.</translation>
+    </message>
+    <message>
+        <source>Your latest changes are not there yet: %1.</source>
+        <translation>تغييراتك الأخيرة ليست هناك بعد: ⁨%1⁩.</translation>
+    </message>
+    <message>
+        <source>No sync location has a copy of it. To keep one, choose “Database”, “Export…” first.</source>
+        <translation>لا توجد نسخة منها في أي موقع مزامنة. للاحتفاظ بنسخة، اختر أولًا «قاعدة البيانات» ثم «تصدير…».</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>«⁨%1⁩»</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>حذف (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>إلغاء (&amp;C)</translation>
     </message>
 </context>
 </TS>

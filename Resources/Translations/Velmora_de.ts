@@ -504,6 +504,22 @@
         <source>The text of “%1”, which could not be saved before, is saved.</source>
         <translation>Der Text von „%1“, der vorher nicht gespeichert werden konnte, ist gespeichert.</translation>
     </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>&amp;Löschen …</translation>
+    </message>
+    <message>
+        <source>Res&amp;tore Deleted Database</source>
+        <translation>Gelöschte Datenbank &amp;wiederherstellen</translation>
+    </message>
+    <message>
+        <source>The inbox cannot be deleted, because every profile has one. You can delete its notes.</source>
+        <translation>Der Eingang kann nicht gelöscht werden, weil jedes Profil einen hat. Sie können seine Notizen löschen.</translation>
+    </message>
+    <message>
+        <source>“%1” was deleted. For ten minutes it can be restored with its notes, ticks and schedules.</source>
+        <translation>„%1“ wurde gelöscht. Zehn Minuten lang kann die Datenbank mit Notizen, Häkchen und Zeitplänen wiederhergestellt werden.</translation>
+    </message>
 </context>
 <context>
     <name>NotesView</name>
@@ -581,10 +597,6 @@
 </context>
 <context>
     <name>PreferencesWindow</name>
-    <message>
-        <source>&amp;Undo</source>
-        <translation>&amp;Rückgängig</translation>
-    </message>
     <message>
         <source>“%1” was removed. Its ticks and schedules can be restored with it.</source>
         <translation>„%1“ wurde entfernt. Der Ort kann mit seinen Häkchen und Zeitplänen wiederhergestellt werden.</translation>
@@ -1145,6 +1157,63 @@
     <message>
         <source>Choose first where these databases are.</source>
         <translation>Wählen Sie zuerst, wo diese Datenbanken sind.</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+</context>
+<context>
+    <name>DeletionQuestion</name>
+    <message>
+        <source>Delete the database “%1”?</source>
+        <translation>Soll die Datenbank „%1“ gelöscht werden?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Its %1 notes are deleted on this computer, with their earlier versions.</source>
+        <translation>
+            <numerusform>Ihre %1 Notiz wird auf diesem Computer gelöscht, mit ihren früheren Fassungen.</numerusform>
+            <numerusform>Ihre %1 Notizen werden auf diesem Computer gelöscht, mit ihren früheren Fassungen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Its notes are deleted on this computer, with their earlier versions.</source>
+        <translation>Ihre Notizen werden auf diesem Computer gelöscht, mit ihren früheren Fassungen.</translation>
+    </message>
+    <message>
+        <source>It has no notes.</source>
+        <translation>Sie enthält keine Notizen.</translation>
+    </message>
+    <message>
+        <source>You can undo this for ten minutes, unless you quit Velmora.</source>
+        <translation>Sie können das zehn Minuten lang rückgängig machen, solange Sie Velmora nicht beenden.</translation>
+    </message>
+    <message>
+        <source>These locations keep the database, and you can import it from them: %1.</source>
+        <translation>Diese Orte behalten die Datenbank, und Sie können sie von dort importieren: %1.</translation>
+    </message>
+    <message>
+        <source>Your latest changes are not there yet: %1.</source>
+        <translation>Ihre letzten Änderungen sind dort noch nicht: %1.</translation>
+    </message>
+    <message>
+        <source>No sync location has a copy of it. To keep one, choose “Database”, “Export…” first.</source>
+        <translation>Kein Sync-Ort hat eine Kopie davon. Um eine zu behalten, wählen Sie zuerst „Datenbank“, „Exportieren …“.</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
     </message>
 </context>
 </TS>

@@ -504,6 +504,22 @@
         <source>The text of “%1”, which could not be saved before, is saved.</source>
         <translation>El texto de «%1», que antes no se pudo guardar, se ha guardado.</translation>
     </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>E&amp;lliminar…</translation>
+    </message>
+    <message>
+        <source>Res&amp;tore Deleted Database</source>
+        <translation>Res&amp;taurar la base de datos eliminada</translation>
+    </message>
+    <message>
+        <source>The inbox cannot be deleted, because every profile has one. You can delete its notes.</source>
+        <translation>La bandeja de entrada no se puede eliminar, porque cada perfil tiene una. Puede eliminar sus notas.</translation>
+    </message>
+    <message>
+        <source>“%1” was deleted. For ten minutes it can be restored with its notes, ticks and schedules.</source>
+        <translation>«%1» se ha eliminado. Durante diez minutos se puede restaurar con sus notas, marcas y programaciones.</translation>
+    </message>
 </context>
 <context>
     <name>NotesView</name>
@@ -581,10 +597,6 @@
 </context>
 <context>
     <name>PreferencesWindow</name>
-    <message>
-        <source>&amp;Undo</source>
-        <translation>&amp;Deshacer</translation>
-    </message>
     <message>
         <source>“%1” was removed. Its ticks and schedules can be restored with it.</source>
         <translation>«%1» se ha quitado. Se puede restaurar con sus marcas y programaciones.</translation>
@@ -1145,6 +1157,63 @@
     <message>
         <source>Choose first where these databases are.</source>
         <translation>Elija primero dónde están estas bases de datos.</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Deshacer</translation>
+    </message>
+</context>
+<context>
+    <name>DeletionQuestion</name>
+    <message>
+        <source>Delete the database “%1”?</source>
+        <translation>¿Eliminar la base de datos «%1»?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Its %1 notes are deleted on this computer, with their earlier versions.</source>
+        <translation>
+            <numerusform>Se elimina su %1 nota en este equipo, con sus versiones anteriores.</numerusform>
+            <numerusform>Se eliminan sus %1 notas en este equipo, con sus versiones anteriores.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Its notes are deleted on this computer, with their earlier versions.</source>
+        <translation>Sus notas se eliminan en este equipo, con sus versiones anteriores.</translation>
+    </message>
+    <message>
+        <source>It has no notes.</source>
+        <translation>No contiene notas.</translation>
+    </message>
+    <message>
+        <source>You can undo this for ten minutes, unless you quit Velmora.</source>
+        <translation>Puede deshacerlo durante diez minutos, mientras no salga de Velmora.</translation>
+    </message>
+    <message>
+        <source>These locations keep the database, and you can import it from them: %1.</source>
+        <translation>Estas ubicaciones conservan la base de datos y puede importarla desde ellas: %1.</translation>
+    </message>
+    <message>
+        <source>Your latest changes are not there yet: %1.</source>
+        <translation>Sus últimos cambios aún no están allí: %1.</translation>
+    </message>
+    <message>
+        <source>No sync location has a copy of it. To keep one, choose “Database”, “Export…” first.</source>
+        <translation>Ninguna ubicación de sincronización tiene una copia. Para conservar una, elija antes «Base de datos», «Exportar…».</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>«%1»</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Eliminar</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Cancelar</translation>
     </message>
 </context>
 </TS>

@@ -504,6 +504,22 @@
         <source>The text of “%1”, which could not be saved before, is saved.</source>
         <translation>Le texte de « %1 », qui n’avait pas pu être enregistré, est maintenant enregistré.</translation>
     </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>&amp;Supprimer…</translation>
+    </message>
+    <message>
+        <source>Res&amp;tore Deleted Database</source>
+        <translation>Res&amp;taurer la base de données supprimée</translation>
+    </message>
+    <message>
+        <source>The inbox cannot be deleted, because every profile has one. You can delete its notes.</source>
+        <translation>La boîte de réception ne peut pas être supprimée, car chaque profil en a une. Vous pouvez supprimer ses notes.</translation>
+    </message>
+    <message>
+        <source>“%1” was deleted. For ten minutes it can be restored with its notes, ticks and schedules.</source>
+        <translation>« %1 » a été supprimée. Pendant dix minutes, elle peut être restaurée avec ses notes, ses coches et ses planifications.</translation>
+    </message>
 </context>
 <context>
     <name>NotesView</name>
@@ -581,10 +597,6 @@
 </context>
 <context>
     <name>PreferencesWindow</name>
-    <message>
-        <source>&amp;Undo</source>
-        <translation>&amp;Annuler</translation>
-    </message>
     <message>
         <source>“%1” was removed. Its ticks and schedules can be restored with it.</source>
         <translation>« %1 » a été retiré. Il peut être rétabli avec ses cases cochées et ses planifications.</translation>
@@ -1145,6 +1157,63 @@
     <message>
         <source>Choose first where these databases are.</source>
         <translation>Choisissez d’abord où se trouvent ces bases de données.</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>DeletionQuestion</name>
+    <message>
+        <source>Delete the database “%1”?</source>
+        <translation>Supprimer la base de données « %1 » ?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Its %1 notes are deleted on this computer, with their earlier versions.</source>
+        <translation>
+            <numerusform>Sa %1 note est supprimée sur cet ordinateur, avec ses versions précédentes.</numerusform>
+            <numerusform>Ses %1 notes sont supprimées sur cet ordinateur, avec leurs versions précédentes.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Its notes are deleted on this computer, with their earlier versions.</source>
+        <translation>Ses notes sont supprimées sur cet ordinateur, avec leurs versions précédentes.</translation>
+    </message>
+    <message>
+        <source>It has no notes.</source>
+        <translation>Elle ne contient aucune note.</translation>
+    </message>
+    <message>
+        <source>You can undo this for ten minutes, unless you quit Velmora.</source>
+        <translation>Vous pouvez annuler cette action pendant dix minutes, tant que vous ne quittez pas Velmora.</translation>
+    </message>
+    <message>
+        <source>These locations keep the database, and you can import it from them: %1.</source>
+        <translation>Ces emplacements conservent la base de données, et vous pouvez l’importer depuis ceux-ci : %1.</translation>
+    </message>
+    <message>
+        <source>Your latest changes are not there yet: %1.</source>
+        <translation>Vos dernières modifications n’y sont pas encore : %1.</translation>
+    </message>
+    <message>
+        <source>No sync location has a copy of it. To keep one, choose “Database”, “Export…” first.</source>
+        <translation>Aucun emplacement de synchronisation n’en a de copie. Pour en garder une, choisissez d’abord « Base de données », « Exporter… ».</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>« %1 »</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Supprimer</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Annuler</translation>
     </message>
 </context>
 </TS>

@@ -500,6 +500,22 @@
         <source>The text of “%1”, which could not be saved before, is saved.</source>
         <translation>保存できていなかった「%1」の本文が保存されました。</translation>
     </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>削除(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>Res&amp;tore Deleted Database</source>
+        <translation>削除したデータベースを復元(&amp;T)</translation>
+    </message>
+    <message>
+        <source>The inbox cannot be deleted, because every profile has one. You can delete its notes.</source>
+        <translation>インボックスはどのプロファイルにもあるため、削除できません。その中のノートは削除できます。</translation>
+    </message>
+    <message>
+        <source>“%1” was deleted. For ten minutes it can be restored with its notes, ticks and schedules.</source>
+        <translation>「%1」を削除しました。10分間は、ノート、チェック、スケジュールとともに復元できます。</translation>
+    </message>
 </context>
 <context>
     <name>NotesView</name>
@@ -577,10 +593,6 @@
 </context>
 <context>
     <name>PreferencesWindow</name>
-    <message>
-        <source>&amp;Undo</source>
-        <translation>元に戻す(&amp;U)</translation>
-    </message>
     <message>
         <source>“%1” was removed. Its ticks and schedules can be restored with it.</source>
         <translation>「%1」を削除しました。チェックとスケジュールも含めて復元できます。</translation>
@@ -1136,6 +1148,62 @@
     <message>
         <source>Choose first where these databases are.</source>
         <translation>まず、データベースがある場所を選んでください。</translation>
+    </message>
+</context>
+<context>
+    <name>UndoBar</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>元に戻す(&amp;U)</translation>
+    </message>
+</context>
+<context>
+    <name>DeletionQuestion</name>
+    <message>
+        <source>Delete the database “%1”?</source>
+        <translation>データベース「%1」を削除しますか？</translation>
+    </message>
+    <message numerus="yes">
+        <source>Its %1 notes are deleted on this computer, with their earlier versions.</source>
+        <translation>
+            <numerusform>このコンピュータにある%1件のノートが、以前のバージョンとともに削除されます。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Its notes are deleted on this computer, with their earlier versions.</source>
+        <translation>このコンピュータにあるノートが、以前のバージョンとともに削除されます。</translation>
+    </message>
+    <message>
+        <source>It has no notes.</source>
+        <translation>ノートはありません。</translation>
+    </message>
+    <message>
+        <source>You can undo this for ten minutes, unless you quit Velmora.</source>
+        <translation>Velmoraを終了しなければ、10分間は元に戻せます。</translation>
+    </message>
+    <message>
+        <source>These locations keep the database, and you can import it from them: %1.</source>
+        <translation>次の同期先にはデータベースが残り、そこからインポートできます: %1。</translation>
+    </message>
+    <message>
+        <source>Your latest changes are not there yet: %1.</source>
+        <translation>最新の変更がまだない同期先: %1。</translation>
+    </message>
+    <message>
+        <source>No sync location has a copy of it. To keep one, choose “Database”, “Export…” first.</source>
+        <translation>どの同期先にもコピーがありません。残しておくには、先に「データベース」の「書き出す…」を選んでください。</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>「%1」</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>削除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>キャンセル(&amp;C)</translation>
     </message>
 </context>
 </TS>

@@ -385,6 +385,84 @@ private Q_SLOTS:
         QCOMPARE(databases()->currentItem()->text(), QStringLiteral("Attic"));
     }
 
+    void theInboxCannotBeDeleted() {
+        databases()->setCurrentRow(0);
+        QVERIFY(!action("Delete…")->isEnabled());
+        QVERIFY(action("Delete…")->toolTip().contains(QStringLiteral("inbox")));
+        databases()->setCurrentRow(1);
+        QVERIFY(action("Delete…")->isEnabled());
+        QVERIFY(!action("Delete…")->toolTip().contains(QStringLiteral("inbox")));
+    }
+
+    void aDatabaseIsDeletedOnlyIfTheUserConfirms() {
+        QString text;
+        QString details;
+        inDialog<QMessageBox>([&](QMessageBox &box) {
+            text = box.text();
+            details = box.informativeText();
+            QVERIFY(box.defaultButton());
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+        action("Delete…")->trigger();
+        QCOMPARE(text, QStringLiteral("Delete the database “%1”?").arg(m_plans->name()));
+        QVERIFY(details.contains(QStringLiteral("Its 2 notes ")));
+        QVERIFY(details.contains(QStringLiteral("No sync location has a copy")));
+        QCOMPARE(databases()->count(), 3);
+        QVERIFY(m_host->library().deletedDatabases().isEmpty());
+    }
+
+    void theQuestionNamesTheLocationsAndWhatTheyLack() {
+        const auto location = m_host->addLocation(m_host->makeSyncStore(QStringLiteral("Home")));
+        const auto state = m_host->addState(location, m_plans);
+        state->setEnabled(true);
+        m_host->save();
+        auto *dispatcher = m_host->engine().plugin().dispatcher();
+        const auto ask = [this] {
+            QString details;
+            inDialog<QMessageBox>([&](QMessageBox &box) {
+                details = box.informativeText();
+                box.reject();
+            });
+            action("Delete…")->trigger();
+            return details;
+        };
+        QVERIFY(ask().contains(QStringLiteral("No sync location has a copy")));
+        dispatcher->performSynchronizationsWithSynchronizationStates({state});
+        QTRY_VERIFY(dispatcher->activity().isEmpty());
+        QVERIFY(ask().contains(QStringLiteral("import it from them: “Home”")));
+        QVERIFY(!ask().contains(QStringLiteral("latest changes")));
+        typeText(QStringLiteral(" more"));
+        QVERIFY(ask().contains(QStringLiteral("not there yet: “Home”")));
+    }
+
+    void aDeletedDatabaseIsRestoredByKeyboard() {
+        const QString name = m_plans->name();
+        typeText(QStringLiteral(" typed"));
+        databases()->setFocus();
+        inDialog<QMessageBox>([](QMessageBox &box) {
+            for (QAbstractButton *button : box.buttons()) {
+                if (box.buttonRole(button) == QMessageBox::DestructiveRole) {
+                    button->click();
+                }
+            }
+        });
+        QTest::keyClick(databases(), Qt::Key_Delete);
+        QTRY_COMPARE(databases()->count(), 2);
+        QCOMPARE(databases()->currentItem()->text(), QStringLiteral("Other"));
+        QVERIFY(m_window->findChild<QWidget *>(QStringLiteral("undoBar"))->isVisible());
+        QVERIFY(!undoAction()->isEnabled());
+        QVERIFY(action("Restore Deleted Database")->isEnabled());
+        action("Restore Deleted Database")->trigger();
+        QCOMPARE(databases()->count(), 3);
+        QCOMPARE(databases()->currentItem()->text(), name);
+        QVERIFY(m_window->findChild<QWidget *>(QStringLiteral("undoBar"))->isHidden());
+        QVERIFY(savedTexts().join(u' ').contains(QStringLiteral("typed")));
+        QVERIFY(!action("Restore Deleted Database")->isEnabled());
+        // The row of the restored database follows it.
+        m_host->renameDatabase(m_plans, QStringLiteral("Later"));
+        QCOMPARE(databases()->currentItem()->text(), QStringLiteral("Later"));
+    }
+
     void theDatabaseAndTheNoteAreExportedWithWhatIsTyped() {
         typeText(QStringLiteral(" typed"));
         const QString page = m_host->directory() + QStringLiteral("/exported.md");

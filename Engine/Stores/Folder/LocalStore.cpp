@@ -3,6 +3,7 @@
 #include <QtSql/QSqlError>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/DeletedDatabase.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/InboxUUID.h"
 #include "Platform/Foundation/FileManager.h"
@@ -37,11 +38,12 @@ Expected<EngineStore::Fetched> LocalStore::fetch(const EngineFuture & /*future*/
 Expected<EngineStore::Fetched> LocalStore::databasesIn(const ReadOnlyConnection &profile) {
     Fetched fetched;
     return profile
-        .read(
-            QStringLiteral("SELECT uuid, name, is_inbox FROM databases ORDER BY is_inbox DESC, id"),
-            [&](const QSqlQuery &row) {
-                const QString UUID = row.value(2).toBool() ? InboxUUID : row.value(0).toString();
-                fetched.databases.append(record(UUID, row.value(1).toString()));
-            })
+        .read(QStringLiteral("SELECT uuid, name, is_inbox FROM databases WHERE NOT %1"
+                             " ORDER BY is_inbox DESC, id")
+                  .arg(DeletedDatabase::Condition),
+              [&](const QSqlQuery &row) {
+                  const QString UUID = row.value(2).toBool() ? InboxUUID : row.value(0).toString();
+                  fetched.databases.append(record(UUID, row.value(1).toString()));
+              })
         .map([&] { return std::move(fetched); });
 }

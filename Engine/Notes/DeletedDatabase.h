@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtCore/QStringList>
+
+#include "Platform/Foundation/Expected.h"
+
+class ProfileDatabase;
+
+/// Databases that the user has deleted. The profile records that a database is deleted, and still
+/// contains it until it is erased. Databases are named by their local UUIDs; the inbox is never
+/// deleted. Must be used on the main thread. All functions block for the profile and return an
+/// error of the code ProfileNotWritten if it cannot be read or written.
+namespace DeletedDatabase {
+
+/// An SQL expression: whether the row of the table "databases" is that of a deleted database.
+inline const QString Condition = QStringLiteral(
+    "(NOT is_inbox AND EXISTS"
+    " (SELECT 1 FROM settings WHERE key = 'deletedDatabase ' || databases.uuid))");
+
+/// Record, durably, that the database is deleted, or no longer deleted. Idempotent.
+Expected<void> mark(const ProfileDatabase &profile, const QString &UUID);
+Expected<void> unmark(const ProfileDatabase &profile, const QString &UUID);
+/// Returns the UUIDs that are marked, of databases that are not erased yet.
+Expected<QStringList> marked(const ProfileDatabase &profile);
+/// Erases a database that is marked, with its notes, their versions, and all that is known of its
+/// stores, and the mark. Has no effect without a mark. Must be called within a transaction. O(n).
+Expected<void> erase(const ProfileDatabase &profile, const QString &UUID);
+
+}  // namespace DeletedDatabase

@@ -1,0 +1,134 @@
+#include "Engine/Plugin/DeletedDatabases.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QTimer>
+
+#include "Engine/DirectConnection/DirectConnectionPackage.h"
+#include "Engine/DirectConnection/ServedDatabases.h"
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Locations/EngineLocationsController.h"
+#include "Engine/Notes/DatabaseRecord.h"
+#include "Engine/Notes/DeletedDatabase.h"
+#include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Synchronization/EngineDispatcher.h"
+#include "Host/QVJobLog.h"
+#include "Host/SyncStoreLayout.h"
+#include "Host/SyncStrings.h"
+
+namespace {
+
+void logFailureOf(const Expected<void> &result) {
+    if (!result) {
+        QVJobLog::logMessage(result.error().localizedDescription);
+    }
+}
+
+/// Removes what is at `path`, if anything. Returns whether nothing is left. Does not follow
+/// symbolic links.
+bool removePath(const QString &path) {
+    const QFileInfo info(path);
+    if (!info.exists() && !info.isSymLink()) {
+        return true;
+    }
+    return info.isDir() && !info.isSymLink() ? QDir(path).removeRecursively() : QFile::remove(path);
+}
+
+}  // namespace
+
+DeletedDatabases::DeletedDatabases(const ProfileDatabase &profile, EngineNoteLibrary &library,
+                                   EngineLocationsController &locations,
+                                   EngineDispatcher &dispatcher)
+    : m_profile(profile), m_library(library), m_locations(locations), m_dispatcher(dispatcher) {
+    connect(&library, &EngineNoteLibrary::databaseDeleted, this, &DeletedDatabases::didDelete);
+    connect(&library, &EngineNoteLibrary::databaseRestored, this, &DeletedDatabases::didRestore);
+}
+
+Expected<void> DeletedDatabases::load(std::shared_ptr<ServedDatabases> served) {
+    m_served = std::move(served);
+    return DeletedDatabase::marked(m_profile).map([this](const QStringList &UUIDs) {
+        for (const QString &UUID : UUIDs) {
+            const auto states = m_locations.statesOf(UUID);
+            for (const auto &state : states) {
+                state->setEnabled(false);
+            }
+        }
+    });
+}
+
+void DeletedDatabases::start() {
+    const Expected<QStringList> UUIDs = DeletedDatabase::marked(m_profile);
+    logFailureOf(UUIDs.map([](const auto &) {}));
+    for (const QString &UUID : UUIDs.value_or(QStringList())) {
+        forget(UUID);
+    }
+}
+
+void DeletedDatabases::didDelete(const QString &UUID) {
+    Deletion deletion{.enabledStates = m_locations.statesOf(UUID),
+                      .wasServed = m_served->contain(UUID),
+                      .number = ++m_lastNumber};
+    deletion.enabledStates.removeIf([](const auto &state) { return !state->isEnabled(); });
+    for (const auto &state : std::as_const(deletion.enabledStates)) {
+        state->setEnabled(false);
+    }
+    m_deletions.insert(UUID, deletion);
+    if (deletion.wasServed) {
+        logFailureOf(m_served->setServed(UUID, false));
+    }
+    m_dispatcher.cancelJobsOfDatabase(UUID);
+    QTimer::singleShot(m_undoTime, this, [this, UUID, number = deletion.number] {
+        if (m_deletions.value(UUID).number == number) {
+            forget(UUID);
+        }
+    });
+}
+
+void DeletedDatabases::didRestore(const QString &UUID) {
+    const Deletion deletion = m_deletions.take(UUID);
+    if (deletion.wasServed) {
+        logFailureOf(m_served->setServed(UUID, true));
+    }
+    for (const auto &state : deletion.enabledStates) {
+        state->setEnabled(true);
+    }
+    std::optional<Error> error;
+    if (!m_locations.save(&error)) {
+        logFailureOf(failure(error.value_or(Error())));
+    }
+}
+
+void DeletedDatabases::forget(const QString &UUID) {
+    // The end of the process may have come before it was excluded.
+    const Expected<void> forgotten =
+        (m_served->contain(UUID) ? m_served->setServed(UUID, false) : Expected<void>())
+            .and_then([&] { return deleteServed(UUID); })
+            .and_then([&] {
+                return m_library.eraseDeleted(UUID, [&] { return m_locations.deleteStates(UUID); });
+            });
+    logFailureOf(forgotten);
+    if (forgotten) {
+        m_locations.forgetStates(UUID);
+        m_deletions.remove(UUID);
+    }
+}
+
+Expected<void> DeletedDatabases::deleteServed(const QString &UUID) const {
+    const QString store = DirectConnectionPackage::pathInProfile(m_profile.directory());
+    if (!DatabaseRecord::isUUID(UUID) || !QFileInfo::exists(store)) {
+        return {};
+    }
+    const QStringList paths{
+        QStringLiteral("%1/%2/%3.json").arg(store, SyncStoreLayout::DatabasesFolder, UUID),
+        QStringLiteral("%1/%2/%3").arg(store, SyncStoreLayout::TransactionsFolder, UUID)};
+    for (const QString &path : paths) {
+        if (!removePath(path)) {
+            return failure(engineError(EngineErrorCode::AccessDenied,
+                                       "“%1” belongs to a deleted database and cannot be deleted. "
+                                       "Velmora tries again when it starts. Check the permissions.",
+                                       path));
+        }
+    }
+    return {};
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QList>
+#include <QtCore/QObject>
+#include <chrono>
+#include <memory>
+
+#include "Application/Interface/ProfileConstants.h"
+#include "Platform/Foundation/Expected.h"
+
+class EngineDispatcher;
+class EngineLocationsController;
+class EngineNoteLibrary;
+class EngineSyncState;
+class ProfileDatabase;
+class ServedDatabases;
+
+/// Ends the synchronization of databases that were deleted, and later forgets them: their notes,
+/// states and schedules, and their copies in the store that this computer serves. From then on,
+/// clients get nothing of such a database and cannot write it again. Sync locations are left alone.
+///
+/// A database that was deleted in a former run, whose end may have come at any moment, is forgotten
+/// at the start; what fails is logged and tried again at the next one. Must be used on the main
+/// thread.
+class DeletedDatabases : public QObject {
+    Q_OBJECT
+public:
+    /// The arguments are not owned and must outlive this object.
+    DeletedDatabases(const ProfileDatabase &profile, EngineNoteLibrary &library,
+                     EngineLocationsController &locations, EngineDispatcher &dispatcher);
+
+    /// Replaces RemovalUndoTime for later deletions.
+    void setUndoTime(std::chrono::milliseconds undoTime) { m_undoTime = undoTime; }
+    /// Disables the states of the databases that were deleted in former runs, which are not saved.
+    /// `served` must not be null. Must be called once, after the locations were loaded.
+    Expected<void> load(std::shared_ptr<ServedDatabases> served);
+    /// Forgets the databases that were deleted in former runs. Must be called once, after load().
+    void start();
+
+private:
+    /// What is undone with the deletion.
+    struct Deletion {
+        QList<std::shared_ptr<EngineSyncState>> enabledStates;
+        bool wasServed = false;
+        /// Tells several deletions of one database apart.
+        quint64 number = 0;
+    };
+
+    void didDelete(const QString &UUID);
+    void didRestore(const QString &UUID);
+    void forget(const QString &UUID);
+    /// Deletes the database from the store that this computer serves.
+    Expected<void> deleteServed(const QString &UUID) const;
+
+    const ProfileDatabase &m_profile;
+    EngineNoteLibrary &m_library;
+    EngineLocationsController &m_locations;
+    EngineDispatcher &m_dispatcher;
+    /// Null before load().
+    std::shared_ptr<ServedDatabases> m_served;
+    std::chrono::milliseconds m_undoTime = RemovalUndoTime;
+    QHash<QString, Deletion> m_deletions;
+    quint64 m_lastNumber = 0;
+};
