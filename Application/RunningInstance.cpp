@@ -1,14 +1,17 @@
 #include "Application/RunningInstance.h"
 
-#include "Application/ApplicationError.h"
+#include <unistd.h>
 
 #include <QtCore/QCryptographicHash>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QPointer>
-#include <QtCore/QStandardPaths>
 #include <QtCore/QTimer>
 #include <QtNetwork/QLocalSocket>
+#include <algorithm>
 #include <chrono>
+
+#include "Application/ApplicationError.h"
 
 namespace {
 
@@ -18,37 +21,56 @@ constexpr char RaiseRequest[] = "raise\n";
 constexpr qint64 LongestRequest = 65536;
 constexpr std::chrono::seconds RequestTimeout(5);
 
-/// The path of the socket; empty if there is no runtime folder.
-QString socketPath(const QString &profile) {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    const QByteArray digest = QCryptographicHash::hash(
-        QFileInfo(profile).canonicalFilePath().toUtf8(), QCryptographicHash::Sha256);
-    return folder.isEmpty() ? QString()
-                            : QStringLiteral("%1/velmora-%2")
-                                  .arg(folder, QLatin1StringView(digest.first(8).toHex()));
+/// Returns whether only the user can use the folder.
+bool isPrivate(const QString &folder) {
+    const QFileInfo info(folder);
+    return info.isDir() && info.ownerId() == ::geteuid() &&
+           (info.permissions() & (QFile::WriteGroup | QFile::WriteOther)) == 0;
+}
+
+/// The paths that the socket may have, the preferred one first. QStandardPaths would warn each time
+/// that there is no runtime folder, and use a folder that another user may have made.
+QStringList socketPaths(const QString &profile) {
+    const QString folder = QFileInfo(profile).canonicalFilePath();
+    const QByteArray digest = QCryptographicHash::hash(folder.toUtf8(), QCryptographicHash::Sha256);
+    const QString runtimeFolder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    QStringList paths{folder + QStringLiteral("/running")};
+    if (isPrivate(runtimeFolder)) {
+        paths.prepend(QStringLiteral("%1/velmora-%2")
+                          .arg(runtimeFolder, QLatin1StringView(digest.first(8).toHex())));
+    }
+    return paths;
+}
+
+/// Connects to the process that shows the windows of the profile. Returns whether there is one.
+bool connectTo(QLocalSocket &socket, const QString &profile) {
+    const QStringList paths = socketPaths(profile);
+    return std::any_of(paths.begin(), paths.end(), [&](const QString &path) {
+        socket.connectToServer(path);
+        return socket.waitForConnected(Timeout);
+    });
 }
 
 }  // namespace
 
 RunningInstance::RunningInstance(const QString &profile, QObject *parent)
-    : QObject(parent), m_path(socketPath(profile)) {
+    : QObject(parent), m_paths(socketPaths(profile)) {
     connect(&m_server, &QLocalServer::newConnection, this, &RunningInstance::accept);
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
 }
 
 Expected<void> RunningInstance::listen() {
-    if (m_path.isEmpty()) {
-        return {};
-    }
-    // The profile is locked, so this socket can only be that of a process that was killed.
-    QLocalServer::removeServer(m_path);
-    if (m_server.listen(m_path)) {
-        return {};
+    for (const QString &path : m_paths) {
+        // The profile is locked, so this socket can only be that of a process that was killed.
+        QLocalServer::removeServer(path);
+        if (m_server.listen(path)) {
+            return {};
+        }
     }
     return failure(applicationError(
         tr("A second start of Velmora will not find these windows: %1 cannot be used (%2). Check "
            "the permissions and the space of its folder, then start Velmora again.")
-            .arg(m_path, m_server.errorString())));
+            .arg(m_paths.last(), m_server.errorString())));
 }
 
 void RunningInstance::accept() {
@@ -103,8 +125,7 @@ QString RunningInstance::otherVersion() {
 
 bool RunningInstance::raise(const QString &profile) {
     QLocalSocket socket;
-    socket.connectToServer(socketPath(profile));
-    if (!socket.waitForConnected(Timeout)) {
+    if (!connectTo(socket, profile)) {
         return false;
     }
     socket.write(RaiseRequest);
@@ -114,8 +135,7 @@ bool RunningInstance::raise(const QString &profile) {
 std::optional<ShellResult> RunningInstance::ask(const QString &profile, const ShellCommand &command,
                                                 const QDeadlineTimer &deadline) {
     QLocalSocket socket;
-    socket.connectToServer(socketPath(profile));
-    if (!socket.waitForConnected(Timeout)) {
+    if (!connectTo(socket, profile)) {
         return {};
     }
     socket.write(command.toLine());

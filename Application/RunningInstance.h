@@ -12,7 +12,8 @@
 class QLocalSocket;
 
 /// The process that shows the windows of a profile, as other processes of the same user find it: a
-/// local socket in the user's runtime folder, accessible only to the user. Must be used on the main
+/// local socket in the user's runtime folder, or in that of the profile if there is no runtime
+/// folder that only the user can write, accessible only to the user. Must be used on the main
 /// thread.
 class RunningInstance : public QObject {
     Q_OBJECT
@@ -23,14 +24,13 @@ public:
 
     /// Listens for other starts until this object is destroyed. Must be called once. The process
     /// must hold the lock of the profile, since a socket left by another process is removed.
-    /// Without a runtime folder, it has no effect. If it fails, later starts cannot raise these
-    /// windows; the error is not critical.
+    /// If it fails, later starts cannot raise these windows; the error is not critical.
     Expected<void> listen();
 
     /// Asks the process that shows the windows of the profile in the folder `profile` to raise
     /// them. Returns whether it has confirmed; false if there is no such process, also while one is
-    /// starting and does not listen yet. Blocks until then, for at most 2 seconds (one each for the
-    /// connection and the confirmation).
+    /// starting and does not listen yet. Blocks until then, for at most 3 seconds (one each for two
+    /// connections and the confirmation).
     static bool raise(const QString &profile);
     /// Asks the process that shows the windows of the profile in the folder `profile` to carry out
     /// `command`. Returns the result; empty if there is no such process. If it ends meanwhile, or
@@ -58,7 +58,7 @@ private:
     /// Returns what the user learns if one process does not understand the other.
     static QString otherVersion();
 
-    /// The path of the socket; empty if there is no runtime folder.
-    const QString m_path;
+    /// The paths that the socket may have, the preferred one first.
+    const QStringList m_paths;
     QLocalServer m_server;
 };

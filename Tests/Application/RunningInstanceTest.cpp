@@ -1,6 +1,8 @@
 #include "Application/RunningInstance.h"
 
+#include <QtCore/QThread>
 #include <QtNetwork/QLocalSocket>
+#include <QtTest/QSignalSpy>
 #include <future>
 #include <thread>
 
@@ -26,6 +28,36 @@ private Q_SLOTS:
     void initTestCase() { m_runtimeFolderBefore = qgetenv("XDG_RUNTIME_DIR"); }
     void cleanup() { qputenv("XDG_RUNTIME_DIR", m_runtimeFolderBefore); }
 
+    void theProcessIsFoundWithoutARuntimeFolder_data() {
+        QTest::addColumn<QString>("folder");
+        QTest::newRow("not set") << QString();
+        QTest::newRow("missing") << m_folder.filePath(QStringLiteral("missing"));
+        QTest::newRow("of another user") << QStringLiteral("/");
+        QTest::newRow("open to other users") << m_folder.filePath(QStringLiteral("open"));
+        QTest::newRow("too long") << m_folder.filePath(QString(120, u'x'));
+    }
+    void theProcessIsFoundWithoutARuntimeFolder() {
+        QFETCH(QString, folder);
+        if (folder.startsWith(m_folder.path()) && !folder.endsWith(QStringLiteral("missing"))) {
+            QVERIFY(QDir().mkpath(folder));
+            QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x7777)));
+        }
+        qputenv("XDG_RUNTIME_DIR", folder.toUtf8());
+        QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
+        QTemporaryDir profile;
+        QVERIFY(!RunningInstance::raise(profile.path()));
+        RunningInstance instance(profile.path());
+        QVERIFY(instance.listen());
+        QSignalSpy raised(&instance, &RunningInstance::raiseRequested);
+        bool isConfirmed = false;
+        const std::unique_ptr<QThread> other(
+            QThread::create([&] { isConfirmed = RunningInstance::raise(profile.path()); }));
+        other->start();
+        QTRY_COMPARE(raised.size(), 1);
+        QVERIFY(other->wait());
+        QVERIFY(isConfirmed);
+    }
+
     void aSocketThatIsLeftOverIsReplaced() {
         useRuntimeFolder(QStringLiteral("runtime"));
         RunningInstance first(m_folder.path());
@@ -37,7 +69,9 @@ private Q_SLOTS:
     void aSocketThatCannotBeUsedIsReported() {
         // A socket's path has at most 107 bytes.
         useRuntimeFolder(QString(120, u'x'));
-        RunningInstance instance(m_folder.path());
+        const QString profile = m_folder.filePath(QString(120, u'y'));
+        QVERIFY(QDir().mkpath(profile));
+        RunningInstance instance(profile);
         const Expected<void> listening = instance.listen();
         QVERIFY(!listening);
         QVERIFY(listening.error().localizedDescription.contains(m_folder.path()));
