@@ -1,6 +1,5 @@
 #include "Application/ConflictDialog.h"
 
-#include <QtCore/QLocale>
 #include <QtGui/QTextBlock>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QHBoxLayout>
@@ -11,6 +10,7 @@
 
 #include "Application/TextDifferences.h"
 #include "Application/WindowSize.h"
+#include "Platform/Foundation/DateText.h"
 #include "Platform/Interface/PlainText.h"
 
 namespace {
@@ -69,9 +69,8 @@ ConflictDialog::ConflictDialog(const Note &shown, const Note &other, QWidget *pa
 
 QWidget *ConflictDialog::makeSide(const QString &heading, const Note &note,
                                   QPlainTextEdit *view) const {
-    const QString date = note.modified.isValid()
-                             ? QLocale().toString(note.modified, QLocale::ShortFormat)
-                             : tr("date unknown");
+    const QString date =
+        note.modified.isValid() ? DateText::shortDate(note.modified) : tr("date unknown");
     auto *label = PlainText::label(tr("%1 (%2)").arg(heading, date));
     label->setBuddy(view);
     QFont bold = label->font();

@@ -1,12 +1,12 @@
 #include "Application/DamagedProfileDialog.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QLocale>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QPushButton>
 
 #include "Application/Interface/SyncPlugIn.h"
 #include "Host/QVApplication.h"
+#include "Platform/Foundation/DateText.h"
 #include "Platform/Interface/MessageBox.h"
 #include "Platform/Interface/Workspace.h"
 
@@ -37,7 +37,7 @@ QString nextSteps(const Expected<std::optional<QDate>> &backup) {
                "added to it if they can be read, and are otherwise missing until they are "
                "synchronized again. Or you can start with an empty profile and import your "
                "databases from the sync locations.")
-        .arg(QLocale().toString(**backup, QLocale::LongFormat));
+        .arg(DateText::longDate(**backup));
 }
 
 Choice ask(const QString &directory, const QString &text,
@@ -48,9 +48,9 @@ Choice ask(const QString &directory, const QString &text,
                        damageText("The present files are kept in the folder “Damaged Profiles”."));
     QPushButton *restore = nullptr;
     if (backup) {
-        restore = box.addButton(damageText("&Restore the Copy of %1")
-                                    .arg(QLocale().toString(*backup, QLocale::ShortFormat)),
-                                QMessageBox::AcceptRole);
+        restore =
+            box.addButton(damageText("&Restore the Copy of %1").arg(DateText::shortDate(*backup)),
+                          QMessageBox::AcceptRole);
     }
     QPushButton *begin =
         box.addButton(damageText("Start from the Sync &Locations"), QMessageBox::AcceptRole);

@@ -1,11 +1,11 @@
 #include "Application/ErrorBoxes.h"
 
 #include <QtCore/QDateTime>
-#include <QtCore/QLocale>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QPushButton>
 #include <algorithm>
 
+#include "Platform/Foundation/DateText.h"
 #include "Platform/Interface/MessageBox.h"
 
 bool ErrorBoxes::show(const Error &error, QWidget *parent) {
@@ -40,9 +40,8 @@ void ErrorBoxes::addDetails(MessageBox *box, const Error &error) {
     if (error.domain.isEmpty() && error.details.isEmpty()) {
         return;
     }
-    QStringList lines{error.details.isEmpty()
-                          ? QLocale().toString(QDateTime::currentDateTime(), QLocale::LongFormat)
-                          : error.details};
+    QStringList lines{error.details.isEmpty() ? DateText::longDate(QDateTime::currentDateTime())
+                                              : error.details};
     if (!error.domain.isEmpty()) {
         lines.append(tr("Error %1 of %2").arg(error.code).arg(error.domain));
     }

@@ -5,6 +5,7 @@
 #include <QtWidgets/QStyle>
 
 #include "Host/QVJobLog.h"
+#include "Platform/Foundation/DateText.h"
 #include "Platform/Interface/PlainText.h"
 
 namespace {
@@ -146,7 +147,7 @@ QString EventLog::textAt(const LogEntry &entry, int column) {
         case Outcome:
             return wordFor(entry);
         case Time:
-            return QLocale().toString(entry.time, QLocale::ShortFormat);
+            return DateText::shortDate(entry.time);
         case Duration:
             return durationOf(entry);
         case Database:

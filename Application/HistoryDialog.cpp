@@ -17,6 +17,7 @@
 #include "Application/CountText.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/WindowSize.h"
+#include "Platform/Foundation/DateText.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/MessageBox.h"
 #include "Platform/Interface/PlainText.h"
@@ -145,8 +146,7 @@ void HistoryDialog::showVersions() {
     for (const NoteVersion &version : std::as_const(m_versions)) {
         const QString title = PlainText::message(version.title).simplified();
         m_list->addTopLevelItem(rowWith({title.isEmpty() ? tr("Untitled") : title,
-                                         QLocale().toString(version.ended, QLocale::ShortFormat),
-                                         changeText(version)}));
+                                         DateText::shortDate(version.ended), changeText(version)}));
     }
     m_list->resizeColumnToContents(1);
     const int gap = 2 * fontMetrics().averageCharWidth();

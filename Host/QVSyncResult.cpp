@@ -1,12 +1,12 @@
 #include "Host/QVSyncResult.h"
 
-#include <QtCore/QLocale>
 #include <QtCore/QMetaProperty>
 #include <QtCore/QObject>
 
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationFormatter.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/DateText.h"
 
 bool QVSyncResult::isOfferedBy(const QObject *state) {
     return state->metaObject()->indexOfProperty(Key) >= 0;
@@ -47,7 +47,7 @@ QString QVSyncResult::details(const Error &error, const QVSyncLocation &location
                               const QDateTime &date) {
     QStringList lines{
         localizedSyncString("Address: %1").arg(location.URL().stringWithoutPassword()),
-        localizedSyncString("Time: %1").arg(QLocale().toString(date, QLocale::LongFormat))};
+        localizedSyncString("Time: %1").arg(DateText::longDate(date))};
     if (!error.details.isEmpty()) {
         lines.append(error.details);
     }

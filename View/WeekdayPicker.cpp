@@ -3,6 +3,7 @@
 #include <QtCore/QLocale>
 #include <QtWidgets/QHBoxLayout>
 
+#include "Platform/Foundation/DateText.h"
 #include "View/WeekdayButton.h"
 
 WeekdayPicker::WeekdayPicker(QWidget *parent) : QWidget(parent) {
@@ -23,10 +24,9 @@ WeekdayPicker::WeekdayPicker(QWidget *parent) : QWidget(parent) {
 QToolButton *WeekdayPicker::makeButton(int day) {
     // QLocale numbers days from 1 (Monday) to 7 (Sunday).
     const int localeDay = day == 0 ? Qt::Sunday : day;
-    const QLocale locale;
     auto *button = new WeekdayButton(this);
-    button->setText(locale.standaloneDayName(localeDay, QLocale::ShortFormat));
-    button->setAccessibleName(locale.standaloneDayName(localeDay, QLocale::LongFormat));
+    button->setText(DateText::dayName(localeDay, QLocale::ShortFormat));
+    button->setAccessibleName(DateText::dayName(localeDay, QLocale::LongFormat));
     button->setToolTip(button->accessibleName());
     // Not the click, which assistive technology does not make.
     connect(button, &QToolButton::toggled, this, [this, day](bool isChosen) {

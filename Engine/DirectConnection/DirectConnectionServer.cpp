@@ -1,7 +1,6 @@
 #include "Engine/DirectConnection/DirectConnectionServer.h"
 
 #include <QtCore/QDateTime>
-#include <QtCore/QLocale>
 #include <QtNetwork/QNetworkInterface>
 #include <cstdlib>
 #include <limits>
@@ -21,6 +20,7 @@
 #include "Host/QVApplication.h"
 #include "Host/QVJobLog.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/DateText.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/KeyValue/KeyValue.h"
@@ -241,8 +241,7 @@ QString DirectConnectionServer::lastConnectionText(const QString &client) const 
     }
     // Not in words such as "today", which the sheet would still show after midnight.
     const QDateTime date = QDateTime::fromMSecsSinceEpoch(time->toLongLong());
-    return localizedSyncString("Last connected: %1")
-        .arg(QLocale().toString(date, QLocale::ShortFormat));
+    return localizedSyncString("Last connected: %1").arg(DateText::shortDate(date));
 }
 
 void DirectConnectionServer::netServiceDidPublish(const std::shared_ptr<NetService> & /*service*/) {

@@ -18,14 +18,19 @@ Tables &tables() {
     return all;
 }
 
-/// Returns the empty string if the table has no such text. A negative `count` is none.
-QString translated(const char *table, const char *key, int count) {
-    const std::shared_lock lock(tables().mutex);
+/// Returns null if the table has none. The mutex must be locked.
+const QTranslator *translatorOf(const char *table) {
     const auto length = static_cast<qsizetype>(qstrlen(table));
     const QList<const QTranslator *> translators =
         tables().translators.value(QByteArray::fromRawData(table, length));
-    return translators.isEmpty() ? QString()
-                                 : translators.last()->translate(table, key, nullptr, count);
+    return translators.isEmpty() ? nullptr : translators.last();
+}
+
+/// Returns the empty string if the table has no such text. A negative `count` is none.
+QString translated(const char *table, const char *key, int count) {
+    const std::shared_lock lock(tables().mutex);
+    const QTranslator *translator = translatorOf(table);
+    return translator ? translator->translate(table, key, nullptr, count) : QString();
 }
 
 }  // namespace
@@ -41,6 +46,12 @@ QString localizedString(const char *table, const char *key, const char *one, qin
         return text;
     }
     return QString::fromUtf8(count == 1 && one ? one : key);
+}
+
+QString localizationLanguage(const char *table) {
+    const std::shared_lock lock(tables().mutex);
+    const QTranslator *translator = translatorOf(table);
+    return translator ? translator->language() : QString();
 }
 
 int pluralCount(qint64 count) {

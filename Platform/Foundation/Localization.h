@@ -30,6 +30,10 @@ PLATFORM_EXPORT QString localizedString(const char *table, const char *key, cons
 /// language. A negative count is 0.
 PLATFORM_EXPORT int pluralCount(qint64 count);
 
+/// Returns the language of `table`, as its translator states it, for example "de_DE"; empty if the
+/// table has none, so that its texts are English. `table` must not be null. Thread-safe.
+PLATFORM_EXPORT QString localizationLanguage(const char *table);
+
 /// The table of Platform's own texts.
 inline constexpr char PlatformTable[] = "Platform";
 

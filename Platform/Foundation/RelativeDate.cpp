@@ -2,6 +2,7 @@
 
 #include <QtCore/QLocale>
 
+#include "Platform/Foundation/DateText.h"
 #include "Platform/Foundation/Localization.h"
 
 QString relativeDateString(const QDateTime &date, const QDateTime &now) {
@@ -19,6 +20,6 @@ QString relativeDateString(const QDateTime &date, const QDateTime &now) {
         case 1:
             return localizedString(PlatformTable, "tomorrow at %1").arg(time);
         default:
-            return locale.toString(local, QLocale::ShortFormat);
+            return DateText::shortDate(local);
     }
 }

@@ -1,9 +1,9 @@
 #include "Engine/Stores/Http/CertificateQuestion.h"
 
-#include <QtCore/QLocale>
 #include <QtNetwork/QSslCertificate>
 
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/DateText.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ QString shownName(const QString &name) {
 }
 
 QString shownDate(const QDateTime &date) {
-    return QLocale().toString(date.date(), QLocale::LongFormat);
+    return DateText::longDate(date.date());
 }
 
 }  // namespace
