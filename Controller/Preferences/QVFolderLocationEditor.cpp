@@ -1,8 +1,13 @@
 #include "Controller/Preferences/QVFolderLocationEditor.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QStandardPaths>
+
 #include "Host/QVApplication.h"
 #include "Host/QVSyncPlugin.h"
 #include "Host/SyncStoreLayout.h"
+#include "Host/SyncStrings.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Interface/PackagePanel.h"
 
@@ -15,6 +20,24 @@ Expected<void> makePackage(const QString &path) {
         }
     }
     return {};
+}
+
+/// Returns the folder in which a panel begins.
+QString firstFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+/// Returns a name for a new package that is free in `folder`.
+QString freeName(const QString &folder) {
+    const QString name = localizedSyncString("Notes");
+    QString free = name;
+    for (int number = 2; QFileInfo::exists(
+             QStringLiteral("%1/%2.%3").arg(folder, free, SyncStoreLayout::Extension));
+         ++number) {
+        free = QStringLiteral("%1 %2").arg(name).arg(number);
+    }
+    return free + u'.' + SyncStoreLayout::Extension;
 }
 
 }  // namespace
@@ -31,6 +54,9 @@ std::shared_ptr<QVFolderLocationEditor> QVFolderLocationEditor::editorWithSyncLo
 
 void QVFolderLocationEditor::createFolderWithCompletionHandler(const CompletionHandler &handler) {
     PackagePanel panel(PackagePanel::Purpose::Save, SyncStoreLayout::Extension);
+    const QString folder = firstFolder();
+    panel.setDirectory(folder);
+    panel.selectFile(freeName(folder));
     if (panel.exec() != 1) {
         return;
     }
@@ -47,6 +73,7 @@ void QVFolderLocationEditor::createFolderWithCompletionHandler(const CompletionH
 
 void QVFolderLocationEditor::selectFolderWithCompletionHandler(const CompletionHandler &handler) {
     PackagePanel panel(PackagePanel::Purpose::Open, SyncStoreLayout::Extension);
+    panel.setDirectory(firstFolder());
     if (panel.exec() != 1) {
         return;
     }

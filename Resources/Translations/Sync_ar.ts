@@ -1885,6 +1885,10 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>“%1” belongs to a deleted database and cannot be deleted. Velmora tries again when it starts. Check the permissions.</source>
         <translation>ينتمي «⁨%1⁩» إلى قاعدة بيانات محذوفة ولا يمكن حذفه. يعيد Velmora المحاولة عند بدء التشغيل. تحقق من الأذونات.</translation>
     </message>
+    <message>
+        <source>Notes</source>
+        <translation>ملاحظات</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1861,6 +1861,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>“%1” belongs to a deleted database and cannot be deleted. Velmora tries again when it starts. Check the permissions.</source>
         <translation>„%1“ gehört zu einer gelöschten Datenbank und kann nicht gelöscht werden. Velmora versucht es beim nächsten Start wieder. Prüfen Sie die Berechtigungen.</translation>
     </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1861,6 +1861,10 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <source>“%1” belongs to a deleted database and cannot be deleted. Velmora tries again when it starts. Check the permissions.</source>
         <translation>«%1» pertenece a una base de datos eliminada y no se puede eliminar. Velmora lo intentará de nuevo al iniciarse. Compruebe los permisos.</translation>
     </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notas</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1861,6 +1861,10 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <source>“%1” belongs to a deleted database and cannot be deleted. Velmora tries again when it starts. Check the permissions.</source>
         <translation>« %1 » appartient à une base de données supprimée et ne peut pas être supprimé. Velmora réessaiera à son démarrage. Vérifiez les droits d’accès.</translation>
     </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notes</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

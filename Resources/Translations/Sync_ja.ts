@@ -1855,6 +1855,10 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>“%1” belongs to a deleted database and cannot be deleted. Velmora tries again when it starts. Check the permissions.</source>
         <translation>「%1」は削除されたデータベースのものですが、削除できません。Velmoraは次の起動時に再試行します。アクセス権を確認してください。</translation>
     </message>
+    <message>
+        <source>Notes</source>
+        <translation>ノート</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

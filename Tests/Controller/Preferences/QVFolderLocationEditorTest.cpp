@@ -89,6 +89,27 @@ private Q_SLOTS:
         QVERIFY(m_host->application().presentedErrors().isEmpty());
     }
 
+    void aFreeNameInTheUsersDocumentsIsSuggested() {
+        const QByteArray config = qgetenv("XDG_CONFIG_HOME");
+        qputenv("XDG_CONFIG_HOME", m_folder->path().toUtf8());
+        QFile directories(path(QStringLiteral("user-dirs.dirs")));
+        QVERIFY(directories.open(QIODevice::WriteOnly));
+        directories.write("XDG_DOCUMENTS_DIR=\"" + m_folder->path().toUtf8() + "\"\n");
+        directories.close();
+        for (const char *name : {"Notes.qvSyncStore", "Notes 2.qvSyncStore"}) {
+            inPanel(&confirm);
+            m_editor->createFolderWithCompletionHandler(recordResult());
+            QCOMPARE(m_location->URL(), Url::fileURL(path(QLatin1StringView(name))));
+        }
+        inPanel([=, this](PackagePanel &panel) {
+            QCOMPARE(panel.directory().path(), m_folder->path());
+            panel.reject();
+        });
+        m_editor->selectFolderWithCompletionHandler(recordResult());
+        config.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", config);
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+    }
+
     void thePanelAppendsTheExtensionItself() {
         createPackage(QStringLiteral("Work"));
         QCOMPARE(m_location->URL(), Url::fileURL(path(QStringLiteral("Work.qvSyncStore"))));
