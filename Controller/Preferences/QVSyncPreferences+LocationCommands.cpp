@@ -82,6 +82,7 @@ void QVSyncPreferences::selectFolder(QObject * /*sender*/) {
 void QVSyncPreferences::addFolderLocation(const QVFolderLocationEditor &editor, qint64 result) {
     if (result == 1) {
         addSyncLocation(editor.location());
+        tickAdded(editor.location());
         saveAndPresentError();
         announceAddedSelection();
     }
@@ -98,16 +99,33 @@ void QVSyncPreferences::addLocationOfKind(const QString &kind, Next next) {
         selectDatabase(rows.constFirst()->UUID());
     }
     m_next = next;
+    m_ticksAll = true;
     if (added->offer->choose) {
         added->offer->choose(*this, next);
+        // The user may have cancelled.
+        forgetNext();
     } else {
         addLocation(added->makeEditor);
     }
 }
 
 void QVSyncPreferences::showNext(bool isAdded) {
-    if (std::exchange(m_next, Next::Nothing) == Next::DatabasesToImport && isAdded) {
+    const Next next = m_next;
+    forgetNext();
+    if (next == Next::DatabasesToImport && isAdded) {
         showImportDatabasesSheet(nullptr);
+    }
+}
+
+void QVSyncPreferences::forgetNext() {
+    m_next = Next::Nothing;
+    m_ticksAll = false;
+}
+
+void QVSyncPreferences::tickAdded(const std::shared_ptr<QVSyncLocation> &location) {
+    const QList<StandIn> rows = m_ticksAll ? localDatabases() : QList<StandIn>();
+    for (const StandIn &row : rows) {
+        QVSynchronizationSelection::selectionWithDatabase(row, location)->setSelected(true);
     }
 }
 
@@ -194,6 +212,7 @@ void QVSyncPreferences::didEditLocation(const std::shared_ptr<QVSyncLocationEdit
     }
     if (isNew) {
         addSyncLocation(editor->location());
+        tickAdded(editor->location());
     } else {
         forgetFailures(*editor->location());
     }

@@ -295,6 +295,10 @@ private:
     void forgetFailures(const QVSyncLocation &location);
     /// Shows what follows addLocationOfKind(), once, if the location was added.
     void showNext(bool isAdded);
+    /// Ends what addLocationOfKind() has begun, without a location.
+    void forgetNext();
+    /// Ticks the location, which was added, for all databases if that is wanted.
+    void tickAdded(const std::shared_ptr<QVSyncLocation> &location);
     /// Selects and announces the row that was appended last.
     void announceAddedSelection();
     /// Handler of the editors' sheets.
@@ -323,6 +327,8 @@ private:
     QPointer<QMenu> m_addMenu;
     /// What follows when the location of addLocationOfKind() is added.
     Next m_next = Next::Nothing;
+    /// Whether the location that is being added is ticked for every database.
+    bool m_ticksAll = false;
     /// The editors that are running.
     QList<std::shared_ptr<QVSyncLocationEditor>> m_editors;
     /// Null while its sheet is closed.

@@ -600,6 +600,36 @@ private Q_SLOTS:
         }
     }
 
+    void theFirstLocationIsTickedForEveryDatabase() {
+        for (const char *name : {"Projects", "Letters"}) {
+            m_host->addDatabase(QString::fromLatin1(name));
+        }
+        showPane();
+        inPanel([](PackagePanel &panel) { panel.reject(); });
+        m_pane->addLocationOfKind(LocationAdding::Kind::NewFolder, LocationAdding::Next::Nothing);
+        QVERIFY(URLs().isEmpty());
+        m_pane->addLocationOfKind(LocationAdding::Kind::WebDAV, LocationAdding::Next::Nothing);
+        const QPointer<SheetWindow> editor = sheet();
+        typeInSheet("serverField", QStringLiteral("127.0.0.1"));
+        typeInSheet("storeField", QStringLiteral("Shared"));
+        pressInSheet("acceptButton");
+        QTRY_VERIFY(!editor || !editor->isVisible());
+        const auto location = m_host->locations().syncLocations().constFirst();
+        const QVSyncStates states = location->synchronizationStates();
+        QCOMPARE(states.size(), m_host->library().knownDatabases().size());
+        for (const auto &state : states) {
+            QVERIFY(state->isEnabled());
+        }
+        // A later one only for the selected database.
+        m_pane->addWebDAVLocation(nullptr);
+        typeInSheet("serverField", QStringLiteral("127.0.0.1"));
+        typeInSheet("storeField", QStringLiteral("Other"));
+        pressInSheet("acceptButton");
+        QTRY_COMPARE(URLs().size(), 2);
+        QVERIFY(m_host->locations().syncLocations().constLast()->synchronizationStates().size() <
+                2);
+    }
+
     void aSheetMayOutliveThePane() {
         showPane();
         QWidget window;
