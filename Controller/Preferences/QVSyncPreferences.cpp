@@ -43,6 +43,26 @@ void selectRow(NSArrayController &rows, Predicate isMeant) {
     }
 }
 
+/// Lets Tab lead through `view` where its parent stands. Otherwise, a view that is added to a form
+/// comes last.
+void placeInTabOrder(QWidget *view) {
+    QWidget *previous = view->parentWidget();
+    while (previous != view && (previous->focusPolicy() & Qt::TabFocus) == 0) {
+        previous = previous->previousInFocusChain();
+    }
+    const QWidgetList controls = view->findChildren<QWidget *>();
+    QWidgetList ordered;
+    for (QWidget *each = view->nextInFocusChain(); each != view; each = each->nextInFocusChain()) {
+        if (controls.contains(each) && (each->focusPolicy() & Qt::TabFocus) != 0) {
+            ordered.append(each);
+        }
+    }
+    for (QWidget *each : std::as_const(ordered)) {
+        QWidget::setTabOrder(previous, each);
+        previous = each;
+    }
+}
+
 }  // namespace
 
 QVSyncPreferences::QVSyncPreferences(const QJsonObject &info) : PreferencePane(info) {}
@@ -87,6 +107,7 @@ void QVSyncPreferences::embedScheduleEditor() {
     view->setParent(m_scheduleView);
     view->setGeometry(m_scheduleView->geometry());
     view->show();
+    placeInTabOrder(view);
     m_scheduleEditor->setDelegate(this);
     KeyValue::announce<&QVSyncPreferences::scheduleEditorChanged>(this);
 }

@@ -13,6 +13,7 @@
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QRadioButton>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QToolBar>
 
 namespace {
@@ -79,6 +80,7 @@ public:
     QStringList problems() {
         visit(QAccessible::queryAccessibleInterface(&m_window));
         walkWithTab();
+        checkOrder();
         for (QWidget *control : std::as_const(m_controls)) {
             checkReachable(control);
         }
@@ -131,6 +133,47 @@ private:
         if (widget && control->role() != QAccessible::ListItem &&
             control->role() != QAccessible::ProgressBar) {
             m_controls.append(widget);
+        }
+    }
+
+    /// Returns where `widget` is, as it is read: the left side is where lines begin.
+    QRect placeOf(const QWidget &widget) const {
+        const QRect place(widget.mapTo(&m_window, QPoint()), widget.size());
+        return QStyle::visualRect(m_window.layoutDirection(), m_window.rect(), place);
+    }
+
+    /// Returns whether Tab leads from the end of the window to `widget`.
+    bool isFirstInChain(const QWidget *widget) const {
+        for (const QWidget *each = m_window.nextInFocusChain(); each != &m_window;
+             each = each->nextInFocusChain()) {
+            if (m_reached.contains(each)) {
+                return each == widget;
+            }
+        }
+        return false;
+    }
+
+    /// The focus moves to what is on the right or below, or to the top of a column further right.
+    void checkOrder() {
+        for (qsizetype i = 1; i < m_reached.size(); ++i) {
+            const QWidget *from = m_reached[i - 1];
+            const QWidget *to = m_reached[i];
+            if (!from || !to || from->window() != &m_window || to->window() != &m_window) {
+                continue;
+            }
+            const QRect first = placeOf(*from);
+            const QRect second = placeOf(*to);
+            const bool isRight = second.left() > first.right();
+            const bool isAbove = second.bottom() < first.top();
+            const bool isInRow = second.top() <= first.bottom() && !isAbove;
+            const bool isLeft = second.right() < first.left();
+            // The focus may have begun in the middle; the last control is followed by the first
+            // one.
+            const bool isFirst = isFirstInChain(to);
+            if (!isFirst && ((isAbove && !isRight) || (isInRow && isLeft))) {
+                m_problems.append(
+                    QStringLiteral("not as read: %1, then %2").arg(describe(*from), describe(*to)));
+            }
         }
     }
 
