@@ -4,6 +4,7 @@
 #include <QtWidgets/QMessageBox>
 #include <algorithm>
 
+#include "Application/AccessibleWindow.h"
 #include "Application/ApplicationError.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/OutlineStyle.h"
@@ -38,6 +39,7 @@ QWidget *windowForDialog() {
 VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
     : QApplication(argumentCount, arguments) {
     setNSApp(this);
+    AccessibleWindow::install();
     NotificationCenter::defaultCenter().addObserver(
         this, SecretsNotKeptNotification, [this](const Notification & /*notification*/) {
             presentError(SecretStore::shared().error().value_or(Error()));

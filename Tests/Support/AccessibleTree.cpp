@@ -78,6 +78,7 @@ public:
     explicit WindowCheck(QWidget &window) : m_window(window) {}
 
     QStringList problems() {
+        checkWindow();
         visit(QAccessible::queryAccessibleInterface(&m_window));
         walkWithTab();
         checkOrder();
@@ -133,6 +134,20 @@ private:
         if (widget && control->role() != QAccessible::ListItem &&
             control->role() != QAccessible::ProgressBar) {
             m_controls.append(widget);
+        }
+    }
+
+    void checkWindow() {
+        const QAccessibleInterface *window = QAccessible::queryAccessibleInterface(&m_window);
+        static const QSet<QAccessible::Role> roles = {QAccessible::Window, QAccessible::Dialog,
+                                                      QAccessible::AlertMessage};
+        if (!roles.contains(window->role())) {
+            m_problems.append(QStringLiteral("no window: %1").arg(describe(m_window)));
+        }
+        if (!m_window.windowTitle().isEmpty() &&
+            !window->text(QAccessible::Name)
+                 .startsWith(m_window.windowTitle().section(u'[', 0, 0))) {
+            m_problems.append(QStringLiteral("no name: %1").arg(describe(m_window)));
         }
     }
 

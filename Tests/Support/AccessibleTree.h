@@ -11,8 +11,8 @@ namespace AccessibleTree {
 /// Returns a line for each control in the accessible tree of `window`, which must be shown and
 /// active, that has no name or one without its visible text, that has the same name and description
 /// as another one, that Tab does not reach, or reaches after one that is read later, or whose
-/// mnemonic presses another one as well.
-/// Moves the focus.
+/// mnemonic presses another one as well; and if the window itself is none to assistive
+/// technologies. Moves the focus.
 QStringList problems(QWidget &window);
 
 }  // namespace AccessibleTree
