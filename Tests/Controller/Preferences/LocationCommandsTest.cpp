@@ -606,9 +606,9 @@ private Q_SLOTS:
         }
         showPane();
         inPanel([](PackagePanel &panel) { panel.reject(); });
-        m_pane->addLocationOfKind(LocationAdding::Kind::NewFolder, LocationAdding::Next::Nothing);
+        m_pane->addLocationOfKind(QStringLiteral("folder"), LocationAdding::Next::Nothing);
         QVERIFY(URLs().isEmpty());
-        m_pane->addLocationOfKind(LocationAdding::Kind::WebDAV, LocationAdding::Next::Nothing);
+        m_pane->addLocationOfKind(QStringLiteral("webDAV"), LocationAdding::Next::Nothing);
         const QPointer<SheetWindow> editor = sheet();
         typeInSheet("serverField", QStringLiteral("127.0.0.1"));
         typeInSheet("storeField", QStringLiteral("Shared"));
