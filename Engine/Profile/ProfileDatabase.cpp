@@ -3,6 +3,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
+#include <QtCore/QUrl>
 #include <QtCore/QUuid>
 #include <QtSql/QSqlError>
 
@@ -21,10 +22,18 @@
 
 namespace {
 
+/// After a commit, the main thread moves a log that has more pages, which takes long. Until then,
+/// a thread that synchronizes can do so with moveLog().
+constexpr int PagesOfLog = 8000;
+/// The indexes of identifiers are written at random places.
+constexpr int KibibytesOfCache = 16 << 10;
+
 QStringList connectionSettings() {
     return {
         QStringLiteral("PRAGMA busy_timeout = 1000"),
         QStringLiteral("PRAGMA journal_mode = WAL"),
+        QStringLiteral("PRAGMA wal_autocheckpoint = %1").arg(PagesOfLog),
+        QStringLiteral("PRAGMA cache_size = -%1").arg(KibibytesOfCache),
         QStringLiteral("PRAGMA synchronous = FULL"),
         QStringLiteral("PRAGMA foreign_keys = ON"),
     };
@@ -284,7 +293,7 @@ Expected<QSqlQuery> ProfileDatabase::prepare(const QString &statement) const {
     QSqlQuery query = reader ? reader->query() : QSqlQuery(m_database);
     query.setForwardOnly(true);
     if (!query.prepare(statement)) {
-        return failure(queryError(query));
+        return failure(error(query.lastError()));
     }
     return query;
 }
@@ -306,7 +315,7 @@ Expected<void> ProfileDatabase::execute(QSqlQuery &query, const QVariantList &va
         query.bindValue(static_cast<int>(i), values[i]);
     }
     if (!query.exec()) {
-        return failure(queryError(query));
+        return failure(error(query.lastError()));
     }
     return {};
 }
@@ -333,7 +342,7 @@ Expected<void> ProfileDatabase::read(QSqlQuery &query, const QVariantList &value
     }
     // The end of the result and an error in the middle of it differ in this only.
     if (query.lastError().isValid()) {
-        return failure(queryError(query));
+        return failure(error(query.lastError()));
     }
     query.finish();
     // The reader has opened what the path names now.
@@ -368,6 +377,24 @@ Expected<void> ProfileDatabase::write(const Changes &changes) const {
     return done.and_then([&] { return checkFiles(); });
 }
 
+Expected<void> ProfileDatabase::moveLog() const {
+    const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    Expected<void> moved;
+    {
+        QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI"));
+        connection.setDatabaseName(QString::fromLatin1(QUrl::fromLocalFile(path()).toEncoded()) +
+                                   QStringLiteral("?mode=rw"));
+        moved = connection.open() ? checkFiles() : failure(error(connection.lastError()));
+        QSqlQuery query(connection);
+        if (moved && !query.exec(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"))) {
+            moved = failure(error(query.lastError()));
+        }
+    }
+    QSqlDatabase::removeDatabase(name);
+    return moved;
+}
+
 Expected<void> ProfileDatabase::rememberFiles() {
     Expected<void> remembered;
     for (const QString &file :
@@ -390,12 +417,11 @@ QString ProfileDatabase::exactText(const QVariant &bytes) {
     return ExactText::fromUtf8(bytes.toByteArray());
 }
 
-Error ProfileDatabase::queryError(const QSqlQuery &query) const {
-    const QSqlError error = query.lastError();
-    if (FullDisk::isCauseOf(error, path())) {
+Error ProfileDatabase::error(const QSqlError &reason) const {
+    if (FullDisk::isCauseOf(reason, path())) {
         return engineError(EngineErrorCode::ProfileNotWritten, FullDisk::message(path()));
     }
-    const bool isDamage = sqliteCode(error) == SqliteCode::Corrupt;
+    const bool isDamage = sqliteCode(reason) == SqliteCode::Corrupt;
     return engineError(
         EngineErrorCode::ProfileNotWritten,
         localizedSyncString(
@@ -403,5 +429,5 @@ Error ProfileDatabase::queryError(const QSqlQuery &query) const {
                        "again: it then repairs the profile or offers to restore a backup."
                      : "The profile “%1” cannot be read or written: %2. Check its disk and its "
                        "permissions, then try again.")
-            .arg(path(), error.databaseText()));
+            .arg(path(), reason.databaseText()));
 }

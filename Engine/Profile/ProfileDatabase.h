@@ -4,6 +4,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 #include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
 #include <functional>
 
@@ -13,12 +14,12 @@
 
 /// The SQLite 3 database "profile.sqlite", which holds everything that a profile stores.
 ///
-/// Must be used on the main thread, except that functions that read can be called on a thread with
-/// a ProfileReader. Every call blocks until SQLite has finished, and waits up to one second for a
-/// lock that another process holds. All functions that access the database return an error of the
-/// code ProfileNotWritten if SQLite reports one at any point, also in the middle of a result; a
-/// failed read never looks like an empty result. Reads with a ProfileReader also fail with the code
-/// Cancelled. Before `open` has succeeded they return an error.
+/// Must be used on the main thread, except for moveLog(), and that functions that read can be
+/// called on a thread with a ProfileReader. Every call blocks until SQLite has finished, and waits
+/// up to one second for a lock that another process holds. All functions that access the database
+/// return an error of the code ProfileNotWritten if SQLite reports one at any point, also in the
+/// middle of a result; a failed read never looks like an empty result. Reads with a ProfileReader
+/// also fail with the code Cancelled. Before `open` has succeeded they return an error.
 ///
 /// The database uses a write-ahead log and synchronizes it at each commit, so that a committed
 /// change is durable: it survives the end of the process at any moment, and a power failure if the
@@ -99,6 +100,12 @@ public:
     /// it was opened, or cannot be reached: what was written would not be found there.
     Expected<void> write(const Changes &changes) const;
 
+    /// Moves what was committed from the write-ahead log into the database file, as far as nobody
+    /// reads an older state or does the same, so that the log begins again and the main thread need
+    /// not move it. Takes long if the log is long. Can be called on any thread while the profile is
+    /// open; what is committed meanwhile stays in the log.
+    Expected<void> moveLog() const;
+
     /// Returns an error if a file of the profile was moved, deleted or replaced since it was
     /// opened, or cannot be reached. To be called before another file is written into the folder.
     Expected<void> checkFiles() const { return m_files.check(); }
@@ -140,7 +147,7 @@ private:
     Expected<void> executeAll(const QStringList &statements) const;
     /// Remembers which files are open.
     Expected<void> rememberFiles();
-    Error queryError(const QSqlQuery &query) const;
+    Error error(const QSqlError &reason) const;
     void closeFile();
 
     /// Declared first: the lock is released after the database is closed.

@@ -43,12 +43,15 @@ void StoreSession::abandon() {
 }
 
 Expected<void> StoreSession::readProfile(const std::function<Expected<void>()> &read) {
+    return useProfile([&] {
+        const auto reader = ProfileReader::open(m_profile, m_profile.path(), m_isAbandoned);
+        return reader ? read() : failure(reader.error());
+    });
+}
+
+Expected<void> StoreSession::useProfile(const std::function<Expected<void>()> &use) {
     const QMutexLocker lock(&m_profileUse);
-    if (m_isAbandoned) {
-        return failure(operationCancelled());
-    }
-    const auto reader = ProfileReader::open(m_profile, m_profile.path(), m_isAbandoned);
-    return reader ? read() : failure(reader.error());
+    return m_isAbandoned ? failure(operationCancelled()) : use();
 }
 
 void StoreSession::rememberDatabase() {

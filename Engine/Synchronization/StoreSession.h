@@ -102,6 +102,8 @@ protected:
     LostOperations lost() const { return {m_profile, m_subject.store, m_databaseId}; }
     /// Calls `read`, which can read the profile on the current worker thread, with one state of it.
     Expected<void> readProfile(const std::function<Expected<void>()> &read);
+    /// Calls `use` while the profile is open, on the current worker thread.
+    Expected<void> useProfile(const std::function<Expected<void>()> &use);
     /// Notes the operations that the known transactions `names` contain and the profile has lost.
     /// To be called in readProfile() only, before these are forgotten.
     Expected<void> noteLost(const QStringList &names);
@@ -200,7 +202,7 @@ private:
     /// The lost operations of known transactions that are not remembered yet.
     QSet<OperationId> m_notedAsLost;
     std::atomic_bool m_isAbandoned = false;
-    /// Locked while a worker thread reads the profile.
+    /// Locked while a worker thread uses the profile.
     QMutex m_profileUse;
     bool m_isDone = false;
 };

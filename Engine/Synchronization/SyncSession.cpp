@@ -21,8 +21,10 @@ constexpr qsizetype ReadAtOnce = 4LL << 20;
 /// The time that one step on the main thread should take, and the limits of the number of rows that
 /// it merges. With fewer, most of the time would be that between the steps.
 constexpr qint64 NanosecondsOfStep = 8'000'000;
-constexpr qsizetype FewestRowsAtOnce = 200;
+constexpr qsizetype FewestRowsAtOnce = 50;
 constexpr qsizetype MostRowsAtOnce = 2000;
+/// Number of merged rows after which the log of the profile is moved. Each adds a few pages to it.
+constexpr qsizetype RowsInLog = 500;
 /// Number of operations that one step on the main thread renews, each of which writes several rows.
 constexpr qsizetype OperationsRenewedAtOnce = 100;
 /// Size of the records whose transactions are kept in memory until all are compared, in bytes.
@@ -198,6 +200,9 @@ void SyncSession::takeListing(const BlobStore &store, const QStringList &names) 
 Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFuture &future) {
     const TransactionRecords records(store, subject().databaseUUID, future);
     m_queue.releaseTaken();
+    if (Expected<void> moved = moveLog(); !moved) {
+        return moved;
+    }
     if (m_pass == Pass::Merging && !m_queue.isEmpty()) {
         return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
     }
@@ -214,6 +219,14 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
         }
     }
     return m_pass == Pass::Comparing ? compareTransactions() : Expected<void>();
+}
+
+Expected<void> SyncSession::moveLog() {
+    if (m_rowsInLog < RowsInLog) {
+        return {};
+    }
+    m_rowsInLog = 0;
+    return useProfile([this] { return profile().moveLog(); });
 }
 
 Expected<void> SyncSession::takeTransaction(const TransactionRecords &records, const QString &name,
@@ -499,6 +512,7 @@ Expected<void> SyncSession::mergeTransactions() {
         addReceived(count);
         reportRepaired(all.operations);
         for (const MergeQueue::Part &part : parts) {
+            m_rowsInLog += part.rows;
             addTransactionOfSize(part.size.value_or(0));
             progress().advance(part.size ? 1 : 0);
         }

@@ -85,6 +85,8 @@ private:
     void takeListing(const BlobStore &store, const QStringList &names);
     Expected<void> readDatabaseRecord(BlobStore &store, const EngineFuture &future);
     Expected<void> readTransactions(BlobStore &store, const EngineFuture &future);
+    /// Moves the log of the profile if much was merged since.
+    Expected<void> moveLog();
     /// Takes the result of reading the record `name`.
     Expected<void> takeTransaction(const TransactionRecords &records, const QString &name,
                                    const Expected<TransactionRecords::Record> &record);
@@ -178,6 +180,8 @@ private:
     MergeQueue m_queue;
     /// Approximate number of rows that the next step merges.
     qsizetype m_rowsAtOnce = FirstRowsAtOnce;
+    /// Number of rows that were merged since the log of the profile was moved.
+    qsizetype m_rowsInLog = 0;
     RecordVerification m_verification;
     DamagedRecords m_damagedRecords;
     /// Whether what is recorded as unwritten, or the number of conflicts, turned out to be wrong.

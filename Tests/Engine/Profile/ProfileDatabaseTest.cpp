@@ -14,6 +14,8 @@
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ProfileRecovery.h"
+#include "Engine/Profile/ReadOnlyConnection.h"
+#include "Support/AwaitOnThread.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
 #include "Support/FaultyFileSystem.h"
@@ -257,6 +259,41 @@ private Q_SLOTS:
         QCOMPARE(profile.value(QStringLiteral("PRAGMA journal_mode")), QStringLiteral("wal"));
         QCOMPARE(profile.value(QStringLiteral("PRAGMA synchronous")), 2);
         QCOMPARE(profile.value(QStringLiteral("PRAGMA foreign_keys")), 1);
+    }
+
+    void movesItsLogOnAnotherThread() {
+        ProfileDatabase profile;
+        QVERIFY(profile.open(folder(), nothing, nothing));
+        QVERIFY(profile.run(QStringLiteral("INSERT INTO settings VALUES ('key', 'before')")));
+        const auto move = [&] { return awaitOnThread([&] { return profile.moveLog(); }); };
+        QVERIFY(move());
+        QVERIFY(profile.run(QStringLiteral("UPDATE settings SET value = 'after'")));
+        const QString query = QStringLiteral("SELECT value FROM settings");
+        QCOMPARE(profile.value(query), QStringLiteral("after"));
+        // What was moved needs no log.
+        const QString copy = m_directory->filePath(QStringLiteral("copy.sqlite"));
+        QVERIFY(QFile::copy(file(), copy));
+        const auto database =
+            ReadOnlyConnection::open(copy, ReadOnlyConnection::Sharing::Immutable);
+        QCOMPARE(database.value()->value(query), QStringLiteral("before"));
+        // The first frame of a log that has begun again is behind its header.
+        QVERIFY(move());
+        QVERIFY(profile.run(QStringLiteral("UPDATE settings SET value = 'again'")));
+        qint64 pages = 0;
+        QVERIFY(profile.read(QStringLiteral("PRAGMA wal_checkpoint"), {},
+                             [&](const QSqlQuery &row) { pages = row.value(1).toLongLong(); }));
+        QCOMPARE(pages, 1);
+    }
+
+    void movesNoLogOfAFolderThatWasReplaced() {
+        ProfileDatabase profile;
+        QVERIFY(profile.open(folder(), nothing, nothing));
+        QVERIFY(QDir().rename(folder(), folder() + QStringLiteral(" moved")));
+        QCOMPARE(code(profile.moveLog()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(descriptionOfOpening(folder()), QString());
+        const QMap<QString, QByteArray> before = contentsOf(folder());
+        QCOMPARE(code(profile.moveLog()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(contentsOf(folder()), before);
     }
 
     void leavesNothingOfAFirstStartThatFails() {

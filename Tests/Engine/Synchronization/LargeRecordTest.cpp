@@ -3,6 +3,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/Transaction.h"
 #include "Engine/Notes/TransactionName.h"
+#include "Engine/Profile/ReadOnlyConnection.h"
 #include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Host/InboxUUID.h"
@@ -167,6 +168,18 @@ private Q_SLOTS:
         const auto processTime = processorTime(CLOCK_PROCESS_CPUTIME_ID) - ofProcess;
         QCOMPARE_LT(threadTime.count() * 2, processTime.count());
         QCOMPARE(knownRecords(), 1);
+    }
+
+    void whatIsMergedIsMovedFromTheLogIntoTheFileMeanwhile() {
+        writeLargeRecord();
+        synchronize();
+        const QTemporaryDir folder;
+        const QString copy = folder.filePath(QStringLiteral("copy.sqlite"));
+        QVERIFY(QFile::copy(m_host->engine().profile().path(), copy));
+        const auto file = ReadOnlyConnection::open(copy, ReadOnlyConnection::Sharing::Immutable);
+        QVERIFY(file);
+        const auto moved = (*file)->value(QStringLiteral("SELECT count(*) FROM superseded"));
+        QCOMPARE_GT(moved.value().toInt(), Identifiers / 2);
     }
 
     void aLargeRecordIsMergedInShortStepsAfterAForecast() {
