@@ -19,6 +19,11 @@ constexpr QChar ListMark = u'\n';
 
 /// Follows the name of a record in the rows of its parts, which are therefore beside its own.
 constexpr QChar PartMark = u' ';
+const QString LastPartMark = PartMark + QStringLiteral("last");
+
+/// SQLite stores the end of a row with more identifiers elsewhere, so that reading its size would
+/// read all of them.
+constexpr qsizetype IdentifiersBesideSize = 48;
 
 /// Number of recorded identifiers that are forgotten at once.
 constexpr int ForgottenAtOnce = 2000;
@@ -67,27 +72,51 @@ Expected<KnownTransactions::Contents> KnownTransactions::contents(const QString 
 Expected<QHash<QString, KnownTransactions::Contents>> KnownTransactions::read(
     const QString &condition, const QVariantList &values) const {
     QHash<QString, Contents> known;
-    const Expected<void> done = m_profile.read(
+    return visit(condition, values,
+                 [&](const QString &name, const Contents &part) {
+                     Contents &record = known[name];
+                     record.operations.append(part.operations);
+                     record.superseded.append(part.superseded);
+                     record.size += part.size;
+                 })
+        .map([&] { return known; });
+}
+
+Expected<void> KnownTransactions::visitParts(const PartVisitor &visitPart) const {
+    return visit(QStringLiteral("TRUE"), {}, visitPart);
+}
+
+Expected<void> KnownTransactions::visit(const QString &condition, const QVariantList &values,
+                                        const PartVisitor &visitPart) const {
+    QString record;
+    return m_profile.read(
         QStringLiteral("SELECT name, operations, superseded, size FROM known_transactions"
                        " WHERE place = ? AND database = ? AND %1 ORDER BY name")
             .arg(condition),
         QVariantList{m_store, m_database} + values, [&](const QSqlQuery &row) {
             const QString name = row.value(0).toString();
-            const Contents part{Operation::unpacked(row.value(1).toByteArray()),
-                                Operation::unpacked(row.value(2).toByteArray()),
-                                row.value(3).toLongLong()};
-            if (!name.contains(PartMark)) {
-                known.insert(name, part);
-            } else if (const auto record = known.find(name.section(PartMark, 0, 0));
-                       record != known.end()) {
-                record->operations.append(part.operations);
-                record->superseded.append(part.superseded);
+            const bool isPart = name.contains(PartMark);
+            record = isPart ? record : name;
+            // The other parts are those of a record that is not known yet.
+            if (!isPart || name.section(PartMark, 0, 0) == record) {
+                visitPart(record, {Operation::unpacked(row.value(1).toByteArray()),
+                                   Operation::unpacked(row.value(2).toByteArray()),
+                                   row.value(3).toLongLong()});
             }
         });
+}
+
+Expected<QSet<QString>> KnownTransactions::names() const {
+    QSet<QString> names;
+    const Expected<void> done =
+        m_profile.read(QStringLiteral("SELECT name FROM known_transactions"
+                                      " WHERE place = ? AND database = ? AND instr(name, ?) = 0"),
+                       {m_store, m_database, QString(PartMark)},
+                       [&](const QSqlQuery &row) { names.insert(row.value(0).toString()); });
     if (!done) {
         return failure(done.error());
     }
-    return known;
+    return names;
 }
 
 Expected<QHash<QString, qint64>> KnownTransactions::sizes() const {
@@ -107,19 +136,32 @@ Expected<QHash<QString, qint64>> KnownTransactions::sizes() const {
 Expected<void> KnownTransactions::add(const QString &name, const Transaction &transaction,
                                       qint64 size) const {
     const Contents contents = Contents::of(transaction, size);
+    const Rows rows = rowsOf(name, contents);
     // Also the parts of a merge that was interrupted.
     const Expected<QVariant> hasOther = m_profile.value(
         QStringLiteral("SELECT 1 FROM known_transactions WHERE place = ? AND database = ? AND %1"
-                       " AND (name, operations, superseded) IS NOT (?, ?, ?) LIMIT 1")
+                       " AND (name, operations, superseded) NOT IN (VALUES (?, ?, ?), (?, ?, ?))"
+                       " LIMIT 1")
             .arg(ofRecord()),
-        {m_store, m_database, name, name, name, Operation::packed(contents.operations),
-         Operation::packed(contents.superseded)});
+        {m_store, m_database, name, name, rows.first().first,
+         Operation::packed(rows.first().second.operations),
+         Operation::packed(rows.first().second.superseded), rows.last().first,
+         Operation::packed(rows.last().second.operations),
+         Operation::packed(rows.last().second.superseded)});
     if (!hasOther) {
         return failure(hasOther.error());
     }
     return (hasOther->isValid() ? remove({name}) : Expected<void>()).and_then([&] {
-        return insert(name, contents);
+        return insert(rows);
     });
+}
+
+KnownTransactions::Rows KnownTransactions::rowsOf(const QString &name, const Contents &contents) {
+    if (contents.operations.size() + contents.superseded.size() <= IdentifiersBesideSize) {
+        return {{name, contents}};
+    }
+    return {{name + LastPartMark, {contents.operations, contents.superseded, 0}},
+            {name, {{}, {}, contents.size}}};
 }
 
 Expected<void> KnownTransactions::addPart(const QString &name, int number,
@@ -132,7 +174,16 @@ Expected<void> KnownTransactions::addPart(const QString &name, int number,
 
 Expected<void> KnownTransactions::addLastPart(const QString &name, const Transaction &part,
                                               qint64 size) const {
-    return insert(name, Contents::of(part, size));
+    return insert(rowsOf(name, Contents::of(part, size)));
+}
+
+Expected<void> KnownTransactions::insert(const Rows &rows) const {
+    for (const auto &[row, contents] : rows) {
+        if (Expected<void> inserted = insert(row, contents); !inserted) {
+            return inserted;
+        }
+    }
+    return {};
 }
 
 Expected<void> KnownTransactions::insert(const QString &row, const Contents &contents) const {
@@ -223,30 +274,32 @@ Expected<void> KnownTransactions::setLastVerified(const QString &name) const {
 }
 
 Expected<KnownTransactions::Unwritten> KnownTransactions::compare() const {
+    IdentifierSet operations;
+    IdentifierSet superseded;
+    const Expected<void> done = visitParts([&](const QString & /*name*/, const Contents &part) {
+        operations.add(part.operations);
+        superseded.add(part.superseded);
+    });
+    if (!done) {
+        return failure(done.error());
+    }
+    operations.sort();
+    superseded.sort();
+    Unwritten unwritten;
     const NoteLog log(m_profile, m_database);
-    const Expected<QHash<QString, Contents>> known = all();
-    if (!known) {
-        return failure(known.error());
-    }
-    const Expected<QSet<OperationId>> superseded = log.supersededIds();
-    if (!superseded) {
-        return failure(superseded.error());
-    }
-    const Expected<QList<OperationId>> operations = log.operationIds();
-    if (!operations) {
-        return failure(operations.error());
-    }
-    Unwritten unwritten{*operations, *superseded};
-    QSet<OperationId> written;
-    for (const Contents &contents : *known) {
-        written.unite(QSet(contents.operations.begin(), contents.operations.end()));
-        for (const OperationId &identifier : contents.superseded) {
-            unwritten.superseded.remove(identifier);
+    const auto addOperation = [&](const OperationId &each) {
+        if (!operations.contains(each)) {
+            unwritten.operations.append(each);
         }
-    }
-    unwritten.operations.removeIf(
-        [&](const OperationId &identifier) { return written.contains(identifier); });
-    return unwritten;
+    };
+    const auto addSuperseded = [&](const OperationId &each) {
+        if (!superseded.contains(each)) {
+            unwritten.superseded.insert(each);
+        }
+    };
+    return log.visitOperationIds(addOperation)
+        .and_then([&] { return log.visitSupersededIds(addSuperseded); })
+        .map([&] { return unwritten; });
 }
 
 Expected<bool> KnownTransactions::restartRecording() const {

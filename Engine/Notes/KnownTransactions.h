@@ -2,7 +2,9 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QSet>
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "Engine/Notes/Transaction.h"
 
@@ -36,8 +38,14 @@ public:
 
     /// Returns the contents by the names of the records.
     Expected<QHash<QString, Contents>> all() const;
+    /// Calls `visitPart` with the name of each record and its contents, in one part or several, of
+    /// which one has the size of the record and the others 0.
+    using PartVisitor = std::function<void(const QString &name, const Contents &part)>;
+    Expected<void> visitParts(const PartVisitor &visitPart) const;
     /// Returns the contents of the record `name`, which are empty if it is not known.
     Expected<Contents> contents(const QString &name) const;
+    /// Returns the names of the records.
+    Expected<QSet<QString>> names() const;
     /// Returns the sizes in bytes by the names of the records.
     Expected<QHash<QString, qint64>> sizes() const;
     /// Adds the record `name` of `size` bytes, or replaces it, whose former contents the store may
@@ -106,9 +114,15 @@ public:
     Expected<void> setRewritten(const Rewritten &records) const;
 
 private:
-    /// Reads rows with the columns name, operations, superseded and size.
+    /// Call visitPart with, or return, the contents of the records that satisfy `condition`.
+    Expected<void> visit(const QString &condition, const QVariantList &values,
+                         const PartVisitor &visitPart) const;
     Expected<QHash<QString, Contents>> read(const QString &condition,
                                             const QVariantList &values) const;
+    /// The rows of a record or a part by their names.
+    using Rows = QList<std::pair<QString, Contents>>;
+    static Rows rowsOf(const QString &name, const Contents &contents);
+    Expected<void> insert(const Rows &rows) const;
     Expected<void> insert(const QString &row, const Contents &contents) const;
     /// Removes `contents` from what is recorded as unwritten.
     Expected<void> setWritten(const Contents &contents) const;

@@ -619,26 +619,47 @@ Expected<QList<OperationId>> NoteLog::operationIds(const QString &note) const {
 Expected<QList<OperationId>> NoteLog::identifiers(const QString &condition,
                                                   const QVariantList &values) const {
     QList<OperationId> identifiers;
-    const Expected<void> done = m_profile.read(
+    return visitIds(condition, values, [&](const OperationId &each) { identifiers.append(each); })
+        .map([&] { return identifiers; });
+}
+
+Expected<void> NoteLog::visitIds(const QString &condition, const QVariantList &values,
+                                 const IdVisitor &visit) const {
+    return m_profile.read(
         QStringLiteral("SELECT digest FROM operations WHERE database = ? AND %1 ORDER BY id")
             .arg(condition),
         QVariantList{m_database} + values,
-        [&](const QSqlQuery &row) { identifiers.append(row.value(0).toByteArray()); });
-    if (!done) {
-        return failure(done.error());
-    }
-    return identifiers;
+        [&](const QSqlQuery &row) { visit(row.value(0).toByteArray()); });
+}
+
+Expected<void> NoteLog::visitOperationIds(const IdVisitor &visit) const {
+    return visitIds(QStringLiteral("TRUE"), {}, visit);
+}
+
+Expected<void> NoteLog::visitSupersededIds(const IdVisitor &visit) const {
+    return m_profile.read(QStringLiteral("SELECT digest FROM superseded WHERE database = ?"),
+                          {m_database},
+                          [&](const QSqlQuery &row) { visit(row.value(0).toByteArray()); });
 }
 
 Expected<QSet<OperationId>> NoteLog::supersededIds() const {
     QSet<OperationId> identifiers;
-    const Expected<void> done = m_profile.read(
-        QStringLiteral("SELECT digest FROM superseded WHERE database = ?"), {m_database},
-        [&](const QSqlQuery &row) { identifiers.insert(row.value(0).toByteArray()); });
-    if (!done) {
-        return failure(done.error());
-    }
-    return identifiers;
+    return visitSupersededIds([&](const OperationId &each) { identifiers.insert(each); }).map([&] {
+        return identifiers;
+    });
+}
+
+Expected<NoteLog::IdentifierSets> NoteLog::identifierSets() const {
+    IdentifierSets sets;
+    return visitOperationIds([&](const OperationId &each) { sets.operations.add(each); })
+        .and_then([&] {
+            return visitSupersededIds([&](const OperationId &each) { sets.superseded.add(each); });
+        })
+        .map([&] {
+            sets.operations.sort();
+            sets.superseded.sort();
+            return std::move(sets);
+        });
 }
 
 Expected<QList<NoteLog::Damage>> NoteLog::damagedOperations() const {

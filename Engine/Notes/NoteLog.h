@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Application/Interface/NoteDatabase.h"
+#include "Engine/Notes/IdentifierSet.h"
 #include "Engine/Notes/NoteHistory.h"
 #include "Engine/Notes/Transaction.h"
 
@@ -92,6 +93,16 @@ public:
     Expected<QList<OperationId>> operationIds(const QString &note) const;
     /// Returns the identifiers of the superseded operations.
     Expected<QSet<OperationId>> supersededIds() const;
+    /// Calls `visit` with each of the identifiers that operationIds() or supersededIds() returns.
+    using IdVisitor = std::function<void(const OperationId &)>;
+    Expected<void> visitOperationIds(const IdVisitor &visit) const;
+    Expected<void> visitSupersededIds(const IdVisitor &visit) const;
+    /// The identifiers of the current operations and of the superseded ones, sorted.
+    struct IdentifierSets {
+        IdentifierSet operations;
+        IdentifierSet superseded;
+    };
+    Expected<IdentifierSets> identifierSets() const;
     /// A current operation that is not what was saved.
     struct Damage {
         OperationId id;
@@ -191,6 +202,8 @@ private:
                                             const HasNote &hasNote);
     Expected<QList<OperationId>> identifiers(const QString &condition,
                                              const QVariantList &values) const;
+    Expected<void> visitIds(const QString &condition, const QVariantList &values,
+                            const IdVisitor &visit) const;
     Expected<QList<Operation>> select(const QString &condition, const QVariantList &values) const;
     Expected<std::optional<Operation>> operation(const OperationId &identifier) const;
     /// Returns the operation that shows first among those of `note`; the empty string stands for

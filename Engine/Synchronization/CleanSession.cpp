@@ -132,24 +132,20 @@ Expected<bool> CleanSession::chooseRewritten(const QHash<QString, qint64> &sizes
 }
 
 Expected<void> CleanSession::chooseFrom(Transactions all) {
-    const Expected<QList<OperationId>> operations = log().operationIds();
-    if (!operations) {
-        return failure(operations.error());
+    const Expected<NoteLog::IdentifierSets> present = log().identifierSets();
+    if (!present) {
+        return failure(present.error());
     }
-    const Expected<QSet<OperationId>> superseded = log().supersededIds();
-    if (!superseded) {
-        return failure(superseded.error());
-    }
-    const QSet<OperationId> current(operations->begin(), operations->end());
+    const IdentifierSet &current = present->operations;
     // What was saved since the synchronization supersedes operations that are about to be removed.
-    QSet<OperationId> unwritten = current;
-    for (const KnownTransactions::Contents &contents : std::as_const(all)) {
-        unwritten.subtract(QSet(contents.operations.begin(), contents.operations.end()));
+    const Expected<QSet<OperationId>> unwritten = operationsNotIn(all);
+    if (!unwritten) {
+        return failure(unwritten.error());
     }
-    m_isComparisonNeeded = removeWithOthers(all, current + *superseded);
+    m_isComparisonNeeded = removeWithOthers(all, *present);
     m_toRemove = m_extent == Extent::Everything ? transactionsToRewrite(all, current)
                                                 : fullTiers(all, current);
-    QSet<OperationId> chosen = m_toRemove.isEmpty() ? QSet<OperationId>() : unwritten;
+    QSet<OperationId> chosen = m_toRemove.isEmpty() ? QSet<OperationId>() : *unwritten;
     for (const QString &name : std::as_const(m_toRemove)) {
         const KnownTransactions::Contents contents = all.value(name);
         for (const OperationId &identifier : contents.operations) {
@@ -162,16 +158,34 @@ Expected<void> CleanSession::chooseFrom(Transactions all) {
     return {};
 }
 
-bool CleanSession::removeWithOthers(Transactions &all, const QSet<OperationId> &operations) {
+Expected<QSet<OperationId>> CleanSession::operationsNotIn(const Transactions &all) const {
+    IdentifierSet written;
+    for (const KnownTransactions::Contents &contents : all) {
+        written.add(contents.operations);
+    }
+    written.sort();
+    QSet<OperationId> others;
+    return log()
+        .visitOperationIds([&](const OperationId &each) {
+            if (!written.contains(each)) {
+                others.insert(each);
+            }
+        })
+        .map([&] { return others; });
+}
+
+bool CleanSession::removeWithOthers(Transactions &all, const NoteLog::IdentifierSets &present) {
     const auto hasOthers = [&](Transactions::iterator each) {
-        return !std::all_of(each->operations.begin(), each->operations.end(),
-                            [&](const OperationId &id) { return operations.contains(id); });
+        return !std::all_of(
+            each->operations.begin(), each->operations.end(), [&](const OperationId &id) {
+                return present.operations.contains(id) || present.superseded.contains(id);
+            });
     };
     return all.removeIf(hasOthers) > 0;
 }
 
 QStringList CleanSession::transactionsToRewrite(const Transactions &all,
-                                                const QSet<OperationId> &current) {
+                                                const IdentifierSet &current) {
     QHash<OperationId, int> count;
     for (const KnownTransactions::Contents &contents : all) {
         for (const OperationId &identifier : contents.operations) {
@@ -194,7 +208,7 @@ QStringList CleanSession::transactionsToRewrite(const Transactions &all,
     return obsolete.isEmpty() && small.size() == 1 ? QStringList() : obsolete + small;
 }
 
-QStringList CleanSession::fullTiers(const Transactions &all, const QSet<OperationId> &current) {
+QStringList CleanSession::fullTiers(const Transactions &all, const IdentifierSet &current) {
     QHash<QString, qint64> sizes;
     QStringList large;
     for (auto each = all.begin(); each != all.end(); ++each) {

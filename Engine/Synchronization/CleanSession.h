@@ -47,16 +47,17 @@ private:
     /// Chooses what is left of a session that was interrupted before it had removed all; returns
     /// whether there is anything.
     Expected<bool> chooseRewritten(const QHash<QString, qint64> &sizes);
-    /// Removes from `all` the transactions with an operation that is not in `operations`. Returns
-    /// whether there were any.
-    static bool removeWithOthers(Transactions &all, const QSet<OperationId> &operations);
+    /// Returns the current operations that no transaction of `all` contains.
+    Expected<QSet<OperationId>> operationsNotIn(const Transactions &all) const;
+    /// Removes from `all` the transactions with an operation that is not `present`. Returns whether
+    /// there were any.
+    static bool removeWithOthers(Transactions &all, const NoteLog::IdentifierSets &present);
     /// Returns the names of the transactions that contain operations other than `current` ones, or
     /// ones that another transaction contains too, or that are small. O(number of operations).
-    static QStringList transactionsToRewrite(const Transactions &all,
-                                             const QSet<OperationId> &current);
+    static QStringList transactionsToRewrite(const Transactions &all, const IdentifierSet &current);
     /// Returns the names of the transactions of full tiers, and of the large ones of which at least
     /// half of the operations are not `current`.
-    static QStringList fullTiers(const Transactions &all, const QSet<OperationId> &current);
+    static QStringList fullTiers(const Transactions &all, const IdentifierSet &current);
     Expected<void> beginWriting();
     /// Forgets some of what was removed.
     Expected<void> forgetRemoved();

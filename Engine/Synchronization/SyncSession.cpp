@@ -279,7 +279,7 @@ Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store, const EngineFu
 }
 
 Expected<void> SyncSession::compareListing() {
-    Expected<QHash<QString, qint64>> all = known().sizes();
+    const Expected<QSet<QString>> all = known().names();
     if (!all) {
         return failure(all.error());
     }
@@ -289,14 +289,13 @@ Expected<void> SyncSession::compareListing() {
     }
     // What is not listed any more says nothing.
     m_verification.dropResults(m_readAgain, listed);
-    all->removeIf(
-        [&](QHash<QString, qint64>::iterator each) { return m_readAgain.contains(each.key()); });
-    for (auto each = all->keyBegin(); each != all->keyEnd(); ++each) {
-        if (!listed.contains(*each)) {
-            m_gone.append(*each);
+    for (const QString &name : *all) {
+        if (!listed.contains(name) && !m_readAgain.contains(name)) {
+            m_gone.append(name);
         }
     }
-    m_unread.removeIf([&](const QString &name) { return all->contains(name); });
+    m_unread.removeIf(
+        [&](const QString &name) { return all->contains(name) && !m_readAgain.contains(name); });
     const Expected<bool> isGuarded = log().hasMoreNotesThan(FewNotes);
     if (!isGuarded) {
         return failure(isGuarded.error());
@@ -313,39 +312,48 @@ Expected<void> SyncSession::chooseToReadAgain(const QSet<QString> &listed) {
     if (!isComplete || (*isComplete && !m_mustCompare)) {
         return isComplete.map([](bool) {});
     }
-    Expected<QHash<QString, KnownTransactions::Contents>> all = known().all();
-    const Expected<QList<OperationId>> operations = log().operationIds();
-    const Expected<QSet<OperationId>> superseded = log().supersededIds();
-    if (!all) {
-        return failure(all.error());
+    const Expected<NoteLog::IdentifierSets> present = log().identifierSets();
+    if (!present) {
+        return failure(present.error());
     }
-    if (!operations || !superseded) {
-        return failure(operations ? superseded.error() : operations.error());
-    }
-    m_damagedOperations.intersect({operations->begin(), operations->end()});
-    const QSet<OperationId> present =
-        QSet<OperationId>(operations->begin(), operations->end()) + *superseded;
-    all->removeIf([&](QHash<QString, KnownTransactions::Contents>::iterator each) {
-        if (!listed.contains(each.key())) {
-            return true;
-        }
-        bool isNeeded =
-            !std::all_of(each->superseded.begin(), each->superseded.end(),
-                         [&](const OperationId &id) { return superseded->contains(id); });
-        for (const OperationId &id : std::as_const(each->operations)) {
-            if (!present.contains(id)) {
-                m_damagedOperations.insert(id);
-                // The digest of a name shows that the list of what it contains is damaged instead.
-                if (!TransactionName::hasDigest(each.key())) {
-                    noteLost(id);
-                }
+    m_damagedOperations.removeIf(
+        [&](const OperationId &id) { return !present->operations.contains(id); });
+    QSet<QString> needed;
+    const Expected<void> chosen =
+        known().visitParts([&](const QString &name, const KnownTransactions::Contents &part) {
+            if (listed.contains(name) && isNeeded(name, part, *present)) {
+                needed.insert(name);
             }
-            isNeeded = isNeeded || m_damagedOperations.contains(id);
+        });
+    if (!chosen) {
+        return chosen;
+    }
+    for (const QString &name : std::as_const(needed)) {
+        const Expected<KnownTransactions::Contents> contents = known().contents(name);
+        if (!contents) {
+            return failure(contents.error());
         }
-        return !isNeeded;
-    });
-    m_readAgain = *all;
+        m_readAgain.insert(name, *contents);
+    }
     return {};
+}
+
+bool SyncSession::isNeeded(const QString &name, const KnownTransactions::Contents &part,
+                           const NoteLog::IdentifierSets &present) {
+    bool isNeeded =
+        !std::all_of(part.superseded.begin(), part.superseded.end(),
+                     [&](const OperationId &id) { return present.superseded.contains(id); });
+    for (const OperationId &id : part.operations) {
+        if (!present.operations.contains(id) && !present.superseded.contains(id)) {
+            m_damagedOperations.insert(id);
+            // The digest of a name shows that the list of what it contains is damaged instead.
+            if (!TransactionName::hasDigest(name)) {
+                noteLost(id);
+            }
+        }
+        isNeeded = isNeeded || m_damagedOperations.contains(id);
+    }
+    return isNeeded;
 }
 
 Expected<void> SyncSession::compareTransactions() {

@@ -99,6 +99,10 @@ private:
     /// If everything is compared, chooses those of the known records that are `listed` that contain
     /// what is damaged in the profile, or what the profile has lost.
     Expected<void> chooseToReadAgain(const QSet<QString> &listed);
+    /// Returns whether the record `name` is read again because of this part, and notes what the
+    /// profile has lost of it. `present` is what the profile contains.
+    bool isNeeded(const QString &name, const KnownTransactions::Contents &part,
+                  const NoteLog::IdentifierSets &present);
     /// Adds what was read to the forecast. Releases the transactions if they take too much memory;
     /// their records are read again. When all are compared, checks what they remove and proceeds to
     /// merging.

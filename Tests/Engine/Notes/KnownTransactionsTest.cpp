@@ -91,6 +91,27 @@ private Q_SLOTS:
                  (QHash<QString, qint64>{{FirstRecord, RecordSize}, {SecondRecord, RecordSize}}));
     }
 
+    void theSizeOfALargeRecordIsReadWithoutItsIdentifiers() {
+        beginRecording(known());
+        QVERIFY(known().setComplete());
+        const Transaction large = manyIdentifiers(1000);
+        for (int i = 0; i < 2; ++i) {
+            QVERIFY(known().add(FirstRecord, large, RecordSize));
+        }
+        QVERIFY(known().isComplete().value());
+        QVERIFY(known().addPart(SecondRecord, 0, superseding('a', 'b')));
+        QVERIFY(known().addLastPart(SecondRecord, large, RecordSize));
+        QCOMPARE(known().contents(FirstRecord).value(),
+                 KnownTransactions::Contents::of(large, RecordSize));
+        QCOMPARE(known().contents(SecondRecord).value().superseded.size(), 1002);
+        QCOMPARE(known().names().value(), QSet<QString>({FirstRecord, SecondRecord}));
+        QCOMPARE(profile().value(QStringLiteral("SELECT sum(length(superseded))"
+                                                " FROM known_transactions WHERE size > 0")),
+                 0);
+        QVERIFY(known().remove({FirstRecord, SecondRecord}));
+        QCOMPARE(profile().value(QStringLiteral("SELECT count(*) FROM known_transactions")), 0);
+    }
+
     void aRecordWithoutItsLastPartIsNotKnown() {
         QVERIFY(known().addPart(FirstRecord, 0, superseding('a', 'b')));
         QVERIFY(known().all().value().isEmpty());
