@@ -5,7 +5,6 @@
 #include <QtGui/QAction>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QListWidget>
 #include <QtWidgets/QPushButton>
 #include <algorithm>
 #include <limits>
@@ -15,6 +14,8 @@
 #include "Application/ConflictDialog.h"
 #include "Application/NoteClipboard.h"
 #include "Application/NoteTextEdit.h"
+#include "Application/NotesList.h"
+#include "Application/NotesModel.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/Splitter.h"
 #include "Application/UnsavedTextDialog.h"
@@ -55,17 +56,13 @@ constexpr qint64 ReadingAtOnce = 5;
 /// A change of not more rows than this is shown before others.
 constexpr qsizetype RowsReadFirst = 4;
 
-QString shownTitle(const Note &note) {
-    constexpr qsizetype longest = 200;
-    return note.title.isEmpty() ? NotesView::tr("Untitled") : note.title.left(longest);
-}
-
 }  // namespace
 
 NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     : QWidget(parent),
       m_unsavedTexts(std::move(unsavedTexts)),
-      m_list(new QListWidget),
+      m_rows(new NotesModel(this)),
+      m_list(new NotesList),
       m_unreadNotice(PlainText::label()),
       m_tryAgainButton(new QPushButton(tr("Try A&gain"))),
       m_title(new PlaceholderField),
@@ -76,6 +73,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
       m_addButton(new QPushButton(tr("New &Note"))),
       m_removeButton(new QPushButton(tr("De&lete Note"))),
       m_undoAction(new QAction(this)) {
+    m_list->setModel(m_rows);
     m_list->setAccessibleName(tr("Notes"));
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // Measuring each of many rows would take long.
@@ -112,7 +110,7 @@ void NotesView::connectWidgets() {
     connect(&m_keeping, &QTimer::timeout, this, &NotesView::keepEdits);
     connect(&m_reading, &QTimer::timeout, this, &NotesView::readRows);
     connect(m_tryAgainButton, &QPushButton::clicked, this, &NotesView::readRows);
-    connect(m_list, &QListWidget::currentRowChanged, this, &NotesView::selectNote);
+    connect(m_list, &NotesList::currentRowChanged, this, &NotesView::selectNote);
     connect(m_title, &QLineEdit::textEdited, this, &NotesView::removeHalfCharacter);
     connect(m_title, &QLineEdit::textEdited, this, &NotesView::noteEdited);
     connect(m_title, &QLineEdit::inputRejected, this, &presentTitleCut);
@@ -198,15 +196,13 @@ bool NotesView::setDatabase(const std::shared_ptr<NoteDatabase> &database) {
 }
 
 void NotesView::showNothing() {
-    m_rows.clear();
-    m_positions.clear();
     m_unread.reset();
     m_changed.clear();
     m_reading.stop();
     showUnread({});
     {
         const QSignalBlocker blocker(m_list);
-        m_list->clear();
+        m_rows->clear();
     }
     m_addButton->setEnabled(false);
     showNote(-1);
@@ -254,84 +250,36 @@ void NotesView::showUnread(const Expected<void> &read) {
 
 Expected<void> NotesView::readMore(qint64 from) {
     return m_database->rows(from, RowsAtOnce).map([this](const QList<NoteRow> &rows) {
-        appendRows(rows);
+        const QSignalBlocker blocker(m_list);
+        m_rows->append(rows);
         m_unread =
             rows.size() < RowsAtOnce ? std::nullopt : std::optional(rows.last().position + 1);
     });
 }
 
 Expected<void> NotesView::readAgain(qint64 position) {
+    const int count = m_list->count();
     const qint64 end =
-        m_rows.isEmpty() ? std::numeric_limits<qint64>::min() : m_rows.last().position + 1;
+        count == 0 ? std::numeric_limits<qint64>::min() : m_rows->position(count - 1) + 1;
     if (position >= m_unread.value_or(end)) {
         // New rows are read together.
         const Expected<void> read = m_unread ? Expected<void>() : readMore(end);
         return read.map([&] { m_changed.removeIf([&](qint64 each) { return each >= end; }); });
     }
     return m_database->rowsAt(position).map([&](const QList<NoteRow> &rows) {
-        replaceRows(indexOf(position), position, rows);
+        const QSignalBlocker blocker(m_list);
+        m_rows->replace(position, rows);
+        // A damaged edit may have been repaired.
+        m_isTextOutdated =
+            m_isTextOutdated || std::any_of(rows.begin(), rows.end(), [this](const NoteRow &row) {
+                return row.note.revision == m_note.revision;
+            });
         m_changed.remove(position);
     });
 }
 
-void NotesView::replaceRows(qsizetype first, qint64 position, const QList<NoteRow> &rows) {
-    const QSignalBlocker blocker(m_list);
-    qsizetype index = first;
-    for (const NoteRow &row : rows) {
-        if (index < m_rows.size() && m_rows.at(index).position == position) {
-            forgetPosition(m_rows.at(index));
-            m_rows[index] = row;
-            m_list->item(static_cast<int>(index))->setText(shownTitle(row.note));
-        } else {
-            m_rows.insert(index, row);
-            m_list->insertItem(static_cast<int>(index), shownTitle(row.note));
-        }
-        ++index;
-    }
-    while (index < m_rows.size() && m_rows.at(index).position == position) {
-        forgetPosition(m_rows.at(index));
-        m_rows.removeAt(index);
-        delete m_list->takeItem(static_cast<int>(index));
-    }
-    for (const NoteRow &row : rows) {
-        m_positions.insert(row.note.UUID, position);
-        m_positions.insert(row.note.revision, position);
-        // A damaged edit may have been repaired.
-        m_isTextOutdated = m_isTextOutdated || row.note.revision == m_note.revision;
-    }
-}
-
-void NotesView::forgetPosition(const NoteRow &row) {
-    for (const QString &key : {row.note.UUID, row.note.revision}) {
-        // A note that was removed and restored has another position.
-        if (m_positions.value(key) == row.position) {
-            m_positions.remove(key);
-        }
-    }
-}
-
-void NotesView::appendRows(const QList<NoteRow> &rows) {
-    QStringList titles;
-    titles.reserve(rows.size());
-    for (const NoteRow &row : rows) {
-        m_positions.insert(row.note.UUID, row.position);
-        m_positions.insert(row.note.revision, row.position);
-        titles.append(shownTitle(row.note));
-    }
-    m_rows.append(rows);
-    const QSignalBlocker blocker(m_list);
-    m_list->addItems(titles);
-}
-
-qsizetype NotesView::indexOf(qint64 position) const {
-    const auto found = std::lower_bound(
-        m_rows.begin(), m_rows.end(), position,
-        [](const NoteRow &row, qint64 searched) { return row.position < searched; });
-    return found - m_rows.begin();
-}
-
 void NotesView::readUntil(const Note &note) {
-    while (m_unread && !m_positions.contains(note.revision) && !m_positions.contains(note.UUID)) {
+    while (m_unread && m_rows->rowOf(note) < 0) {
         if (const Expected<void> read = readMore(*m_unread); !read) {
             showUnread(read);
             NSApp()->presentError(read.error());
@@ -341,10 +289,10 @@ void NotesView::readUntil(const Note &note) {
 }
 
 void NotesView::showCurrent() {
-    const int row = rowOf(m_note);
-    const int nearest = qBound(m_rows.isEmpty() ? -1 : 0, m_row, m_list->count() - 1);
+    const int row = m_rows->rowOf(m_note);
+    const int nearest = qBound(m_list->count() == 0 ? -1 : 0, m_row, m_list->count() - 1);
     const int current = row >= 0 || m_isEdited ? row : nearest;
-    if (row < 0 && current >= 0 && m_changed.contains(m_rows.at(current).position)) {
+    if (row < 0 && current >= 0 && m_changed.contains(m_rows->position(current))) {
         // It may be gone, too. Another note is shown once its row was read again.
         return;
     }
@@ -362,23 +310,23 @@ void NotesView::showCurrent() {
 }
 
 void NotesView::selectNote(int row) {
-    const Note wanted = row >= 0 ? m_rows.at(row).note : Note();
-    if (row >= 0 && m_changed.contains(m_rows.at(row).position)) {
-        presentIfFailed(readAgain(m_rows.at(row).position));
+    const Note wanted = row >= 0 ? m_rows->note(row) : Note();
+    if (row >= 0 && m_changed.contains(m_rows->position(row))) {
+        presentIfFailed(readAgain(m_rows->position(row)));
     }
     if (leave()) {
         // Saving may have moved the rows.
-        showNote(rowOf(wanted));
+        showNote(m_rows->rowOf(wanted));
     } else {
         const QSignalBlocker blocker(m_list);
-        m_list->setCurrentRow(rowOf(m_note));
+        m_list->setCurrentRow(m_rows->rowOf(m_note));
     }
 }
 
 void NotesView::showNote(int row) {
     if (row < 0) {
         m_note = {};
-    } else if (const Note &note = m_rows.at(row).note;
+    } else if (const Note note = m_rows->note(row);
                m_isTextOutdated || note.revision != m_note.revision || note.UUID != m_note.UUID) {
         const Expected<Note> complete = m_database->completeNote(note);
         if (!complete) {
@@ -405,7 +353,7 @@ void NotesView::showNote(int row) {
 
 void NotesView::select(const Note &note) {
     readUntil(note);
-    if (const int row = rowOf(note); row >= 0) {
+    if (const int row = m_rows->rowOf(note); row >= 0) {
         m_list->setCurrentRow(row);
     }
 }
@@ -462,24 +410,6 @@ void NotesView::keepEdits() {
     }
 }
 
-int NotesView::rowOf(const Note &note) const {
-    const auto find = [&](const QString &key, auto member) {
-        const auto position = m_positions.constFind(key);
-        if (key.isEmpty() || position == m_positions.constEnd()) {
-            return -1;
-        }
-        for (qsizetype i = indexOf(*position);
-             i < m_rows.size() && m_rows.at(i).position == *position; ++i) {
-            if (m_rows.at(i).note.*member == key) {
-                return static_cast<int>(i);
-            }
-        }
-        return -1;
-    };
-    const int row = find(note.revision, &Note::revision);
-    return row >= 0 ? row : find(note.UUID, &Note::UUID);
-}
-
 Note NotesView::editedNote() const {
     Note note = m_note;
     if (m_isEdited) {
@@ -513,7 +443,8 @@ void NotesView::showSaved(const Note &note) {
     m_note = note;
     m_isTextOutdated = false;
     // The list may show another edit as the note, or may not have been read again.
-    if (const int row = rowOf(note); row >= 0 && m_rows.at(row).note.revision == note.revision) {
+    if (const int row = m_rows->rowOf(note);
+        row >= 0 && m_rows->note(row).revision == note.revision) {
         showNote(row);
     }
 }
@@ -547,16 +478,16 @@ void NotesView::showConflict() {
 
 QList<Note> NotesView::otherEdits() const {
     // The note may have got other edits since it was shown.
-    const int row = rowOf(m_note);
-    const QString conflict = row < 0 ? QString() : m_rows.at(row).note.conflict;
+    const int row = m_rows->rowOf(m_note);
+    const QString conflict = row < 0 ? QString() : m_rows->note(row).conflict;
     QList<Note> others;
     if (conflict.isEmpty()) {
         return others;
     }
-    const qint64 position = m_rows.at(row).position;
-    for (qsizetype i = indexOf(position); i < m_rows.size() && m_rows.at(i).position == position;
+    const qint64 position = m_rows->position(row);
+    for (int i = m_rows->firstRow(position); i < m_list->count() && m_rows->position(i) == position;
          ++i) {
-        const Note &each = m_rows.at(i).note;
+        const Note each = m_rows->note(i);
         if (each.conflict == conflict && each.UUID != m_note.UUID) {
             others.append(each);
         }
@@ -603,7 +534,8 @@ void NotesView::keepEdit(Note kept, const Note &removed) {
     }
     rememberDeletion(removed, tr("&Undo Keep"));
     // A copy that is the only edit left shows as the note.
-    if (m_positions.contains(kept.revision)) {
+    if (const int row = m_rows->rowOf(kept);
+        row >= 0 && m_rows->note(row).revision == kept.revision) {
         select(kept);
     }
 }

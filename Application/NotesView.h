@@ -11,10 +11,11 @@
 
 class ConflictBar;
 class NoteTextEdit;
+class NotesList;
+class NotesModel;
 class QAction;
 class QLabel;
 class QLineEdit;
-class QListWidget;
 class QPushButton;
 
 /// Shows and edits the notes of one database. Typed text is saved when the user pauses (500 ms) or
@@ -89,12 +90,6 @@ private:
     Expected<void> readMore(qint64 from);
     /// Reads the rows of a position that has changed, or else new rows if it is beyond those read.
     Expected<void> readAgain(qint64 position);
-    /// Shows `rows` instead of those from the index `first` that have the position `position`.
-    void replaceRows(qsizetype first, qint64 position, const QList<NoteRow> &rows);
-    void appendRows(const QList<NoteRow> &rows);
-    void forgetPosition(const NoteRow &row);
-    /// Returns the index of the first row whose position is not less than `position`.
-    qsizetype indexOf(qint64 position) const;
     /// Reads rows until the one of `note` is there.
     void readUntil(const Note &note);
     /// Selects the shown note or, if it is gone, the nearest one.
@@ -148,14 +143,9 @@ private:
     void keepBothEdits(const Note &one, const Note &other);
     /// Returns the shown note with the user's edits and the current time.
     Note editedNote() const;
-    /// Returns the row of the edit `note`; if there is none, that of the note with its UUID, or -1.
-    int rowOf(const Note &note) const;
 
     const UnsavedTexts m_unsavedTexts;
     std::shared_ptr<NoteDatabase> m_database;
-    /// The rows that were read, in their order, and their positions by UUID and by revision.
-    QList<NoteRow> m_rows;
-    QHash<QString, qint64> m_positions;
     /// The first position that was not read; none if all were.
     std::optional<qint64> m_unread;
     /// The positions of rows to read again.
@@ -179,7 +169,9 @@ private:
     QTimer m_keeping;
     /// The deleted notes, last deletion last.
     QList<Deletion> m_deletions;
-    QListWidget *m_list;
+    /// The rows that were read.
+    NotesModel *m_rows;
+    NotesList *m_list;
     QLabel *m_unreadNotice;
     QPushButton *m_tryAgainButton;
     QLineEdit *m_title;

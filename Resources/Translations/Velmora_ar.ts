@@ -538,6 +538,13 @@
     </message>
 </context>
 <context>
+    <name>NotesModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>بلا عنوان</translation>
+    </message>
+</context>
+<context>
     <name>NotesView</name>
     <message>
         <source>A title has at most %L1 characters, so not all of what you entered was added to it. Enter it into the text of the note.</source>
@@ -546,10 +553,6 @@
     <message>
         <source>The text was not inserted, because the note would be too long to be edited: it may have %L1 lines of at most %L2 characters, and %L3 characters in all. Insert a part of it, or several lines.</source>
         <translation>لم يُدرج النص، لأن الملاحظة ستصبح أطول من أن تُحرر: يمكن أن تضم %L1 من الأسطر، في كل سطر %L2 من المحارف على الأكثر، و%L3 من المحارف إجمالًا. أدرج جزءًا منه، أو وزّعه على عدة أسطر.</translation>
-    </message>
-    <message>
-        <source>Untitled</source>
-        <translation>بلا عنوان</translation>
     </message>
     <message>
         <source>New &amp;Note</source>

@@ -522,6 +522,13 @@
     </message>
 </context>
 <context>
+    <name>NotesModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
+    </message>
+</context>
+<context>
     <name>NotesView</name>
     <message>
         <source>A title has at most %L1 characters, so not all of what you entered was added to it. Enter it into the text of the note.</source>
@@ -530,10 +537,6 @@
     <message>
         <source>The text was not inserted, because the note would be too long to be edited: it may have %L1 lines of at most %L2 characters, and %L3 characters in all. Insert a part of it, or several lines.</source>
         <translation>Der Text wurde nicht eingefügt, weil die Notiz dann zu lang zum Bearbeiten wäre: Sie darf %L1 Zeilen mit höchstens %L2 Zeichen und insgesamt %L3 Zeichen haben. Fügen Sie einen Teil davon ein, oder mehrere Zeilen.</translation>
-    </message>
-    <message>
-        <source>Untitled</source>
-        <translation>Ohne Titel</translation>
     </message>
     <message>
         <source>New &amp;Note</source>

@@ -522,14 +522,17 @@
     </message>
 </context>
 <context>
+    <name>NotesModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Sin título</translation>
+    </message>
+</context>
+<context>
     <name>NotesView</name>
     <message>
         <source>A title has at most %L1 characters, so not all of what you entered was added to it. Enter it into the text of the note.</source>
         <translation>Un título tiene como máximo %L1 caracteres, por lo que no se ha añadido todo lo que ha escrito. Escríbalo en el texto de la nota.</translation>
-    </message>
-    <message>
-        <source>Untitled</source>
-        <translation>Sin título</translation>
     </message>
     <message>
         <source>New &amp;Note</source>

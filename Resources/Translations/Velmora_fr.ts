@@ -522,14 +522,17 @@
     </message>
 </context>
 <context>
+    <name>NotesModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Sans titre</translation>
+    </message>
+</context>
+<context>
     <name>NotesView</name>
     <message>
         <source>A title has at most %L1 characters, so not all of what you entered was added to it. Enter it into the text of the note.</source>
         <translation>Un titre a au plus %L1 caractères ; une partie de votre saisie n’y a donc pas été ajoutée. Saisissez-la dans le texte de la note.</translation>
-    </message>
-    <message>
-        <source>Untitled</source>
-        <translation>Sans titre</translation>
     </message>
     <message>
         <source>New &amp;Note</source>

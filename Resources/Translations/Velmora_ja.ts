@@ -518,6 +518,13 @@
     </message>
 </context>
 <context>
+    <name>NotesModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+</context>
+<context>
     <name>NotesView</name>
     <message>
         <source>A title has at most %L1 characters, so not all of what you entered was added to it. Enter it into the text of the note.</source>
@@ -526,10 +533,6 @@
     <message>
         <source>The text was not inserted, because the note would be too long to be edited: it may have %L1 lines of at most %L2 characters, and %L3 characters in all. Insert a part of it, or several lines.</source>
         <translation>ノートが長くなりすぎて編集できなくなるため、テキストは挿入されませんでした。ノートは%L1行まで、1行は%L2文字まで、全体で%L3文字までです。一部だけを挿入するか、複数の行に分けてください。</translation>
-    </message>
-    <message>
-        <source>Untitled</source>
-        <translation>無題</translation>
     </message>
     <message>
         <source>New &amp;Note</source>

@@ -20,6 +20,7 @@
 #include "Application/EndSignals.h"
 #include "Application/EventLog.h"
 #include "Application/NoteExport.h"
+#include "Application/NotesList.h"
 #include "Application/PreferencesWindow.h"
 #include "Support/FailingTable.h"
 #include "Support/Languages.h"
@@ -35,16 +36,10 @@ class MainWindowTest : public QObject {
     EventLog m_log;
     std::unique_ptr<MainWindow> m_window;
 
-    QListWidget *list(const char *accessibleName) const {
-        for (QListWidget *list : m_window->findChildren<QListWidget *>()) {
-            if (list->accessibleName() == QLatin1StringView(accessibleName)) {
-                return list;
-            }
-        }
-        return nullptr;
+    QListWidget *databases() const {
+        return m_window->findChild<QListWidget *>(QStringLiteral("databases"));
     }
-    QListWidget *databases() const { return list("Databases"); }
-    QListWidget *notes() const { return list("Notes"); }
+    NotesList *notes() const { return m_window->findChild<NotesList *>(); }
     QPlainTextEdit *text() const { return m_window->findChild<QPlainTextEdit *>(); }
     QLineEdit *title() const { return m_window->findChild<QLineEdit *>(); }
     QPushButton *deleteButton() const {

@@ -4,12 +4,12 @@
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 
 #include "Application/HistoryDialog.h"
+#include "Application/NotesList.h"
 #include "Application/NotesView.h"
 #include "Platform/Interface/PlainText.h"
 #include "Support/FailingTable.h"
@@ -26,7 +26,7 @@ private:
 
     QPlainTextEdit *text() const { return m_view->findChild<QPlainTextEdit *>(); }
     QLineEdit *title() const { return m_view->findChild<QLineEdit *>(); }
-    QListWidget *list() const { return m_view->findChild<QListWidget *>(); }
+    NotesList *list() const { return m_view->findChild<NotesList *>(); }
     /// As it comes from another computer.
     void receive(const Transaction &transaction) {
         QVERIFY(m_host->library().merge(m_database, Merge{.transactions = {transaction}},
@@ -39,7 +39,7 @@ private:
     QStringList shownTitles() const {
         QStringList titles;
         for (int row = 0; row < list()->count(); ++row) {
-            titles.append(list()->item(row)->text());
+            titles.append(list()->model()->index(row, 0).data().toString());
         }
         return titles;
     }

@@ -7,6 +7,7 @@
 #include "Application/ConflictDialog.h"
 #include "Application/EventLog.h"
 #include "Application/MainWindow.h"
+#include "Application/NotesList.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/Verification.h"
@@ -80,17 +81,11 @@ private:
         return state;
     }
 
-    QListWidget *list(const char *name) const {
-        const auto lists = m_window->findChildren<QListWidget *>();
-        const auto found = std::find_if(lists.begin(), lists.end(), [&](QListWidget *each) {
-            return each->accessibleName() == QLatin1StringView(name);
-        });
-        return found == lists.end() ? nullptr : *found;
+    QListWidget *databases() const {
+        return m_window->findChild<QListWidget *>(QStringLiteral("databases"));
     }
-    QString databaseRow() const {
-        QListWidget *databases = list("Databases");
-        return databases->item(databases->count() - 1)->text();
-    }
+    NotesList *notes() const { return m_window->findChild<NotesList *>(); }
+    QString databaseRow() const { return databases()->item(databases()->count() - 1)->text(); }
     ConflictBar *bar() const { return m_window->findChild<ConflictBar *>(); }
     ConflictDialog *dialog() const { return m_window->findChild<ConflictDialog *>(); }
     QAction *action(const QString &title) const {
@@ -143,7 +138,7 @@ private Q_SLOTS:
         synchronizeHere();
         m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
         m_window->show();
-        list("Databases")->setCurrentRow(list("Databases")->count() - 1);
+        databases()->setCurrentRow(databases()->count() - 1);
     }
     void cleanup() {
         m_window.reset();
@@ -160,12 +155,12 @@ private Q_SLOTS:
     }
 
     void aBarIsAboveEachEdit() {
-        QCOMPARE(list("Notes")->count(), 3);
+        QCOMPARE(notes()->count(), 3);
         QCOMPARE(databaseRow(), QStringLiteral("Plans · 1 conflict"));
         QVERIFY(bar()->isVisible());
-        list("Notes")->setCurrentRow(1);
+        notes()->setCurrentRow(1);
         QVERIFY(bar()->isVisible());
-        list("Notes")->setCurrentRow(2);
+        notes()->setCurrentRow(2);
         QVERIFY(!bar()->isVisible());
     }
 
@@ -192,7 +187,7 @@ private Q_SLOTS:
         QFETCH(bool, compares);
         QFETCH(QStringList, left);
         const QString UUID = here()->notes().value().first().UUID;
-        list("Notes")->setCurrentRow(row);
+        notes()->setCurrentRow(row);
         if (compares) {
             press(bar(), QStringLiteral("Compare…"));
             press(dialog(), choice);
@@ -230,7 +225,7 @@ private Q_SLOTS:
     void aDecisionIsUndone() {
         QFETCH(QString, choice);
         QFETCH(int, row);
-        list("Notes")->setCurrentRow(row);
+        notes()->setCurrentRow(row);
         press(bar(), choice);
         synchronizeAll();
         QCOMPARE(here()->notes().value().size(), 2);

@@ -72,7 +72,7 @@ private Q_SLOTS:
     void theWindowsShowThemAsTheyAre() {
         const ShownName shown(ShownName::Hostile);
         for (const char *place :
-             {"TextLabel rowName", "TextLabel rowTitle", "QListWidget databases", "QListWidget ",
+             {"TextLabel rowName", "TextLabel rowTitle", "QListWidget databases", "NotesList ",
               "PlaceholderField ", "NoteTextEdit ", "QTreeView "}) {
             QVERIFY2(shown.places().contains(QLatin1StringView(place)), place);
         }
