@@ -53,13 +53,11 @@ QString QVStandInDatabase::localizedSyncButtonTitle() const {
 
 void QVStandInDatabase::setCanSynchronize(bool canSynchronize) {
     m_canSynchronize = canSynchronize;
-    m_aggregatesAreCurrent = false;
     KeyValue::announce<&QVStandInDatabase::canSynchronizeChanged>(this);
 }
 
 void QVStandInDatabase::setDateOfLastSynchronization(const QDateTime &date) {
     m_dateOfLastSynchronization = date;
-    m_aggregatesAreCurrent = false;
     KeyValue::announce<&QVStandInDatabase::dateOfLastSynchronizationChanged>(this);
 }
 
@@ -108,71 +106,66 @@ bool QVStandInDatabase::existsLocally() const {
 }
 
 void QVStandInDatabase::addSynchronizationStatesObject(const std::shared_ptr<QVSyncState> &state) {
-    addState(state, syncLog().isVerbose());
+    insertState(state);
+    statesWereAdded(syncLog().isVerbose());
 }
 
 void QVStandInDatabase::addSynchronizationStates(const QVSyncStates &states) {
-    // Reading the setting takes longer than adding a state.
     const bool isVerbose = syncLog().isVerbose();
     for (const auto &state : states) {
-        addState(state, isVerbose);
+        insertState(state);
+        // Each update is logged.
+        if (isVerbose || state == states.constLast()) {
+            statesWereAdded(isVerbose);
+        }
     }
 }
 
-void QVStandInDatabase::addState(const std::shared_ptr<QVSyncState> &state, bool isVerbose) {
+void QVStandInDatabase::insertState(const std::shared_ptr<QVSyncState> &state) {
     if (const QVSyncSchedulePtr rowSchedule = schedule()) {
         state->setSchedule(rowSchedule);
     }
-    if (!m_members.contains(state.get())) {
+    if (m_members.contains(state.get())) {
+        ++m_furtherObservations[state.get()];
+    } else {
         m_members.insert(state.get());
         m_states.append(state);
-        ++m_changeCount;
     }
-    m_observations.emplace(
-        state.get(),
-        StateObservation{
-            KeyValue::observe(state.get(), "lastSynced",
-                              [this] { updateDateOfLastSynchronization(); }),
-            KeyValue::observe(state.get(), "enabled", [this] { updateCanSynchronize(); })});
-    includeInAggregates(*state, isVerbose);
-    KeyValue::announce<&QVStandInDatabase::synchronizationStatesChanged>(this);
+    observe(*state);
 }
 
-// While the aggregates are current, a new state can only raise them. Recomputing them from all
-// states for each addition would take quadratic time.
-void QVStandInDatabase::includeInAggregates(const QVSyncState &state, bool isVerbose) {
-    const bool wereCurrent = m_aggregatesAreCurrent && !isVerbose;
-    const quint64 change = m_changeCount;
-    if (wereCurrent) {
-        setDateOfLastSynchronization(later(m_dateOfLastSynchronization, state.lastSynced()));
-    } else {
-        updateDateOfLastSynchronization();
-    }
-    // A handler may have added or removed states meanwhile.
-    if (wereCurrent && change == m_changeCount) {
-        setCanSynchronize(m_canSynchronize || state.isEnabled());
-    } else {
-        updateCanSynchronize();
-    }
-    m_aggregatesAreCurrent = change == m_changeCount;
+void QVStandInDatabase::observe(const QVSyncState &state) {
+    connect(&state, &QVSyncState::lastSyncedChanged, this,
+            &QVStandInDatabase::updateDateOfLastSynchronization, Qt::DirectConnection);
+    connect(&state, &QVSyncState::enabledChanged, this,
+            qOverload<>(&QVStandInDatabase::updateCanSynchronize), Qt::DirectConnection);
+}
+
+void QVStandInDatabase::statesWereAdded(bool isVerbose) {
+    updateDateOfLastSynchronization();
+    updateCanSynchronize(isVerbose);
+    KeyValue::announce<&QVStandInDatabase::synchronizationStatesChanged>(this);
 }
 
 void QVStandInDatabase::removeSynchronizationStatesObject(
     const std::shared_ptr<QVSyncState> &state) {
     if (m_members.remove(state.get())) {
-        m_observations.erase(m_observations.find(state.get()));
         m_states.removeOne(state);
-        ++m_changeCount;
+        disconnect(state.get(), nullptr, this, nullptr);
+        for (int i = 0; i < m_furtherObservations.value(state.get()); ++i) {
+            observe(*state);
+        }
     }
     updateDateOfLastSynchronization();
     KeyValue::announce<&QVStandInDatabase::synchronizationStatesChanged>(this);
 }
 
 void QVStandInDatabase::removeAllSynchronizationStates() {
+    for (const auto &state : std::as_const(m_states)) {
+        ++m_furtherObservations[state.get()];
+    }
     m_states.clear();
     m_members.clear();
-    ++m_changeCount;
-    m_aggregatesAreCurrent = false;
 }
 
 void QVStandInDatabase::addContainingLocationsObject(
@@ -192,7 +185,10 @@ bool QVStandInDatabase::existsInLocation(const std::shared_ptr<QVSyncLocation> &
 }
 
 void QVStandInDatabase::updateCanSynchronize() {
-    const bool isVerbose = syncLog().isVerbose();
+    updateCanSynchronize(syncLog().isVerbose());
+}
+
+void QVStandInDatabase::updateCanSynchronize(bool isVerbose) {
     bool hasEnabledState = false;
     for (const auto &state : m_states) {
         if (isVerbose) {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QtCore/QDateTime>
+#include <QtCore/QHash>
 #include <QtCore/QObject>
 #include <QtCore/QSet>
 #include <memory>
-#include <unordered_map>
 #include <unordered_set>
 
 #include "Host/QVSyncLocation.h"
@@ -86,9 +86,10 @@ public:
     /// receives it. Both aggregates are up to date when this returns, unless an observer has
     /// changed the row meanwhile. A state that is already in the row is observed once more, but not
     /// added. Announces the date, `canSynchronize` and then "synchronizationStates", in any case.
-    /// Amortized O(1), except while verbose logging is on.
+    /// O(number of the row's states).
     void addSynchronizationStatesObject(const std::shared_ptr<QVSyncState> &state);
-    /// Adds several states in the same way, but reads the setting of verbose logging once.
+    /// Adds several states, and updates and announces once when all are added. While verbose
+    /// logging is on, adds one after the other. Has no effect without states.
     void addSynchronizationStates(const QVSyncStates &states);
     /// Removes `state` and stops observing it. Updates the date but not `canSynchronize`. A state
     /// that is not in the row is ignored; null is too. O(n). The state itself does not change.
@@ -132,17 +133,16 @@ Q_SIGNALS:
     void syncOnCloseChanged();
 
 private:
-    /// The observations of one state; destroying it ends them.
-    struct StateObservation {
-        KeyValue::Observation lastSynced;
-        KeyValue::Observation enabled;
-    };
-
     /// Returns the first state; null if there is none.
     std::shared_ptr<QVSyncState> anyState() const;
-    void addState(const std::shared_ptr<QVSyncState> &state, bool isVerbose);
-    /// Updates both aggregates after `state` was added.
-    void includeInAggregates(const QVSyncState &state, bool isVerbose);
+    /// Adds and observes `state` without updating or announcing anything.
+    void insertState(const std::shared_ptr<QVSyncState> &state);
+    /// Observes `state`, once more if it is observed already. With plain connections, because there
+    /// are many states.
+    void observe(const QVSyncState &state);
+    /// Updates both aggregates and announces the states.
+    void statesWereAdded(bool isVerbose);
+    void updateCanSynchronize(bool isVerbose);
     /// Updates the name if the notification is about this database.
     void didReceiveDatabaseRenamedNotification(const Notification &notification);
 
@@ -154,10 +154,7 @@ private:
     std::unordered_set<std::shared_ptr<QVSyncLocation>> m_containingLocations;
     QDateTime m_dateOfLastSynchronization;
     bool m_canSynchronize = false;
-    /// Incremented each time the set of states changes.
-    quint64 m_changeCount = 0;
-    /// Whether both aggregates equal what recomputing them would give.
-    bool m_aggregatesAreCurrent = true;
-    /// Separate from the states, because removing all states keeps their observations.
-    std::unordered_multimap<const QVSyncState *, StateObservation> m_observations;
+    /// How often states are observed beyond once for each member: those that were added again, and
+    /// those that removing all states left observed.
+    QHash<const QVSyncState *, int> m_furtherObservations;
 };
