@@ -52,10 +52,8 @@ void LocationRowStatus::setSelection(const std::shared_ptr<QVSynchronizationSele
             QVSyncPlugin::plugin()->locationsController()->connectSaved(this,
                                                                         SIGNAL(locationChanged()));
         }
-        m_observation.observeRow(selection.get(), "location.URL", [this] {
-            clearError();
-            Q_EMIT locationChanged();
-        });
+        m_observation.observeRow(selection.get(), "location.URL",
+                                 [this] { Q_EMIT locationChanged(); });
         m_observation.observeRow(selection.get(), "selected", [this] { observeState(); });
         m_observation.observeRow(selection.get(), "error", [this] { Q_EMIT statusChanged(); });
     }
@@ -73,25 +71,11 @@ void LocationRowStatus::observeState() {
     m_observation.endStates();
     if (const auto observed = state()) {
         m_observation.observeState(observed.get(), "enabled", [this] { Q_EMIT statusChanged(); });
-        m_observation.observeState(observed.get(), "lastSynced", [this] {
-            clearError();
-            Q_EMIT statusChanged();
-        });
-        if (QVSyncResult::isOfferedBy(observed.get())) {
-            // What failed before the job may have another cause.
-            m_observation.observeState(observed.get(), QVSyncResult::Key, [this] {
-                clearError();
-                Q_EMIT statusChanged();
-            });
-        }
+        m_observation.observeState(observed.get(), "lastSynced",
+                                   [this] { Q_EMIT statusChanged(); });
+        m_observation.observeResult(observed.get());
     }
     Q_EMIT statusChanged();
-}
-
-void LocationRowStatus::clearError() {
-    if (const auto row = selection(); row && row->error()) {
-        row->setError({});
-    }
 }
 
 QString LocationRowStatus::title() const {

@@ -9,11 +9,7 @@
 
 /// What a row of the location list shows of its location, and of the last synchronization of the
 /// selected database with it. An object of the row's form, which creates one for each row. Must be
-/// used on the main thread.
-///
-/// An error of the row disappears when a job of the selected database with the location ends, since
-/// the error of that job is newer, and with a change of the location's URL: this object then sets
-/// it to empty.
+/// used on the main thread. It only shows the row's error; see ErrorExpiry for when that ends.
 class LocationRowStatus : public QObject {
     Q_OBJECT
     /// The row. Not owned: null once it is destroyed.
@@ -62,7 +58,6 @@ private:
     void observeState();
     /// Returns that state; null if there is none.
     std::shared_ptr<QVSyncState> state() const;
-    void clearError();
 
     std::weak_ptr<QVSynchronizationSelection> m_selection;
     RowObservation m_observation;

@@ -3,6 +3,7 @@
 #include <QtWidgets/QMenu>
 #include <algorithm>
 
+#include "Controller/Preferences/ErrorExpiry.h"
 #include "Controller/Preferences/LocationKind.h"
 #include "Controller/Preferences/LocationRecovery.h"
 #include "Controller/Preferences/PackageDrop.h"
@@ -295,6 +296,7 @@ void QVSyncPreferences::addSynchronizationSelectionsObject(const Selection &sele
     requireParameter(selection != nullptr, "selection != nil",
                      "QVSyncPreferences::addSynchronizationSelectionsObject", sourceFile);
     KeyValue::bind(selection.get(), "selectedDatabases", m_databasesController, "selectedObjects");
+    new ErrorExpiry(selection.get());
     m_synchronizationSelections.append(selection);
     KeyValue::announce<&QVSyncPreferences::synchronizationSelectionsChanged>(this);
 }
