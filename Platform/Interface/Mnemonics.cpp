@@ -1,5 +1,6 @@
 #include "Platform/Interface/Mnemonics.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 #include <QtGui/QKeySequence>
@@ -50,23 +51,16 @@ bool canBeMarked(QChar letter) {
     }
 }
 
-/// Returns where to mark `text`: at the first letter of a word, if possible; -1 if no letter is
-/// free.
-qsizetype placeOfMark(const QString &text, const QSet<QChar> &taken) {
-    const auto isFree = [&](qsizetype i) {
-        return canBeMarked(text.at(i)) && !taken.contains(text.at(i).toUpper());
-    };
+/// Returns where `text` can be marked: first at the beginnings of words.
+QList<qsizetype> placesOfMark(const QString &text) {
+    QList<qsizetype> beginnings;
+    QList<qsizetype> others;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        if (isFree(i) && (i == 0 || text.at(i - 1).isSpace())) {
-            return i;
+        if (canBeMarked(text.at(i))) {
+            (i == 0 || text.at(i - 1).isSpace() ? beginnings : others).append(i);
         }
     }
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (isFree(i)) {
-            return i;
-        }
-    }
-    return -1;
+    return beginnings + others;
 }
 
 /// Sentences, which are labels of tables, look wrong with one.
@@ -86,29 +80,85 @@ QString withAddedLetter(const QString &text, QChar letter) {
            QStringLiteral("(&%1)").arg(letter) + text.mid(place);
 }
 
-/// Returns the first letter of the alphabet that is free; null if there is none.
-QChar freeLetter(const QSet<QChar> &taken) {
-    for (char16_t letter = u'A'; letter <= u'Z'; ++letter) {
-        if (!taken.contains(letter)) {
-            return letter;
+/// Texts of one window and a letter for each of them, as far as there are enough.
+class Letters {
+public:
+    /// The letters in `taken` are not used.
+    explicit Letters(const QSet<QChar> &taken) : m_taken(taken) {}
+
+    /// Texts that are added first get the better letters.
+    void add(const QString &text) {
+        m_texts.append(text);
+        m_places.append(-1);
+        const auto index = m_texts.size() - 1;
+        if (needsAddedLetter(text)) {
+            addLetter(index);
+        } else if (!mark(index)) {
+            QSet<QChar> tried;
+            markInPlaceOfOthers(index, tried);
         }
     }
-    return {};
-}
 
-/// Returns `text` with a mark, whose letter is added to `taken`; `text` itself if none is free.
-QString marked(QString text, QSet<QChar> &taken) {
-    if (needsAddedLetter(text)) {
-        const QChar letter = freeLetter(taken);
-        taken.insert(letter);
-        return letter.isNull() ? text : withAddedLetter(text, letter);
+    /// Returns the text with its mark; without one if no letter was left.
+    QString marked(qsizetype index) const {
+        QString text = m_texts.at(index);
+        return m_places.at(index) < 0 ? text : text.insert(m_places.at(index), u'&');
     }
-    if (const qsizetype place = placeOfMark(text, taken); place >= 0) {
-        taken.insert(text.at(place).toUpper());
-        text.insert(place, u'&');
+
+private:
+    QChar letterAt(qsizetype index, qsizetype place) const {
+        return m_texts.at(index).at(place).toUpper();
     }
-    return text;
-}
+
+    void addLetter(qsizetype index) {
+        for (char16_t letter = u'A'; letter <= u'Z'; ++letter) {
+            if (!m_taken.contains(letter) && !m_owners.contains(letter)) {
+                m_taken.insert(letter);
+                m_texts[index] = withAddedLetter(m_texts.at(index), letter);
+                return;
+            }
+        }
+    }
+
+    /// Returns whether the text got a letter that was free.
+    bool mark(qsizetype index) {
+        for (const qsizetype place : placesOfMark(m_texts.at(index))) {
+            const QChar letter = letterAt(index, place);
+            if (!m_taken.contains(letter) && !m_owners.contains(letter)) {
+                m_owners.insert(letter, index);
+                m_places[index] = place;
+                return true;
+            }
+        }
+        return false;
+    }
+
+    /// Returns whether the text got the letter of another one, which got another letter. Those in
+    /// `tried` are not tried again.
+    bool markInPlaceOfOthers(qsizetype index, QSet<QChar> &tried) {
+        for (const qsizetype place : placesOfMark(m_texts.at(index))) {
+            const QChar letter = letterAt(index, place);
+            if (m_taken.contains(letter) || tried.contains(letter)) {
+                continue;
+            }
+            tried.insert(letter);
+            const qsizetype owner = m_owners.value(letter);
+            if (mark(owner) || markInPlaceOfOthers(owner, tried)) {
+                m_owners.insert(letter, index);
+                m_places[index] = place;
+                return true;
+            }
+        }
+        return false;
+    }
+
+    QSet<QChar> m_taken;
+    QStringList m_texts;
+    /// Where each text is marked; -1 if it is not.
+    QList<qsizetype> m_places;
+    /// The texts by their letters.
+    QHash<QChar, qsizetype> m_owners;
+};
 
 }  // namespace
 
@@ -136,7 +186,11 @@ void Mnemonics::assign(QWidget &window) {
                      [](const QWidget *one, const QWidget *other) {
                          return shownText(one).size() < shownText(other).size();
                      });
-    for (QWidget *widget : std::as_const(unmarked)) {
-        widget->setProperty("text", marked(shownText(widget), taken));
+    Letters letters(taken);
+    for (const QWidget *widget : std::as_const(unmarked)) {
+        letters.add(shownText(widget));
+    }
+    for (qsizetype i = 0; i < unmarked.size(); ++i) {
+        unmarked.at(i)->setProperty("text", letters.marked(i));
     }
 }

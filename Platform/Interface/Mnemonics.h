@@ -9,11 +9,11 @@ class QWidget;
 namespace Mnemonics {
 
 /// Gives each button and each label with a buddy in `window` that has none a letter of its text
-/// that is free in this window, short texts first; marks of translators are kept. Japanese letters,
-/// which no single key types, and Arabic ones, which a mark would separate from the letters that
-/// they are joined to, are not used: texts that have no others get a free letter from A to Z in
-/// brackets, unless they are sentences. Left out are tool buttons, what is inside scroll areas, and
-/// texts without a free letter. Idempotent.
+/// that no other has in this window, short texts first; marks of translators are kept. Japanese
+/// letters, which no single key types, and Arabic ones, which a mark would separate from the
+/// letters that they are joined to, are not used: texts that have no others get a free letter from
+/// A to Z in brackets, unless they are sentences. Left out are tool buttons, what is inside scroll
+/// areas, and texts without a free letter. Idempotent.
 PLATFORM_EXPORT void assign(QWidget &window);
 
 }  // namespace Mnemonics

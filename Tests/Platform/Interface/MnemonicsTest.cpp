@@ -33,6 +33,27 @@ private Q_SLOTS:
         QCOMPARE(add->text(), QStringLiteral("&Add"));
     }
 
+    void aTextGivesItsLetterToOneThatHasNoOther() {
+        const QPushButton *stop = addButton("Stop");
+        const QPushButton *tops = addButton("Topsy");
+        const QPushButton *later = addButton("Sssssss");
+        Mnemonics::assign(m_window);
+        QCOMPARE(stop->text(), QStringLiteral("St&op"));
+        QCOMPARE(tops->text(), QStringLiteral("&Topsy"));
+        QCOMPARE(later->text(), QStringLiteral("&Sssssss"));
+    }
+
+    void noTextIsLeftOutWhileThereAreLetters() {
+        QList<const QPushButton *> buttons;
+        for (const char *text : {"ab", "abc", "abcd", "aaaaa"}) {
+            buttons.append(addButton(text));
+        }
+        Mnemonics::assign(m_window);
+        for (const QPushButton *button : std::as_const(buttons)) {
+            QVERIFY2(button->text().contains(u'&'), qPrintable(button->text()));
+        }
+    }
+
     void aWordBeginsWithABetterLetterThanOneWithin() {
         addButton("&Sync");
         const QPushButton *server = addButton("Server Name");
