@@ -3,8 +3,10 @@
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
+#include <algorithm>
 
 #include "Application/CloseKeys.h"
+#include "Application/Guide.h"
 #include "Application/LocationRemovals.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/SaveLocations.h"
@@ -13,6 +15,9 @@
 #include "Application/WindowSize.h"
 #include "Host/PaneSelection.h"
 #include "Host/QVLocationEditing.h"
+#include "Host/QVSyncLocation.h"
+#include "Host/QVSyncLocationsController.h"
+#include "Host/QVSyncPlugin.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Mnemonics.h"
 #include "Platform/Interface/PlainText.h"
@@ -23,7 +28,20 @@ namespace {
 /// Names in WindowMemory.
 const QString PaneWindowName = QStringLiteral("SyncPreferences");
 const QString PaneDatabaseName = QStringLiteral("SyncPreferencesDatabase");
+const QString PaneLocationName = QStringLiteral("SyncPreferencesLocation");
 const QString PaneOpenName = QStringLiteral("SyncPreferencesOpen");
+
+/// Identifies the location from one start to the next.
+QString addressOf(const QVSyncLocation &location) {
+    return location.URL().stringWithoutPassword();
+}
+
+std::shared_ptr<QVSyncLocation> locationWithAddress(const QString &address) {
+    const auto locations = QVSyncPlugin::plugin()->locationsController()->syncLocations();
+    const auto found = std::find_if(locations.begin(), locations.end(),
+                                    [&](const auto &each) { return addressOf(*each) == address; });
+    return found == locations.end() ? nullptr : *found;
+}
 
 }  // namespace
 
@@ -36,6 +54,7 @@ PreferencesWindow::PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidg
     layout->setSpacing(0);
     new HeightKeeper(this);
     CloseKeys::add(*this);
+    Guide::addShortcut(this, Guide::LocationsPage);
     // Larger fonts need more room.
     resize(QSize(920, 600).expandedTo(WindowSize::of(*this, 100, 36)));
     showPane(std::move(pane));
@@ -111,6 +130,12 @@ QString PreferencesWindow::selectedDatabase() const {
     return selection ? selection->selectedDatabase() : QString();
 }
 
+QString PreferencesWindow::selectedAddress() const {
+    const auto *selection = dynamic_cast<PaneSelection *>(m_pane.get());
+    const auto location = selection ? selection->selectedLocation() : nullptr;
+    return location ? addressOf(*location) : QString();
+}
+
 void PreferencesWindow::select(const QString &database,
                                const std::shared_ptr<QVSyncLocation> &location) {
     if (auto *selection = dynamic_cast<PaneSelection *>(m_pane.get())) {
@@ -123,9 +148,8 @@ void PreferencesWindow::remember() {
     m_remembers = true;
     setWasOpen(true);
     WindowMemory::restore(*this, PaneWindowName);
-    if (auto *selection = dynamic_cast<PaneSelection *>(m_pane.get())) {
-        selection->selectDatabase(WindowMemory::text(PaneDatabaseName));
-    }
+    select(WindowMemory::text(PaneDatabaseName),
+           locationWithAddress(WindowMemory::text(PaneLocationName)));
 }
 
 bool PreferencesWindow::wasOpen() {
@@ -161,6 +185,7 @@ void PreferencesWindow::closeEvent(QCloseEvent *event) {
     if (m_remembers) {
         WindowMemory::save(*this, PaneWindowName);
         WindowMemory::saveText(PaneDatabaseName, selectedDatabase());
+        WindowMemory::saveText(PaneLocationName, selectedAddress());
         // The end of the program closes it, too.
         setWasOpen(m_closesInAnyCase);
     }

@@ -30,9 +30,9 @@ public:
     void showRemovals(LocationRemovals *removals,
                       std::function<Expected<std::unique_ptr<PreferencePane>>()> makePane);
 
-    /// Restores the place of the window and the selected database from the user's settings, and
-    /// keeps both there from now on, and whether the window is open. Must be called before the
-    /// window is shown.
+    /// Restores the place of the window, the selected database and the selected location from the
+    /// user's settings, and keeps them there from now on, and whether the window is open. Must be
+    /// called before the window is shown.
     void remember();
     /// Returns whether a window that remembers that was open when the program ended; true if there
     /// was none.
@@ -64,6 +64,7 @@ private:
     void undoRemoval();
     /// These have no effect on a pane that is no PaneSelection.
     QString selectedDatabase() const;
+    QString selectedAddress() const;
     void select(const QString &database, const std::shared_ptr<QVSyncLocation> &location);
 
     std::unique_ptr<PreferencePane> m_pane;

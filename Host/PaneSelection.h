@@ -19,6 +19,8 @@ public:
     virtual QString selectedDatabase() const = 0;
     /// Selects the row of the database. Has no effect if there is none.
     virtual void selectDatabase(const QString &UUID) = 0;
+    /// Returns the selected location; null if none is selected.
+    virtual std::shared_ptr<QVSyncLocation> selectedLocation() const = 0;
     /// Selects the row of `location`. Has no effect if there is none.
     virtual void selectLocation(const std::shared_ptr<QVSyncLocation> &location) = 0;
 };

@@ -364,6 +364,11 @@ void QVSyncPreferences::selectDatabase(const QString &UUID) {
                                  [&](const QVStandInDatabase &row) { return row.UUID() == UUID; });
 }
 
+std::shared_ptr<QVSyncLocation> QVSyncPreferences::selectedLocation() const {
+    const auto row = m_syncLocationsController->lastSelectedObject().value<Selection>();
+    return row ? row->location() : nullptr;
+}
+
 void QVSyncPreferences::selectLocation(const std::shared_ptr<QVSyncLocation> &location) {
     selectRow<QVSynchronizationSelection>(
         *m_syncLocationsController,

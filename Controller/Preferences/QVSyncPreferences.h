@@ -162,6 +162,7 @@ public:
     void selectDatabase(const QString &UUID) override;
 
     // The location list
+    std::shared_ptr<QVSyncLocation> selectedLocation() const override;
     void selectLocation(const std::shared_ptr<QVSyncLocation> &location) override;
     /// No entry is null.
     QList<Selection> synchronizationSelections() const { return m_synchronizationSelections; }

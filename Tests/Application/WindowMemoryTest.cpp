@@ -6,6 +6,7 @@
 
 #include "Application/EventLog.h"
 #include "Application/MainWindow.h"
+#include "Application/NotesView.h"
 #include "Application/PreferencesWindow.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Interface/Nib.h"
@@ -19,16 +20,26 @@ namespace {
 /// A pane with a selection and nothing to see.
 class SelectionPane : public PreferencePane, public PaneSelection {
 public:
-    explicit SelectionPane(QString *selected) : PreferencePane({}), m_selected(selected) {}
+    struct Selected {
+        QString database;
+        std::shared_ptr<QVSyncLocation> location;
+    };
+
+    explicit SelectionPane(Selected *selected) : PreferencePane({}), m_selected(selected) {}
     QString mainNibName() const override { return QStringLiteral("SelectionPane"); }
     void willSelect() override {}
     void willDeselect() override {}
-    QString selectedDatabase() const override { return *m_selected; }
-    void selectDatabase(const QString &UUID) override { *m_selected = UUID; }
-    void selectLocation(const std::shared_ptr<QVSyncLocation> & /*location*/) override {}
+    QString selectedDatabase() const override { return m_selected->database; }
+    void selectDatabase(const QString &UUID) override { m_selected->database = UUID; }
+    std::shared_ptr<QVSyncLocation> selectedLocation() const override {
+        return m_selected->location;
+    }
+    void selectLocation(const std::shared_ptr<QVSyncLocation> &location) override {
+        m_selected->location = location;
+    }
 
 private:
-    QString *const m_selected;
+    Selected *const m_selected;
 };
 
 }  // namespace
@@ -38,6 +49,7 @@ class WindowMemoryTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<TestHost> m_host;
+    std::shared_ptr<NoteDatabase> m_database;
     EventLog m_log;
 
     std::unique_ptr<MainWindow> open() {
@@ -49,6 +61,15 @@ class WindowMemoryTest : public QObject {
     static QListWidget *databases(const MainWindow &window) {
         return window.findChild<QListWidget *>(QStringLiteral("databases"));
     }
+    static NotesView *view(const MainWindow &window) { return window.findChild<NotesView *>(); }
+    /// Returns the notes of the database in their order.
+    QList<Note> saveNotes(int count) const {
+        for (int i = 0; i < count; ++i) {
+            Note note{{}, QString::number(i), QString(), {}};
+            std::ignore = m_database->saveNote(note);
+        }
+        return m_database->notes().value();
+    }
     static QList<QList<int>> splitters(const QWidget &window) {
         QList<QList<int>> sizes;
         for (const QSplitter *splitter : window.findChildren<QSplitter *>()) {
@@ -57,12 +78,13 @@ class WindowMemoryTest : public QObject {
         return sizes;
     }
     /// Opens and closes Sync Preferences as the user, or the end of the program, does.
-    static void closePreferences(QString *selected, bool isEnd) {
-        auto *window = new PreferencesWindow(std::make_unique<SelectionPane>(selected));
+    static void closePreferences(const SelectionPane::Selected &chosen, bool isEnd) {
+        SelectionPane::Selected selected;
+        auto *window = new PreferencesWindow(std::make_unique<SelectionPane>(&selected));
         window->remember();
         window->show();
         QVERIFY(PreferencesWindow::wasOpen());
-        *selected = QStringLiteral("chosen");
+        selected = chosen;
         isEnd ? window->closeInAnyCase() : static_cast<void>(window->close());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
@@ -73,13 +95,15 @@ private Q_SLOTS:
     }
     void init() {
         m_host = std::make_unique<TestHost>();
-        m_host->addDatabase(QStringLiteral("Projects"));
+        m_database = m_host->addDatabase(QStringLiteral("Projects"));
     }
     void cleanup() {
-        for (const char *name : {"Main", "MainDatabase", "SyncPreferences",
-                                 "SyncPreferencesDatabase", "SyncPreferencesOpen"}) {
+        for (const char *name :
+             {"Main", "MainDatabase", "MainNote", "SyncPreferences", "SyncPreferencesDatabase",
+              "SyncPreferencesLocation", "SyncPreferencesOpen"}) {
             QVERIFY(UserDefaults::remove(QStringLiteral("QVWindows") + QLatin1StringView(name)));
         }
+        m_database.reset();
         m_host.reset();
     }
 
@@ -138,19 +162,58 @@ private Q_SLOTS:
         QCOMPARE(WindowMemory::text(QStringLiteral("Main")), QString());
     }
 
-    void syncPreferencesKeepsItsDatabaseAndWhetherItIsOpen() {
+    void theNoteIsSelectedAgain() {
+        const QList<Note> notes = saveNotes(3);
+        auto window = open();
+        databases(*window)->setCurrentRow(1);
+        view(*window)->select(notes.at(1));
+        window->close();
+        window = open();
+        QCOMPARE(view(*window)->note().UUID, notes.at(1).UUID);
+    }
+
+    void aNoteIsSelectedWhenItIsRead() {
+        const QList<Note> notes = saveNotes(520);
+        WindowMemory::saveText(QStringLiteral("MainDatabase"), m_database->UUID());
+        WindowMemory::saveText(QStringLiteral("MainNote"), notes.last().UUID);
+        const auto window = open();
+        QTRY_COMPARE(view(*window)->note().UUID, notes.last().UUID);
+    }
+
+    void whatTheUserHasSelectedMeanwhileStays() {
+        const QList<Note> notes = saveNotes(520);
+        WindowMemory::saveText(QStringLiteral("MainDatabase"), m_database->UUID());
+        WindowMemory::saveText(QStringLiteral("MainNote"), notes.last().UUID);
+        const auto window = open();
+        auto *list = view(*window)->findChild<QListWidget *>();
+        list->setCurrentRow(7);
+        QTRY_COMPARE(list->count(), 520);
+        QCOMPARE(view(*window)->note().UUID, notes.at(7).UUID);
+    }
+
+    void aNoteThatIsGoneIsIgnored() {
+        const QList<Note> notes = saveNotes(3);
+        WindowMemory::saveText(QStringLiteral("MainDatabase"), m_database->UUID());
+        WindowMemory::saveText(QStringLiteral("MainNote"), QStringLiteral("gone"));
+        QCOMPARE(view(*open())->note().UUID, notes.constFirst().UUID);
+    }
+
+    void syncPreferencesKeepsItsSelectionAndWhetherItIsOpen() {
+        m_host->addLocation();
+        const auto location =
+            m_host->addLocation(QStringLiteral("https://kim@dav.example.com/Shared.qvSyncStore"));
         QVERIFY(PreferencesWindow::wasOpen());
-        QString selected;
-        closePreferences(&selected, true);
+        const SelectionPane::Selected chosen{QStringLiteral("chosen"), location};
+        closePreferences(chosen, true);
         QVERIFY(PreferencesWindow::wasOpen());
-        selected.clear();
-        closePreferences(&selected, false);
+        closePreferences(chosen, false);
         QVERIFY(!PreferencesWindow::wasOpen());
-        QString again;
+        SelectionPane::Selected again;
         PreferencesWindow window(std::make_unique<SelectionPane>(&again));
         window.setAttribute(Qt::WA_DeleteOnClose, false);
         window.remember();
-        QCOMPARE(again, QStringLiteral("chosen"));
+        QCOMPARE(again.database, QStringLiteral("chosen"));
+        QCOMPARE(again.location, location);
     }
 };
 

@@ -254,6 +254,16 @@ private Q_SLOTS:
         QVERIFY(!part<QPushButton>("editLocationButton")->isEnabled());
     }
 
+    void theSelectedLocationIsKnownAndCanBeSelectedAgain() {
+        m_host->addLocation();
+        const auto second = m_host->addLocation(QStringLiteral("unknown://h"));
+        showPane();
+        m_pane->selectLocation(second);
+        QCOMPARE(m_pane->selectedLocation(), second);
+        selectLocation(0);
+        QCOMPARE(m_pane->selectedLocation(), m_host->locations().syncLocations().constFirst());
+    }
+
     void aFolderLocationIsEditedInItsSheet() {
         m_host->addLocation();
         showPane();
