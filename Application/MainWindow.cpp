@@ -15,6 +15,7 @@
 #include "Application/EventLog.h"
 #include "Application/FailureSteps.h"
 #include "Application/FirstStart.h"
+#include "Application/Guide.h"
 #include "Application/HistoryDialog.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/LocationRemovals.h"
@@ -22,6 +23,7 @@
 #include "Application/NameDialog.h"
 #include "Application/NoteExport.h"
 #include "Application/NotesView.h"
+#include "Application/PaddedDelegate.h"
 #include "Application/PlugIns.h"
 #include "Application/PreferencesWindow.h"
 #include "Application/PresentIfFailed.h"
@@ -41,11 +43,13 @@
 namespace {
 
 const QString ApplicationName = QStringLiteral("Velmora");
+constexpr int IconSide = 64;
 
 /// Names in WindowMemory.
 const QString MainName = QStringLiteral("Main");
 const QString LogName = QStringLiteral("Log");
 const QString MainDatabaseName = QStringLiteral("MainDatabase");
+const QString MainNoteName = QStringLiteral("MainNote");
 
 QString shownName(const NoteDatabase &database) {
     QString name = PlainText::message(database.name());
@@ -62,6 +66,20 @@ QString shownName(const NoteDatabase &database) {
     }
     return translateCount("MainWindow", "%1 · %2 conflicts", "%1 · %2 conflict", *conflicts)
         .arg(name, QString::number(*conflicts));
+}
+
+/// The widths of the lists and the text.
+struct Widths {
+    int databases = 0;
+    int notes = 0;
+    int text = 0;
+};
+
+/// Most of the width of a window is for the text, and more of it in a narrow window.
+Widths firstWidths(int window, int character) {
+    const int databases = qMin(26 * character, window / 5);
+    const int notes = qMin(34 * character, window / 4);
+    return {databases, notes, window - databases - notes};
 }
 
 /// The tool bar shows the title without the mnemonic, of which Qt would leave the brackets.
@@ -86,11 +104,15 @@ MainWindow::MainWindow(NoteLibrary *library, EventLog *log, const QString &profi
     resize(WindowSize::of(*this, 140, 38));
     m_databases->setObjectName(QStringLiteral("databases"));
     m_databases->setAccessibleName(tr("Databases"));
+    m_databases->setItemDelegate(new PaddedDelegate(m_databases));
     auto *splitter = new Splitter;
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(m_databases);
     splitter->addWidget(m_notes);
     splitter->setStretchFactor(1, 3);
+    const Widths widths = firstWidths(width(), fontMetrics().averageCharWidth());
+    splitter->setSizes({widths.databases, widths.notes + widths.text});
+    m_notes->divide(widths.notes, widths.text);
     auto *contents = new QWidget;
     auto *layout = new QVBoxLayout(contents);
     layout->setContentsMargins(8, 8, 8, 8);
@@ -157,7 +179,15 @@ void MainWindow::makeActions() {
     preferencesAction->setShortcut(Qt::CTRL | Qt::Key_Comma);
     m_toolsMenu->addAction(tr("&Log"), this, &MainWindow::showLog);
 
+    makeHelpMenu();
     makeToolBar({m_createAction, m_renameAction, m_openAction, preferencesAction});
+}
+
+void MainWindow::makeHelpMenu() {
+    QMenu *menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(tr("&Guide"), this, [] { Guide::open(); })
+        ->setShortcut(QKeySequence::HelpContents);
+    menu->addAction(tr("&About Velmora"), this, &MainWindow::showVersion);
 }
 
 void MainWindow::makeToolBar(const QList<QAction *> &actions) {
@@ -376,6 +406,18 @@ void MainWindow::showLog() {
     m_logWindow->activateWindow();
 }
 
+void MainWindow::showVersion() {
+    auto *box = new MessageBox(
+        QMessageBox::NoIcon,
+        QStringLiteral("%1 %2").arg(ApplicationName, QCoreApplication::applicationVersion()),
+        tr("Notes that are kept in sync between your computers.\n\nLicense: Apache License 2.0"),
+        this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setIconPixmap(windowIcon().pixmap(IconSide));
+    box->addButton(tr("&Close"), QMessageBox::RejectRole);
+    box->open();
+}
+
 void MainWindow::showDeletedNotes() {
     showHistory({});
 }
@@ -489,6 +531,7 @@ void MainWindow::rememberWindows() {
             m_databases->setCurrentRow(rowOf(database));
         }
     }
+    m_notes->selectWhenRead(WindowMemory::text(MainNoteName));
 }
 
 void MainWindow::saveWindows() const {
@@ -500,6 +543,7 @@ void MainWindow::saveWindows() const {
         WindowMemory::save(*m_logWindow, LogName);
     }
     WindowMemory::saveText(MainDatabaseName, m_database ? m_database->UUID() : QString());
+    WindowMemory::saveText(MainNoteName, m_notes->note().UUID);
 }
 
 void MainWindow::saveAll() {

@@ -81,6 +81,7 @@ private:
     void connectToApplication();
     void makeActions();
     void makeDatabaseMenu();
+    void makeHelpMenu();
     void makeToolBar(const QList<QAction *> &actions);
     /// Updates the list of databases, and then the selected database.
     void showDatabases();
@@ -116,6 +117,8 @@ private:
     /// Presents what failed in the last synchronizations, with the next steps.
     void presentFailure();
     void showLog();
+    /// Shows the version and the license of the program.
+    void showVersion();
     /// Shows the deleted notes of the database in a sheet.
     void showDeletedNotes();
     /// Shows the earlier versions of the note in a sheet.

@@ -16,6 +16,7 @@
 #include "Application/NoteTextEdit.h"
 #include "Application/NotesList.h"
 #include "Application/NotesModel.h"
+#include "Application/PaddedDelegate.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/Splitter.h"
 #include "Application/UnsavedTextDialog.h"
@@ -62,6 +63,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     : QWidget(parent),
       m_unsavedTexts(std::move(unsavedTexts)),
       m_rows(new NotesModel(this)),
+      m_splitter(new Splitter),
       m_list(new NotesList),
       m_unreadNotice(PlainText::label()),
       m_tryAgainButton(new QPushButton(tr("Try A&gain"))),
@@ -76,6 +78,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_list->setModel(m_rows);
     m_list->setAccessibleName(tr("Notes"));
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setItemDelegate(new PaddedDelegate(m_list));
     // Measuring each of many rows would take long.
     m_list->setUniformItemSizes(true);
     m_unreadNotice->setObjectName(QStringLiteral("unreadNotes"));
@@ -162,14 +165,17 @@ void NotesView::makeWidgets() {
     noteLayout->addLayout(notice);
     noteLayout->addWidget(m_text);
 
-    auto *splitter = new Splitter;
-    splitter->setChildrenCollapsible(false);
-    splitter->addWidget(listSide);
-    splitter->addWidget(noteSide);
-    splitter->setStretchFactor(1, 2);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->addWidget(listSide);
+    m_splitter->addWidget(noteSide);
+    m_splitter->setStretchFactor(1, 2);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(splitter);
+    layout->addWidget(m_splitter);
+}
+
+void NotesView::divide(int list, int text) {
+    m_splitter->setSizes({list, text});
 }
 
 bool NotesView::setDatabase(const std::shared_ptr<NoteDatabase> &database) {
@@ -196,6 +202,7 @@ bool NotesView::setDatabase(const std::shared_ptr<NoteDatabase> &database) {
 }
 
 void NotesView::showNothing() {
+    m_awaited.clear();
     m_unread.reset();
     m_changed.clear();
     m_reading.stop();
@@ -238,6 +245,18 @@ void NotesView::readRows() {
         m_reading.start();
     }
     showCurrent();
+    selectAwaited();
+}
+
+void NotesView::selectWhenRead(const QString &UUID) {
+    m_awaited = UUID;
+    selectAwaited();
+}
+
+void NotesView::selectAwaited() {
+    if (!m_awaited.isEmpty() && m_positions.contains(m_awaited)) {
+        select({.UUID = std::exchange(m_awaited, {})});
+    }
 }
 
 void NotesView::showUnread(const Expected<void> &read) {
@@ -310,6 +329,7 @@ void NotesView::showCurrent() {
 }
 
 void NotesView::selectNote(int row) {
+    m_awaited.clear();
     const Note wanted = row >= 0 ? m_rows->note(row) : Note();
     if (row >= 0 && m_changed.contains(m_rows->position(row))) {
         presentIfFailed(readAgain(m_rows->position(row)));
@@ -392,6 +412,7 @@ void NotesView::noteEdited() {
     if (m_note.UUID.isEmpty()) {
         return;
     }
+    m_awaited.clear();
     setEdited(true);
     m_pause.start();
     if (!m_keeping.isActive()) {

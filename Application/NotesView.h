@@ -17,6 +17,7 @@ class QAction;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class Splitter;
 
 /// Shows and edits the notes of one database. Typed text is saved when the user pauses (500 ms) or
 /// leaves the note. Until then it is kept in `UnsavedTexts`, where it is written every 500 ms. Text
@@ -39,6 +40,8 @@ public:
     bool setDatabase(const std::shared_ptr<NoteDatabase> &database);
     /// Returns the database that is shown; null if there is none.
     std::shared_ptr<NoteDatabase> database() const { return m_database; }
+    /// Sets the widths of the list and of the text, in pixels.
+    void divide(int list, int text);
     /// Saves typed text. Returns whether nothing is left to save. Otherwise the error is presented,
     /// once until a save succeeds. Blocks for the time of a disk write.
     bool commit();
@@ -57,6 +60,9 @@ public:
     /// Selects the note with the UUID of `note`, unless the user does not leave the shown one. Has
     /// no effect if the database that is shown has no such note.
     void select(const Note &note);
+    /// Selects the note as soon as its row is read, unless the user selects or edits another note,
+    /// or setDatabase() shows another database, before. Has no effect if there is no such note.
+    void selectWhenRead(const QString &UUID);
 
 Q_SIGNALS:
     /// Emitted after another note, or none, is shown, and also after the shown one was read again.
@@ -92,6 +98,8 @@ private:
     Expected<void> readAgain(qint64 position);
     /// Reads rows until the one of `note` is there.
     void readUntil(const Note &note);
+    /// Selects the awaited note if its row was read.
+    void selectAwaited();
     /// Selects the shown note or, if it is gone, the nearest one.
     void showCurrent();
     /// Shows the note in `row`, or keeps the former one if the user does not leave it.
@@ -155,6 +163,8 @@ private:
     /// The shown note as it was when it was shown; its UUID is empty while there is none.
     Note m_note;
     int m_row = -1;
+    /// See selectWhenRead(); empty if it is selected or not wanted any more.
+    QString m_awaited;
     /// Whether the row of the note was read again since the note was shown.
     bool m_isTextOutdated = false;
     /// Whether the editor differs from `m_note`.
@@ -171,6 +181,7 @@ private:
     QList<Deletion> m_deletions;
     /// The rows that were read.
     NotesModel *m_rows;
+    Splitter *m_splitter;
     NotesList *m_list;
     QLabel *m_unreadNotice;
     QPushButton *m_tryAgainButton;

@@ -347,6 +347,44 @@ private Q_SLOTS:
         }
     }
 
+    void mostOfTheFirstWidthIsForTheText_data() {
+        QTest::addColumn<int>("size");
+        QTest::newRow("small") << 9;
+        QTest::newRow("usual") << 12;
+        QTest::newRow("large") << 18;
+    }
+    void mostOfTheFirstWidthIsForTheText() {
+        QFETCH(const int, size);
+        const QFont usual = QApplication::font();
+        QFont font = usual;
+        font.setPointSize(size);
+        QApplication::setFont(font);
+        m_window.reset();
+        m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
+        m_window->show();
+        const int text = m_window->findChild<QPlainTextEdit *>()->width();
+        const int lists = m_window->width() - text;
+        QApplication::setFont(usual);
+        // As far as the buttons below the notes are not wider.
+        QVERIFY2(text * 5 >= lists * 4, qPrintable(QStringLiteral("%1, %2").arg(text).arg(lists)));
+    }
+
+    void theVersionIsShown() {
+        QCoreApplication::setApplicationVersion(QStringLiteral("7.5"));
+        m_window->show();
+        for (QAction *action : m_window->findChildren<QAction *>()) {
+            if (action->text() == QStringLiteral("&About Velmora")) {
+                action->trigger();
+            }
+        }
+        auto *box = m_window->findChild<QMessageBox *>();
+        QVERIFY(box);
+        QTRY_VERIFY(box->isVisible());
+        QCOMPARE(box->text(), QStringLiteral("Velmora 7.5"));
+        QTest::keyClick(box, Qt::Key_Escape);
+        QTRY_VERIFY(!m_window->findChild<QMessageBox *>());
+    }
+
     void theToolBarShowsNoMnemonics() {
         QTranslator table;
         QVERIFY(table.load(QStringLiteral(":/Velmora/Translations/Velmora_ja.qm")));
