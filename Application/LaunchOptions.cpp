@@ -98,7 +98,7 @@ std::optional<std::chrono::seconds> secondsIn(const QString &text) {
 
 Error misfit() {
     return applicationError(
-        tr("These options and arguments do not fit together. See below for what is possible."));
+        tr("These options and arguments do not fit together. See “--help” for what is possible."));
 }
 
 /// The options and arguments that --help describes.
@@ -275,9 +275,17 @@ Expected<std::optional<Value>> CommandLine::readChoice(const QCommandLineOption 
 }
 
 Error CommandLine::invalidValue(const QCommandLineOption &option) const {
-    return applicationError(tr("The option --%1 cannot have the value “%2”. See below for what is "
-                               "possible.")
-                                .arg(option.names().constFirst(), parser.value(option)));
+    const QString value = parser.value(option);
+    if (&option == &profile) {
+        return applicationError(tr("“--profile” needs a folder as its value."));
+    }
+    if (&option == &timeout) {
+        return applicationError(tr("“%1” cannot be the value of “--timeout”. Use a number of "
+                                   "seconds greater than 0.")
+                                    .arg(value));
+    }
+    return applicationError(tr("“%1” cannot be the value of “--%2”. Use one of these: %3")
+                                .arg(value, option.names().constFirst(), option.valueName()));
 }
 
 bool CommandLine::isConsistent(const LaunchOptions &options) const {
@@ -301,7 +309,7 @@ LaunchOptions LaunchOptions::parse(const QStringList &arguments) {
     Expected<LaunchOptions> options = commandLine.read();
     if (!options) {
         TerminalText::printError(options.error().localizedDescription);
-        commandLine.parser.showHelp(commandLine.exitCodeOfMistake());
+        std::exit(commandLine.exitCodeOfMistake());
     }
     options->hasNoDisplay = !own.selectsPlatform && !hasDisplay();
     return *options;

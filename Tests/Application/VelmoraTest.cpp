@@ -349,11 +349,43 @@ private Q_SLOTS:
 
     void unknownOptionsAreRefused() {
         QVERIFY(run({QStringLiteral("--nonsense")}).exitCode > 0);
-        QVERIFY(run({QStringLiteral("--appearance"), QStringLiteral("pink")}).exitCode > 0);
-        for (const char *value : {"", "perhaps", "ON"}) {
-            QVERIFY(run({QStringLiteral("--sandboxed"), QString::fromLatin1(value)}).exitCode > 0);
-        }
         QVERIFY(run({QStringLiteral("stray")}).exitCode > 0);
+    }
+
+    void aWrongValueIsNamed_data() {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<QByteArray>("values");
+        QTest::addColumn<int>("exitCode");
+        const std::tuple<const char *, const char *, int> mistakes[] = {
+            {"--appearance pink", "light|dark", 1},
+            {"--appearance ", "light|dark", 1},
+            {"--sandboxed ", "on|off", 1},
+            {"--sandboxed perhaps", "on|off", 1},
+            {"--sandboxed ON", "on|off", 1},
+            {"--begin full", "empty|examples", 1},
+            {"sync --removals all", "keep|remove", 2},
+            {"sync --timeout 0", "seconds", 2},
+            {"status --timeout soon", "seconds", 2}};
+        for (const auto &[line, values, exitCode] : mistakes) {
+            QTest::newRow(line) << QByteArray(line) << QByteArray(values) << exitCode;
+        }
+    }
+    void aWrongValueIsNamed() {
+        QFETCH(const QByteArray, line);
+        QFETCH(const QByteArray, values);
+        QFETCH(const int, exitCode);
+        const QByteArrayList words = line.split(' ');
+        QStringList arguments;
+        for (const QByteArray &word : words) {
+            arguments.append(QString::fromUtf8(word));
+        }
+        const Run refused = run(arguments);
+        QCOMPARE(refused.exitCode, exitCode);
+        for (const QByteArray &part :
+             {words.at(words.size() - 2), "“" + words.constLast() + "”", values}) {
+            QVERIFY2(refused.errors.contains(part), refused.errors);
+        }
+        QCOMPARE(refused.output, QByteArray());
     }
 };
 
