@@ -8,6 +8,7 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
 
+#include "Application/Guide.h"
 #include "Application/TextDifferences.h"
 #include "Application/WindowSize.h"
 #include "Platform/Foundation/DateText.h"
@@ -55,7 +56,7 @@ ConflictDialog::ConflictDialog(const Note &shown, const Note &other, QWidget *pa
     sides->addWidget(makeSide(tr("Other Edit"), other, m_other));
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(sides, 1);
-    layout->addWidget(makeButtons());
+    layout->addLayout(Guide::rowWithHelp(Guide::NotesPage, makeButtons()));
     // Tab would pass over Close, which was created first and stands last.
     setTabOrder(m_keepBoth, m_close);
     const auto scrollTogether = [](QPlainTextEdit *view, QPlainTextEdit *follower) {

@@ -8,6 +8,7 @@
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QVBoxLayout>
 
+#include "Application/Guide.h"
 #include "Platform/Interface/HeightKeeper.h"
 #include "Platform/Interface/Mnemonics.h"
 #include "Platform/Interface/PlainText.h"
@@ -59,6 +60,7 @@ FirstStartDialog::FirstStartDialog(QList<LocationOffer> offers, QWidget *parent)
     const QString title = tr("Welcome to Velmora");
     setWindowTitle(title);
     new HeightKeeper(this);
+    Guide::addShortcut(this, Guide::BeginPage);
     auto *buttons = new QDialogButtonBox;
     buttons->addButton(tr("Start"), QDialogButtonBox::AcceptRole)->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

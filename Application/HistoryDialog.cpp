@@ -15,6 +15,7 @@
 #include <algorithm>
 
 #include "Application/CountText.h"
+#include "Application/Guide.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/WindowSize.h"
 #include "Platform/Foundation/DateText.h"
@@ -90,7 +91,7 @@ void HistoryDialog::makeWidgets() {
     layout->addWidget(m_explanation);
     layout->addWidget(splitter, 1);
     layout->addWidget(makeLimits());
-    layout->addWidget(buttons);
+    layout->addLayout(Guide::rowWithHelp(Guide::NotesPage, buttons));
     // Tab would pass over Close, which was created first and stands last.
     setTabOrder(m_restoreButton, buttons->button(QDialogButtonBox::Close));
 }

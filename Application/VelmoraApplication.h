@@ -4,6 +4,7 @@
 
 #include "Application/ErrorBoxes.h"
 #include "Application/EventLog.h"
+#include "Application/Guide.h"
 #include "Application/Interface/QuestionPresenter.h"
 #include "Host/QVApplication.h"
 #include "Host/QVJobLog.h"
@@ -45,6 +46,9 @@ public:
     void setSynchronizationText(const QString &text);
     /// See QVJobLog::ShowFunction. The main window shows the log.
     Q_INVOKABLE void showLog() { Q_EMIT logRequested(); }
+
+    /// See HelpButton::ShowFunction.
+    Q_INVOKABLE void showHelp(const QString &page) { Guide::open(page); }
 
     /// Returns the inbox; null if there is no library.
     std::shared_ptr<QVDatabase> inbox() const override;

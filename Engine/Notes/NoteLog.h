@@ -224,7 +224,7 @@ private:
     Expected<bool> isSuperseded(const OperationId &identifier) const;
     /// Returns the operation that replaces `operation`, see renew().
     Expected<Operation> renewalOf(const Operation &operation,
-                                 const QSet<OperationId> &superseded) const;
+                                  const QSet<OperationId> &superseded) const;
 
     Expected<Operation> writeEdit(const Note &note, const OperationId &seen) const;
     /// Whether the history keeps what is erased.

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "Platform/Interface/HeightKeeper.h"
+#include "Platform/Interface/HelpButton.h"
 #include "Platform/Interface/Mnemonics.h"
 
 SheetWindow::SheetWindow(QWidget *parent) : QDialog(parent) {
@@ -28,22 +29,23 @@ void SheetWindow::closeEvent(QCloseEvent *event) {
 
 void SheetWindow::showEvent(QShowEvent *event) {
     Mnemonics::assign(*this);
-    skipEmptyLists();
+    focusFirstField();
     QDialog::showEvent(event);
 }
 
-void SheetWindow::skipEmptyLists() {
+void SheetWindow::focusFirstField() {
     QWidget *control = focusWidget() ? this : nextInFocusChain();
     bool hasSkipped = false;
     while (control != this) {
         const auto *list = qobject_cast<const QAbstractItemView *>(control);
         const bool isEmpty = list && list->model() && list->model()->rowCount() == 0;
+        const bool isPassedOver = isEmpty || qobject_cast<const HelpButton *>(control);
         const bool canFocus = (control->focusPolicy() & Qt::TabFocus) != 0 &&
                               control->isEnabled() && control->isVisibleTo(this);
-        if (canFocus && !isEmpty) {
+        if (canFocus && !isPassedOver) {
             break;
         }
-        hasSkipped = hasSkipped || (canFocus && isEmpty);
+        hasSkipped = hasSkipped || canFocus;
         control = control->nextInFocusChain();
     }
     if (control != this && hasSkipped) {

@@ -7,8 +7,8 @@
 /// The window of a sheet. It never closes itself: the Escape key and the window manager's close
 /// button only emit leaving(), and the controller decides. QDialog::done() ends the sheet. It grows
 /// with the texts in it. Its buttons and labels get mnemonics when it is shown. The first control
-/// has the keyboard focus then, without empty lists, in which there is nothing to choose. Must be
-/// used on the main thread.
+/// has the keyboard focus then, without empty lists, in which there is nothing to choose, and the
+/// HelpButton. Must be used on the main thread.
 class PLATFORM_EXPORT SheetWindow : public QDialog {
     Q_OBJECT
 public:
@@ -31,7 +31,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    /// Gives the focus to the control after the empty lists with which the sheet begins. Has no
-    /// effect if it begins with another control, or if one has the focus.
-    void skipEmptyLists();
+    /// Gives the focus to the control after the empty lists and the HelpButton with which the sheet
+    /// begins. Has no effect if it begins with another control, or if one has the focus.
+    void focusFirstField();
 };

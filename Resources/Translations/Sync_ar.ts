@@ -1893,6 +1893,14 @@ Roast everything for forty minutes, add stock, blend.</source>
 <context>
     <name>Platform</name>
     <message>
+        <source>Help (?)</source>
+        <translation>مساعدة (?)</translation>
+    </message>
+    <message>
+        <source>Open the guide (%1)</source>
+        <translation>فتح الدليل (%1)</translation>
+    </message>
+    <message>
         <source>Further failures: %1</source>
         <translation>حالات فشل أخرى: ⁨%1⁩</translation>
     </message>

@@ -1869,6 +1869,14 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
 <context>
     <name>Platform</name>
     <message>
+        <source>Help (?)</source>
+        <translation>Hilfe (?)</translation>
+    </message>
+    <message>
+        <source>Open the guide (%1)</source>
+        <translation>Anleitung öffnen (%1)</translation>
+    </message>
+    <message>
         <source>Further failures: %1</source>
         <translation>Weitere Fehler: %1</translation>
     </message>

@@ -1869,6 +1869,14 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
 <context>
     <name>Platform</name>
     <message>
+        <source>Help (?)</source>
+        <translation>Ayuda (?)</translation>
+    </message>
+    <message>
+        <source>Open the guide (%1)</source>
+        <translation>Abrir la guía (%1)</translation>
+    </message>
+    <message>
         <source>Further failures: %1</source>
         <translation>Otros fallos: %1</translation>
     </message>

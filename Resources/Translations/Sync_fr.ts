@@ -1869,6 +1869,14 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
 <context>
     <name>Platform</name>
     <message>
+        <source>Help (?)</source>
+        <translation>Aide (?)</translation>
+    </message>
+    <message>
+        <source>Open the guide (%1)</source>
+        <translation>Ouvrir le guide (%1)</translation>
+    </message>
+    <message>
         <source>Further failures: %1</source>
         <translation>Autres échecs : %1</translation>
     </message>

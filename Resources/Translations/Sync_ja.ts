@@ -1863,6 +1863,14 @@ Roast everything for forty minutes, add stock, blend.</source>
 <context>
     <name>Platform</name>
     <message>
+        <source>Help (?)</source>
+        <translation>ヘルプ(?)</translation>
+    </message>
+    <message>
+        <source>Open the guide (%1)</source>
+        <translation>ガイドを開く(%1)</translation>
+    </message>
+    <message>
         <source>Further failures: %1</source>
         <translation>その他の失敗: %1</translation>
     </message>

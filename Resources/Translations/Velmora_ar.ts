@@ -296,6 +296,14 @@
 <context>
     <name>LaunchOptions</name>
     <message>
+        <source>“%1” cannot be the value of “--%2”. Use one of these: %3</source>
+        <translation>لا يمكن أن تكون «⁨%1⁩» قيمة «⁨--%2⁩». استخدم إحدى هذه القيم: ⁨%3⁩</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be the value of “--timeout”. Use a number of seconds greater than 0.</source>
+        <translation>لا يمكن أن تكون «⁨%1⁩» قيمة «⁨--timeout⁩». استخدم عدد ثوانٍ أكبر من 0.</translation>
+    </message>
+    <message>
         <source>Notes and documents, synchronized with the locations you choose.</source>
         <translation>ملاحظات ومستندات تُزامَن مع المواقع التي تختارها.</translation>
     </message>
@@ -360,12 +368,12 @@
         <translation>فتح تفضيلات المزامنة أيضًا.</translation>
     </message>
     <message>
-        <source>The option --%1 cannot have the value “%2”. See below for what is possible.</source>
-        <translation>لا يمكن أن تكون للخيار ⁨--%1⁩ القيمة «⁨%2⁩». انظر أدناه ما هو ممكن.</translation>
+        <source>“--profile” needs a folder as its value.</source>
+        <translation>يحتاج «--profile» إلى مجلد قيمةً له.</translation>
     </message>
     <message>
-        <source>These options and arguments do not fit together. See below for what is possible.</source>
-        <translation>لا يمكن الجمع بين هذه الخيارات والوسائط. انظر أدناه ما هو ممكن.</translation>
+        <source>These options and arguments do not fit together. See “--help” for what is possible.</source>
+        <translation>لا يمكن الجمع بين هذه الخيارات والوسائط. انظر «⁨--help⁩» لمعرفة ما هو ممكن.</translation>
     </message>
 </context>
 <context>
@@ -542,6 +550,26 @@
     <message>
         <source>Untitled</source>
         <translation>بلا عنوان</translation>
+    </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>الدليل (&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>مساعدة (&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;About Velmora</source>
+        <translation>حول Velmora (&amp;A)</translation>
+    </message>
+    <message>
+        <source>Notes that are kept in sync between your computers.
+
+License: Apache License 2.0</source>
+        <translation>ملاحظات تُزامَن بين حواسيبك.
+
+الرخصة: Apache License 2.0</translation>
     </message>
 </context>
 <context>
@@ -1265,6 +1293,13 @@
     <message>
         <source>&amp;Cancel</source>
         <translation>إلغاء (&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>Guide</name>
+    <message>
+        <source>The guide “%1” cannot be opened. Open it in a browser, or install Velmora again if it is missing.</source>
+        <translation>تعذر فتح الدليل «⁨%1⁩». افتحه في متصفح، أو أعد تثبيت Velmora إذا كان مفقودًا.</translation>
     </message>
 </context>
 </TS>

@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>Keep &amp;Both</source>
-        <translation>Beide be&amp;halten</translation>
+        <translation>Beide behal&amp;ten</translation>
     </message>
     <message>
         <source>This note was edited on two computers.</source>
@@ -284,6 +284,14 @@
 <context>
     <name>LaunchOptions</name>
     <message>
+        <source>“%1” cannot be the value of “--%2”. Use one of these: %3</source>
+        <translation>„%1“ kann nicht der Wert von „--%2“ sein. Verwenden Sie einen von diesen: %3</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be the value of “--timeout”. Use a number of seconds greater than 0.</source>
+        <translation>„%1“ kann nicht der Wert von „--timeout“ sein. Verwenden Sie eine Anzahl von Sekunden, die größer als 0 ist.</translation>
+    </message>
+    <message>
         <source>Notes and documents, synchronized with the locations you choose.</source>
         <translation>Notizen und Dokumente, synchronisiert mit den Orten, die Sie wählen.</translation>
     </message>
@@ -348,12 +356,12 @@
         <translation>Auch die Sync-Einstellungen öffnen.</translation>
     </message>
     <message>
-        <source>The option --%1 cannot have the value “%2”. See below for what is possible.</source>
-        <translation>Die Option --%1 kann nicht den Wert „%2“ haben. Was möglich ist, steht unten.</translation>
+        <source>“--profile” needs a folder as its value.</source>
+        <translation>„--profile“ braucht einen Ordner als Wert.</translation>
     </message>
     <message>
-        <source>These options and arguments do not fit together. See below for what is possible.</source>
-        <translation>Diese Optionen und Argumente passen nicht zusammen. Was möglich ist, steht unten.</translation>
+        <source>These options and arguments do not fit together. See “--help” for what is possible.</source>
+        <translation>Diese Optionen und Argumente passen nicht zusammen. Was möglich ist, zeigt „--help“.</translation>
     </message>
 </context>
 <context>
@@ -527,6 +535,26 @@
         <source>Untitled</source>
         <translation>Ohne Titel</translation>
     </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>&amp;Anleitung</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;About Velmora</source>
+        <translation>Ü&amp;ber Velmora</translation>
+    </message>
+    <message>
+        <source>Notes that are kept in sync between your computers.
+
+License: Apache License 2.0</source>
+        <translation>Notizen, die zwischen Ihren Computern synchronisiert werden.
+
+Lizenz: Apache License 2.0</translation>
+    </message>
 </context>
 <context>
     <name>NotesView</name>
@@ -584,7 +612,7 @@
     </message>
     <message>
         <source>Try A&amp;gain</source>
-        <translation>Erneu&amp;t versuchen</translation>
+        <translation>Erneut ver&amp;suchen</translation>
     </message>
     <message>
         <source>Not all notes are shown, because some cannot be read. %1</source>
@@ -1217,6 +1245,13 @@
     <message>
         <source>&amp;Cancel</source>
         <translation>&amp;Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>Guide</name>
+    <message>
+        <source>The guide “%1” cannot be opened. Open it in a browser, or install Velmora again if it is missing.</source>
+        <translation>Die Anleitung „%1“ kann nicht geöffnet werden. Öffnen Sie sie in einem Browser oder installieren Sie Velmora neu, falls sie fehlt.</translation>
     </message>
 </context>
 </TS>

@@ -284,6 +284,14 @@
 <context>
     <name>LaunchOptions</name>
     <message>
+        <source>“%1” cannot be the value of “--%2”. Use one of these: %3</source>
+        <translation>«%1» no puede ser el valor de «--%2». Use uno de estos: %3</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be the value of “--timeout”. Use a number of seconds greater than 0.</source>
+        <translation>«%1» no puede ser el valor de «--timeout». Use un número de segundos mayor que 0.</translation>
+    </message>
+    <message>
         <source>Notes and documents, synchronized with the locations you choose.</source>
         <translation>Notas y documentos, sincronizados con las ubicaciones que usted elija.</translation>
     </message>
@@ -348,12 +356,12 @@
         <translation>Abrir también Preferencias de sincronización.</translation>
     </message>
     <message>
-        <source>The option --%1 cannot have the value “%2”. See below for what is possible.</source>
-        <translation>La opción --%1 no puede tener el valor «%2». Más abajo se indica lo que es posible.</translation>
+        <source>“--profile” needs a folder as its value.</source>
+        <translation>«--profile» necesita una carpeta como valor.</translation>
     </message>
     <message>
-        <source>These options and arguments do not fit together. See below for what is possible.</source>
-        <translation>Estas opciones y argumentos no se pueden combinar. Más abajo se indica lo que es posible.</translation>
+        <source>These options and arguments do not fit together. See “--help” for what is possible.</source>
+        <translation>Estas opciones y argumentos no se pueden combinar. «--help» indica lo que es posible.</translation>
     </message>
 </context>
 <context>
@@ -526,6 +534,26 @@
     <message>
         <source>Untitled</source>
         <translation>Sin título</translation>
+    </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>&amp;Guía</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>A&amp;yuda</translation>
+    </message>
+    <message>
+        <source>&amp;About Velmora</source>
+        <translation>&amp;Acerca de Velmora</translation>
+    </message>
+    <message>
+        <source>Notes that are kept in sync between your computers.
+
+License: Apache License 2.0</source>
+        <translation>Notas que se sincronizan entre sus equipos.
+
+Licencia: Apache License 2.0</translation>
     </message>
 </context>
 <context>
@@ -1217,6 +1245,13 @@
     <message>
         <source>&amp;Cancel</source>
         <translation>&amp;Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>Guide</name>
+    <message>
+        <source>The guide “%1” cannot be opened. Open it in a browser, or install Velmora again if it is missing.</source>
+        <translation>No se puede abrir la guía «%1». Ábrala en un navegador o vuelva a instalar Velmora si falta.</translation>
     </message>
 </context>
 </TS>

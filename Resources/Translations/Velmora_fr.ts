@@ -284,6 +284,14 @@
 <context>
     <name>LaunchOptions</name>
     <message>
+        <source>“%1” cannot be the value of “--%2”. Use one of these: %3</source>
+        <translation>« %1 » ne peut pas être la valeur de « --%2 ». Utilisez l’une de celles-ci : %3</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be the value of “--timeout”. Use a number of seconds greater than 0.</source>
+        <translation>« %1 » ne peut pas être la valeur de « --timeout ». Utilisez un nombre de secondes supérieur à 0.</translation>
+    </message>
+    <message>
         <source>Notes and documents, synchronized with the locations you choose.</source>
         <translation>Des notes et des documents, synchronisés avec les emplacements de votre choix.</translation>
     </message>
@@ -348,12 +356,12 @@
         <translation>Ouvrir aussi les Préférences de synchronisation.</translation>
     </message>
     <message>
-        <source>The option --%1 cannot have the value “%2”. See below for what is possible.</source>
-        <translation>L’option --%1 ne peut pas avoir la valeur « %2 ». Les possibilités sont indiquées ci-dessous.</translation>
+        <source>“--profile” needs a folder as its value.</source>
+        <translation>« --profile » attend un dossier comme valeur.</translation>
     </message>
     <message>
-        <source>These options and arguments do not fit together. See below for what is possible.</source>
-        <translation>Ces options et ces arguments ne vont pas ensemble. Les possibilités sont indiquées ci-dessous.</translation>
+        <source>These options and arguments do not fit together. See “--help” for what is possible.</source>
+        <translation>Ces options et ces arguments ne vont pas ensemble. « --help » indique les possibilités.</translation>
     </message>
 </context>
 <context>
@@ -526,6 +534,26 @@
     <message>
         <source>Untitled</source>
         <translation>Sans titre</translation>
+    </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>&amp;Guide</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message>
+        <source>&amp;About Velmora</source>
+        <translation>À &amp;propos de Velmora</translation>
+    </message>
+    <message>
+        <source>Notes that are kept in sync between your computers.
+
+License: Apache License 2.0</source>
+        <translation>Des notes synchronisées entre vos ordinateurs.
+
+Licence : Apache License 2.0</translation>
     </message>
 </context>
 <context>
@@ -863,7 +891,7 @@
     <name>StatusLine</name>
     <message>
         <source>&amp;Stop</source>
-        <translation>&amp;Arrêter</translation>
+        <translation>A&amp;rrêter</translation>
     </message>
     <message>
         <source>&amp;What Failed…</source>
@@ -1217,6 +1245,13 @@
     <message>
         <source>&amp;Cancel</source>
         <translation>&amp;Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>Guide</name>
+    <message>
+        <source>The guide “%1” cannot be opened. Open it in a browser, or install Velmora again if it is missing.</source>
+        <translation>Le guide « %1 » ne peut pas être ouvert. Ouvrez-le dans un navigateur, ou réinstallez Velmora s’il manque.</translation>
     </message>
 </context>
 </TS>

@@ -281,6 +281,14 @@
 <context>
     <name>LaunchOptions</name>
     <message>
+        <source>“%1” cannot be the value of “--%2”. Use one of these: %3</source>
+        <translation>「%1」は「--%2」の値にできません。次のいずれかを指定してください: %3</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be the value of “--timeout”. Use a number of seconds greater than 0.</source>
+        <translation>「%1」は「--timeout」の値にできません。0より大きい秒数を指定してください。</translation>
+    </message>
+    <message>
         <source>Notes and documents, synchronized with the locations you choose.</source>
         <translation>選んだ同期先と同期される、ノートと書類。</translation>
     </message>
@@ -345,12 +353,12 @@
         <translation>同期設定も開きます。</translation>
     </message>
     <message>
-        <source>The option --%1 cannot have the value “%2”. See below for what is possible.</source>
-        <translation>オプション --%1 に値「%2」は指定できません。指定できる内容は以下のとおりです。</translation>
+        <source>“--profile” needs a folder as its value.</source>
+        <translation>「--profile」の値にはフォルダを指定してください。</translation>
     </message>
     <message>
-        <source>These options and arguments do not fit together. See below for what is possible.</source>
-        <translation>これらのオプションと引数は同時に指定できません。指定できる内容は以下のとおりです。</translation>
+        <source>These options and arguments do not fit together. See “--help” for what is possible.</source>
+        <translation>これらのオプションと引数は同時に指定できません。指定できる内容は「--help」で確認できます。</translation>
     </message>
 </context>
 <context>
@@ -522,6 +530,26 @@
     <message>
         <source>Untitled</source>
         <translation>無題</translation>
+    </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>ガイド(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;About Velmora</source>
+        <translation>Velmoraについて(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Notes that are kept in sync between your computers.
+
+License: Apache License 2.0</source>
+        <translation>コンピューター間で同期されるノートです。
+
+ライセンス: Apache License 2.0</translation>
     </message>
 </context>
 <context>
@@ -1207,6 +1235,13 @@
     <message>
         <source>&amp;Cancel</source>
         <translation>キャンセル(&amp;C)</translation>
+    </message>
+</context>
+<context>
+    <name>Guide</name>
+    <message>
+        <source>The guide “%1” cannot be opened. Open it in a browser, or install Velmora again if it is missing.</source>
+        <translation>ガイド「%1」を開けません。ブラウザーで開いてください。ガイドがない場合は、Velmoraをもう一度インストールしてください。</translation>
     </message>
 </context>
 </TS>

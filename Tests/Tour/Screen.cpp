@@ -196,10 +196,9 @@ QStringList Screen::texts() {
     return texts;
 }
 
-QImage Screen::picture() {
+QImage Screen::picture(const QList<QWidget *> &stack) {
     QRect desktop;
-    const QList<QWidget *> shown = windows();
-    for (const QWidget *window : shown) {
+    for (const QWidget *window : stack) {
         desktop |= frameOf(window);
     }
     desktop.adjust(-Margin, -Margin, Margin, Margin);
@@ -207,7 +206,7 @@ QImage Screen::picture() {
     picture.fill(DesktopColor);
     QPainter painter(&picture);
     painter.translate(-desktop.topLeft());
-    for (QWidget *window : shown) {
+    for (QWidget *window : stack) {
         const QRect frame = frameOf(window);
         drawTitle(painter, *window, QRect(frame.topLeft(), QSize(frame.width(), TitleHeight)));
         painter.drawPixmap(window->geometry().topLeft(), window->grab());

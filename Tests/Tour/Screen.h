@@ -33,8 +33,8 @@ QWidget *row(const QString &list, const QString &name);
 
 /// Returns all visible texts.
 QStringList texts();
-/// Returns an image of all windows, stacked, on a plain desktop.
-QImage picture();
+/// Returns an image of `stack`, the frontmost window last, on a plain desktop.
+QImage picture(const QList<QWidget *> &stack = windows());
 
 QString withoutMnemonic(QString text);
 

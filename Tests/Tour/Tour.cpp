@@ -11,6 +11,7 @@
 #include <QtWidgets/QTextBrowser>
 #include <algorithm>
 
+#include "Application/FirstStartDialog.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/Interface/SyncPlugIn.h"
 #include "Host/QVDirectConnectionServer.h"
@@ -97,6 +98,7 @@ Tour::Tour(const Surroundings &surroundings, TourPage &page)
     : m_surroundings(surroundings), m_page(page) {}
 
 void Tour::run() {
+    startForTheFirstTime();
     lookAround();
     addFolder();
     addWebDAVServer();
@@ -126,13 +128,27 @@ QStringList Tour::secrets() const {
     return m_surroundings.dropbox.secrets() << WebDAVServer::Password;
 }
 
+void Tour::startForTheFirstTime() {
+    std::unique_ptr<FirstStartDialog> dialog;
+    onMainThread([&] {
+        dialog = std::make_unique<FirstStartDialog>();
+        dialog->move(360, 200);
+        dialog->show();
+        Screen::turnTo(dialog.get());
+    });
+    show(QStringLiteral("first-start"),
+         QStringLiteral("The first start asks where notes are kept in sync and how to begin. Here "
+                        "it begins with the examples."));
+    onMainThread([&] { dialog.reset(); });
+}
+
 void Tour::lookAround() {
     User::turnTo(PanelTitle);
     User::await(QStringLiteral("the lists"), [] {
         return Screen::rows(DatabaseList).size() == 3 && Screen::rows(LocationList).size() == 1;
     });
     show(QStringLiteral("first-showing"),
-         QStringLiteral("Velmora opens for the first time. Sync Preferences lists the databases of "
+         QStringLiteral("Velmora opens. Sync Preferences lists the databases of "
                         "the new profile and one location, a folder on this computer."));
     User::clickRow(DatabaseList, DatabaseName);
     User::await(QStringLiteral("the tick of the first location"),
@@ -161,6 +177,8 @@ void Tour::addFolder() {
           QStringLiteral("The folder store was not made."));
     show(QStringLiteral("folder-added"),
          QStringLiteral("The sync store is made and listed, and “Projects” synchronizes with it."));
+    showEditor(QStringLiteral("folder-sheet"),
+               QStringLiteral("“Edit…” shows where the folder is, and can choose another one."));
 }
 
 void Tour::addWebDAVServer() {
@@ -544,7 +562,16 @@ void Tour::show(const QString &name, const QString &sentence) {
                   onMainThread([&] { return Screen::texts().filter(secret).isEmpty(); }),
               QStringLiteral("A secret can be read."));
     }
-    onMainThread([&] { m_page.add(name, sentence, Screen::picture()); });
+    onMainThread([&] {
+        m_page.add(name, sentence, Screen::picture());
+        QWidget *front = Screen::windows().constLast();
+        QList<QWidget *> shown{front};
+        // A menu is shown with its window.
+        if (front->windowType() == Qt::Popup) {
+            shown.prepend(front->parentWidget()->window());
+        }
+        m_page.addToGuide(name, Screen::picture(shown));
+    });
 }
 
 void Tour::awaitLocation(const QString &title, int count) {
@@ -571,6 +598,16 @@ void Tour::failToSynchronize(const QString &location) {
     User::await(QStringLiteral("the warning of “%1”").arg(location), [&] {
         return hasWarning(location) && QVSyncPlugin::plugin()->dispatcher()->activity().isEmpty();
     });
+}
+
+void Tour::showEditor(const QString &name, const QString &sentence) {
+    User::turnTo(PanelTitle);
+    User::click(QStringLiteral("editLocationButton"));
+    User::await(QStringLiteral("the sheet"), [] { return QApplication::activeModalWidget(); });
+    show(name, sentence);
+    User::click(QStringLiteral("acceptButton"));
+    User::await(QStringLiteral("the end of the sheet"),
+                [] { return !QApplication::activeModalWidget(); });
 }
 
 void Tour::showError(const QString &location, const QString &text, const QString &name,

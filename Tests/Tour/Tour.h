@@ -48,6 +48,7 @@ public:
     QStringList secrets() const;
 
 private:
+    void startForTheFirstTime();
     void lookAround();
     void addFolder();
     void addWebDAVServer();
@@ -79,6 +80,8 @@ private:
     void synchronizeChosenDatabase();
     /// Clicks "Sync Now" and waits until the row of `location` has a warning.
     void failToSynchronize(const QString &location);
+    /// Shows the sheet of the selected location, and accepts it.
+    void showEditor(const QString &name, const QString &sentence);
     /// Clicks the warning of `location`, and shows the error that the user reads, which contains
     /// `text`.
     void showError(const QString &location, const QString &text, const QString &name,

@@ -28,7 +28,7 @@ img { display: block; max-width: 100%; height: auto; margin-top: .75rem; }
 
 }  // namespace
 
-TourPage::TourPage(const QString &folder) : m_folder(folder) {
+TourPage::TourPage(const QString &folder, const Guide &guide) : m_folder(folder), m_guide(guide) {
     if (!QDir().mkpath(folder)) {
         throw TourFailure(QStringLiteral("The folder %1 cannot be made.").arg(folder));
     }
@@ -45,6 +45,19 @@ void TourPage::add(const QString &name, const QString &sentence, const QImage &p
         throw TourFailure(QStringLiteral("The picture %1 cannot be written.").arg(file));
     }
     m_steps.append({file, sentence, picture.width()});
+}
+
+void TourPage::addToGuide(const QString &name, const QImage &picture) const {
+    if (m_guide.folder.isEmpty()) {
+        return;
+    }
+    const QString file =
+        QStringLiteral("%1/%2-%3.png")
+            .arg(m_guide.folder, name,
+                 m_guide.isDark ? QStringLiteral("dark") : QStringLiteral("light"));
+    if (!picture.save(file)) {
+        throw TourFailure(QStringLiteral("The picture %1 cannot be written.").arg(file));
+    }
 }
 
 void TourPage::write() const {

@@ -33,7 +33,7 @@ const char *const InPrivateNetwork = "VELMORA_TOUR_IN_PRIVATE_NETWORK";
 
 struct Options {
     QString folder;
-    bool isDark = false;
+    TourPage::Guide guide;
 };
 
 Options parse(const QStringList &arguments) {
@@ -48,14 +48,20 @@ Options parse(const QStringList &arguments) {
     const QCommandLineOption appearance(QStringLiteral("appearance"),
                                         QStringLiteral("Use light or dark colors."),
                                         QStringLiteral("light|dark"), QStringLiteral("light"));
-    parser.addOptions({tour, appearance});
+    const QCommandLineOption guide(
+        QStringLiteral("guide-pictures"),
+        QStringLiteral("Also write pictures of the windows in front into DIR, for the guide."),
+        QStringLiteral("DIR"));
+    parser.addOptions({tour, appearance, guide});
     parser.process(arguments);
     const QString colors = parser.value(appearance);
     const bool isKnown = colors == QStringLiteral("light") || colors == QStringLiteral("dark");
     if (parser.value(tour).isEmpty() || !isKnown || !parser.positionalArguments().isEmpty()) {
         parser.showHelp(EXIT_FAILURE);
     }
-    return {QDir(parser.value(tour)).absolutePath(), colors == QStringLiteral("dark")};
+    const QString pictures =
+        parser.isSet(guide) ? QDir(parser.value(guide)).absolutePath() : QString();
+    return {QDir(parser.value(tour)).absolutePath(), {pictures, colors == QStringLiteral("dark")}};
 }
 
 /// What this display cannot do does not matter here.
@@ -187,14 +193,14 @@ int main(int argumentCount, char **arguments) {
         options = parse(QCoreApplication::arguments());
     }
     try {
-        TourPage page(options.folder);
+        TourPage page(options.folder, options.guide);
         const QTemporaryDir folder;
         useOffscreenDisplay(folder.path());
         const QString volume = folder.filePath(QStringLiteral("Team Volume"));
         QDir().mkpath(volume + QStringLiteral("/Photos"));
         QDir::setCurrent(volume);
         VelmoraApplication application(argumentCount, arguments);
-        application.setDarkAppearance(options.isDark);
+        application.setDarkAppearance(options.guide.isDark);
         std::optional<DiscoveryDaemon> daemon;
         if (hasNetwork) {
             daemon.emplace(NameInNetwork);
