@@ -21,10 +21,10 @@ constexpr qsizetype ReadAtOnce = 4LL << 20;
 /// The time that one step on the main thread should take, and the limits of the number of rows that
 /// it merges. With fewer, most of the time would be that between the steps.
 constexpr qint64 NanosecondsOfStep = 8'000'000;
-constexpr qsizetype FewestRowsAtOnce = 50;
+constexpr qsizetype FewestRowsAtOnce = 100;
 constexpr qsizetype MostRowsAtOnce = 2000;
 /// Number of merged rows after which the log of the profile is moved. Each adds a few pages to it.
-constexpr qsizetype RowsInLog = 500;
+constexpr qsizetype RowsInLog = 1000;
 /// Number of operations that one step on the main thread renews, each of which writes several rows.
 constexpr qsizetype OperationsRenewedAtOnce = 100;
 /// Size of the records whose transactions are kept in memory until all are compared, in bytes.

@@ -514,7 +514,7 @@
     </message>
     <message>
         <source>&amp;Delete…</source>
-        <translation>E&amp;lliminar…</translation>
+        <translation>E&amp;liminar…</translation>
     </message>
     <message>
         <source>Res&amp;tore Deleted Database</source>
@@ -1194,7 +1194,7 @@ Licencia: Apache License 2.0</translation>
     <name>UndoBar</name>
     <message>
         <source>&amp;Undo</source>
-        <translation>&amp;Deshacer</translation>
+        <translation>Desha&amp;cer</translation>
     </message>
 </context>
 <context>

@@ -1194,7 +1194,7 @@ Licence : Apache License 2.0</translation>
     <name>UndoBar</name>
     <message>
         <source>&amp;Undo</source>
-        <translation>&amp;Annuler</translation>
+        <translation>Ann&amp;uler</translation>
     </message>
 </context>
 <context>

@@ -471,6 +471,8 @@ private Q_SLOTS:
     void aDeletedDatabaseIsRestoredByKeyboard() {
         const QString name = m_plans->name();
         typeText(QStringLiteral(" typed"));
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         databases()->setFocus();
         inDialog<QMessageBox>([](QMessageBox &box) {
             for (QAbstractButton *button : box.buttons()) {
