@@ -254,7 +254,7 @@ void NotesView::selectWhenRead(const QString &UUID) {
 }
 
 void NotesView::selectAwaited() {
-    if (!m_awaited.isEmpty() && m_positions.contains(m_awaited)) {
+    if (!m_awaited.isEmpty() && m_rows->rowOf({.UUID = m_awaited}) >= 0) {
         select({.UUID = std::exchange(m_awaited, {})});
     }
 }

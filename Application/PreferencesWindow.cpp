@@ -66,6 +66,8 @@ void PreferencesWindow::showPane(std::unique_ptr<PreferencePane> pane) {
     m_pane = std::move(pane);
     m_pane->loadMainView();
     static_cast<QVBoxLayout *>(layout())->insertWidget(0, m_pane->mainView(), 1);
+    // Not only when the layout does so later: it can get the focus now.
+    m_pane->mainView()->show();
     m_pane->willSelect();
     if (isVisible()) {
         Mnemonics::assign(*this);

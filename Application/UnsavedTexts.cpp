@@ -54,7 +54,7 @@ bool allocateReserve(const QString &path) {
 }
 
 Error unreadableFolder(const QString &folder, const QString &reason) {
-    return journalError(
+    return applicationError(
         textOf("The folder “%1”, which may contain texts that were not saved, cannot be read.")
             .arg(folder),
         reason + u'\n' + textOf("Check its permissions and its disk, and start Velmora again."));
@@ -224,9 +224,10 @@ Expected<void> UnsavedTexts::keep(const QString &databaseUUID, const Note &note)
         isKeptIn({m_folders.last()})) {
         return {};
     }
-    return failure(journalError(textOf("The text of “%1” cannot be kept for the next start either.")
-                                    .arg(note.title.left(80)),
-                                reason + textOf("Make room on the disk, or copy the text.")));
+    return failure(
+        applicationError(textOf("The text of “%1” cannot be kept for the next start either.")
+                             .arg(note.title.left(80)),
+                         reason + textOf("Make room on the disk, or copy the text.")));
 }
 
 Expected<void> UnsavedTexts::remove(const QString &noteUUID) const {

@@ -6,6 +6,7 @@
 #include <QtGui/QStyleHints>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QProgressBar>
 
 #include "Platform/Interface/ListPalette.h"
 #include "Platform/KeyValue/KeyValue.h"
@@ -24,6 +25,7 @@ void QVSelectedItemBackgroundView::setSelected(bool selected) {
             setBackgroundStyle(control, style);
         }
     }
+    updateBars();
     if (isChanged && isVisible()) {
         notifyAssistiveTechnologies();
     }
@@ -61,8 +63,15 @@ bool QVSelectedItemBackgroundView::event(QEvent *event) {
                 setBackgroundStyle(control, backgroundStyle(control));
             }
         }
+        updateBars();
     }
     return Control::event(event);
+}
+
+void QVSelectedItemBackgroundView::updateBars() {
+    for (QProgressBar *bar : findChildren<QProgressBar *>(Qt::FindDirectChildrenOnly)) {
+        bar->setPalette(m_isSelected ? ListPalette::selected() : ListPalette::normal());
+    }
 }
 
 QList<QWidget *> QVSelectedItemBackgroundView::controls() const {

@@ -46,6 +46,8 @@ protected:
 private:
     /// Returns the direct children that are controls (see Control::isControl).
     QList<QWidget *> controls() const;
+    /// Paints progress bars, which are no controls, in colors that differ from the ground.
+    void updateBars();
     /// Returns whether `event` is as close to the last click, in time and place, as the clicks of a
     /// double-click are.
     bool followsLastClickQuickly(const QMouseEvent &event) const;

@@ -7,7 +7,6 @@
 namespace {
 
 constexpr double Radius = 3;
-constexpr int ChosenFrameWidth = 2;
 
 }  // namespace
 
@@ -34,11 +33,12 @@ void WeekdayButton::paintEvent(QPaintEvent * /*event*/) {
     const QColor chosen = Contrast::focus(palette());
     painter.setBrush(isChosen ? chosen
                               : palette().color(isEnabled() ? QPalette::Base : QPalette::Window));
-    painter.setPen(QPen(isChosen ? chosen : frameColor(), hasFocus() ? ChosenFrameWidth : 1));
+    painter.setPen(isChosen ? chosen : frameColor());
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), Radius, Radius);
     painter.setPen(textColor());
     painter.drawText(rect(), Qt::AlignCenter, text());
-    if (isChosen && hasFocus()) {
+    if (hasFocus()) {
+        painter.setPen(isChosen ? textColor() : frameColor());
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5), 1, 1);
     }

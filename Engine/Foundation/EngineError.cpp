@@ -41,12 +41,6 @@ Error notSyncStore(const QString &place) {
                        place);
 }
 
-Error tooLargeForServer(const QString &place) {
-    return engineError(
-        EngineErrorCode::StoreFull,
-        "“%1” is larger than the server accepts. Ask its administrator to raise the limit.", place);
-}
-
 Error operationCancelled() {
     return engineError(EngineErrorCode::Cancelled,
                        localizedSyncString("The operation was cancelled."));

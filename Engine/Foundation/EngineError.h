@@ -86,9 +86,6 @@ Error foreignFile(const QString &place);
 Error invalidBlobName(const QString &name);
 /// Returns an error of the code StoreUnreachable for the folder at `place`, in words for the user.
 Error notSyncStore(const QString &place);
-/// Returns an error of the code StoreFull for the blob at `place`, which is larger than the server
-/// accepts, in words for the user.
-Error tooLargeForServer(const QString &place);
 /// Returns the error of an operation that was cancelled, of the code Cancelled, by which callers
 /// distinguish it from a failure.
 Error operationCancelled();

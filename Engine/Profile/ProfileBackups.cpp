@@ -54,11 +54,8 @@ Expected<void> makeFolder(const QString &path) {
 Expected<QStringList> filesIn(const QString &folder) {
     return FileManager::names(folder, std::filesystem::file_type::regular)
         .map_error([&](const Error &error) {
-            return engineError(
-                EngineErrorCode::BackupFailed,
-                localizedSyncString("The folder “%1” with the backups of the profile "
-                                    "cannot be read: %2")
-                    .arg(folder, error.localizedFailureReason));
+            return ProfileFolder::unreadable(folder, error.localizedFailureReason,
+                                             EngineErrorCode::BackupFailed);
         });
 }
 

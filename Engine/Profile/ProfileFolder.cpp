@@ -18,12 +18,9 @@ Path pathOf(const QString &name) {
     return QFile::encodeName(name).toStdString();
 }
 
-tl::unexpected<Error> unreadable(const QString &directory, const std::error_code &error) {
-    return failure(
-        engineError(EngineErrorCode::ProfileUnusable,
-                    localizedSyncString("The folder “%1” of the profile cannot be read: %2. Check "
-                                        "its disk and its permissions, then try again.")
-                        .arg(directory, QString::fromStdString(error.message()))));
+tl::unexpected<Error> readFailure(const QString &directory, const std::error_code &error) {
+    return failure(ProfileFolder::unreadable(directory, QString::fromStdString(error.message()),
+                                             EngineErrorCode::ProfileUnusable));
 }
 
 /// Returns what the folder contains, or what its folders contain too. std::filesystem reports
@@ -37,7 +34,7 @@ Expected<std::vector<std::filesystem::directory_entry>> entriesOf(const QString 
         entries.push_back(*each);
     }
     if (error) {
-        return unreadable(directory, error);
+        return readFailure(directory, error);
     }
     return entries;
 }
@@ -47,24 +44,6 @@ Expected<QStringList> namesIn(const QString &directory) {
         QStringList names;
         for (const auto &entry : entries) {
             names.append(QFile::decodeName(entry.path().filename().c_str()));
-        }
-        return names;
-    });
-}
-
-Expected<QStringList> namesOfType(const QString &folder, std::filesystem::file_type type) {
-    std::error_code error;
-    if (std::filesystem::status(pathOf(folder), error).type() ==
-        std::filesystem::file_type::not_found) {
-        return QStringList();
-    }
-    return entriesOf<std::filesystem::directory_iterator>(folder).map([&](const auto &entries) {
-        QStringList names;
-        for (const auto &entry : entries) {
-            std::error_code unknown;
-            if (entry.symlink_status(unknown).type() == type) {
-                names.append(QFile::decodeName(entry.path().filename().c_str()));
-            }
         }
         return names;
     });
@@ -103,7 +82,7 @@ Expected<bool> ProfileFolder::isUnused(const QString &directory) {
         return true;
     }
     if (type == Type::none) {
-        return unreadable(directory, error);
+        return readFailure(directory, error);
     }
     if (type != Type::directory || QFile::exists(directory + u'/' + ProfileDatabaseName)) {
         return false;
@@ -127,12 +106,12 @@ Expected<bool> ProfileFolder::isUnusedSinceCreation(const QString &directory) {
     });
 }
 
-Expected<QStringList> ProfileFolder::filesIn(const QString &folder) {
-    return namesOfType(folder, std::filesystem::file_type::regular);
-}
-
-Expected<QStringList> ProfileFolder::foldersIn(const QString &folder) {
-    return namesOfType(folder, std::filesystem::file_type::directory);
+Error ProfileFolder::unreadable(const QString &folder, const QString &reason,
+                                EngineErrorCode code) {
+    return engineError(code,
+                       localizedSyncString("The folder “%1” of the profile cannot be read: %2. "
+                                           "Check its disk and its permissions, then try again.")
+                           .arg(folder, reason));
 }
 
 void ProfileFolder::removeNewProfile(const QString &directory) {

@@ -2,6 +2,7 @@
 
 #include <QtCore/QStringList>
 
+#include "Engine/Foundation/EngineError.h"
 #include "Platform/Foundation/Expected.h"
 
 /// The contents of a profile folder besides the rows of the database. Thread-safe; all functions
@@ -28,10 +29,9 @@ Expected<bool> isUnused(const QString &directory);
 /// leaves: files of the database, a lock file, and folders without files for the sync store.
 Expected<bool> isUnusedSinceCreation(const QString &directory);
 
-/// Returns the names of the plain files, or of the folders, in the folder at the path `folder`,
-/// which is one of the profile's; none if it does not exist. Symbolic links are left out.
-Expected<QStringList> filesIn(const QString &folder);
-Expected<QStringList> foldersIn(const QString &folder);
+/// Returns the error with the code `code` for `folder`, which is one of the profile's and cannot be
+/// read. `reason` is that of the system.
+Error unreadable(const QString &folder, const QString &reason, EngineErrorCode code);
 
 /// Removes what isUnusedSinceCreation() describes, apart from the lock file. Never removes a folder
 /// that contains a file.

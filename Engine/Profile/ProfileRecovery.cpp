@@ -361,13 +361,16 @@ Expected<QStringList> pathsIn(const QString &directory) {
 /// Returns the files of the damaged database, the database first. If a recovery was interrupted, it
 /// has set them aside, or the first of them.
 Expected<QStringList> pathsOfDamaged(const QString &directory) {
-    const Expected<QStringList> present = pathsIn(directory);
+    Expected<QStringList> present = pathsIn(directory);
     if (!present || present->contains(directory + u'/' + ProfileDatabaseName)) {
         return present;
     }
     const QString folder = directory + u'/' + ProfileRecovery::FolderName;
     return FileManager::names(folder, std::filesystem::file_type::directory)
-        .map_error(toReplacementFailure(directory))
+        .map_error([&](const Error &error) {
+            return ProfileFolder::unreadable(folder, error.localizedFailureReason,
+                                             EngineErrorCode::BackupFailed);
+        })
         .and_then([&](const QStringList &names) {
             // They are named after the time.
             const auto latest = std::max_element(names.begin(), names.end());

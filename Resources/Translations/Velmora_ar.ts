@@ -544,13 +544,6 @@
         <source>“%1” was deleted. For ten minutes it can be restored with its notes, ticks and schedules.</source>
         <translation>حُذفت «⁨%1⁩». يمكن استعادتها خلال عشر دقائق مع ملاحظاتها وعلاماتها وجداولها الزمنية.</translation>
     </message>
-</context>
-<context>
-    <name>NotesModel</name>
-    <message>
-        <source>Untitled</source>
-        <translation>بلا عنوان</translation>
-    </message>
     <message>
         <source>&amp;Guide</source>
         <translation>الدليل (&amp;G)</translation>
@@ -570,6 +563,13 @@ License: Apache License 2.0</source>
         <translation>ملاحظات تُزامَن بين حواسيبك.
 
 الرخصة: Apache License 2.0</translation>
+    </message>
+</context>
+<context>
+    <name>NotesModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>بلا عنوان</translation>
     </message>
 </context>
 <context>

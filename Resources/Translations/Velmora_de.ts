@@ -528,13 +528,6 @@
         <source>“%1” was deleted. For ten minutes it can be restored with its notes, ticks and schedules.</source>
         <translation>„%1“ wurde gelöscht. Zehn Minuten lang kann die Datenbank mit Notizen, Häkchen und Zeitplänen wiederhergestellt werden.</translation>
     </message>
-</context>
-<context>
-    <name>NotesModel</name>
-    <message>
-        <source>Untitled</source>
-        <translation>Ohne Titel</translation>
-    </message>
     <message>
         <source>&amp;Guide</source>
         <translation>&amp;Anleitung</translation>
@@ -554,6 +547,13 @@ License: Apache License 2.0</source>
         <translation>Notizen, die zwischen Ihren Computern synchronisiert werden.
 
 Lizenz: Apache License 2.0</translation>
+    </message>
+</context>
+<context>
+    <name>NotesModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
     </message>
 </context>
 <context>
@@ -1194,7 +1194,7 @@ Lizenz: Apache License 2.0</translation>
     <name>UndoBar</name>
     <message>
         <source>&amp;Undo</source>
-        <translation>&amp;Rückgängig</translation>
+        <translation>Rück&amp;gängig</translation>
     </message>
 </context>
 <context>

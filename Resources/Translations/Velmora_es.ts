@@ -528,13 +528,6 @@
         <source>“%1” was deleted. For ten minutes it can be restored with its notes, ticks and schedules.</source>
         <translation>«%1» se ha eliminado. Durante diez minutos se puede restaurar con sus notas, marcas y programaciones.</translation>
     </message>
-</context>
-<context>
-    <name>NotesModel</name>
-    <message>
-        <source>Untitled</source>
-        <translation>Sin título</translation>
-    </message>
     <message>
         <source>&amp;Guide</source>
         <translation>&amp;Guía</translation>
@@ -554,6 +547,13 @@ License: Apache License 2.0</source>
         <translation>Notas que se sincronizan entre sus equipos.
 
 Licencia: Apache License 2.0</translation>
+    </message>
+</context>
+<context>
+    <name>NotesModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Sin título</translation>
     </message>
 </context>
 <context>
@@ -1194,7 +1194,7 @@ Licencia: Apache License 2.0</translation>
     <name>UndoBar</name>
     <message>
         <source>&amp;Undo</source>
-        <translation>Desha&amp;cer</translation>
+        <translation>Deshace&amp;r</translation>
     </message>
 </context>
 <context>

@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>Keep &amp;Other</source>
-        <translation>Conserver l’a&amp;utre</translation>
+        <translation>Conserver l’au&amp;tre</translation>
     </message>
     <message>
         <source>Keep &amp;Both</source>
@@ -67,7 +67,7 @@
     </message>
     <message>
         <source>Keep &amp;Other</source>
-        <translation>Conserver l’a&amp;utre</translation>
+        <translation>Conserver l’au&amp;tre</translation>
     </message>
     <message>
         <source>Keep &amp;Both</source>
@@ -528,13 +528,6 @@
         <source>“%1” was deleted. For ten minutes it can be restored with its notes, ticks and schedules.</source>
         <translation>« %1 » a été supprimée. Pendant dix minutes, elle peut être restaurée avec ses notes, ses coches et ses planifications.</translation>
     </message>
-</context>
-<context>
-    <name>NotesModel</name>
-    <message>
-        <source>Untitled</source>
-        <translation>Sans titre</translation>
-    </message>
     <message>
         <source>&amp;Guide</source>
         <translation>&amp;Guide</translation>
@@ -554,6 +547,13 @@ License: Apache License 2.0</source>
         <translation>Des notes synchronisées entre vos ordinateurs.
 
 Licence : Apache License 2.0</translation>
+    </message>
+</context>
+<context>
+    <name>NotesModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>Sans titre</translation>
     </message>
 </context>
 <context>

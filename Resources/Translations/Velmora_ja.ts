@@ -524,13 +524,6 @@
         <source>“%1” was deleted. For ten minutes it can be restored with its notes, ticks and schedules.</source>
         <translation>「%1」を削除しました。10分間は、ノート、チェック、スケジュールとともに復元できます。</translation>
     </message>
-</context>
-<context>
-    <name>NotesModel</name>
-    <message>
-        <source>Untitled</source>
-        <translation>無題</translation>
-    </message>
     <message>
         <source>&amp;Guide</source>
         <translation>ガイド(&amp;G)</translation>
@@ -550,6 +543,13 @@ License: Apache License 2.0</source>
         <translation>コンピューター間で同期されるノートです。
 
 ライセンス: Apache License 2.0</translation>
+    </message>
+</context>
+<context>
+    <name>NotesModel</name>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
     </message>
 </context>
 <context>

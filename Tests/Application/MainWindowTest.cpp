@@ -361,6 +361,8 @@ private Q_SLOTS:
         QApplication::setFont(font);
         m_window.reset();
         m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
+        // The test's screen is smaller than those of users.
+        m_window->resize(m_window->size().expandedTo({1024, 700}));
         m_window->show();
         const int text = m_window->findChild<QPlainTextEdit *>()->width();
         const int lists = m_window->width() - text;

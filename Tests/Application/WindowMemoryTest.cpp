@@ -6,11 +6,12 @@
 
 #include "Application/EventLog.h"
 #include "Application/MainWindow.h"
+#include "Application/NotesList.h"
 #include "Application/NotesView.h"
 #include "Application/PreferencesWindow.h"
+#include "Host/PaneSelection.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Interface/Nib.h"
-#include "Host/PaneSelection.h"
 #include "Platform/Interface/PreferencePane.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -185,7 +186,7 @@ private Q_SLOTS:
         WindowMemory::saveText(QStringLiteral("MainDatabase"), m_database->UUID());
         WindowMemory::saveText(QStringLiteral("MainNote"), notes.last().UUID);
         const auto window = open();
-        auto *list = view(*window)->findChild<QListWidget *>();
+        auto *list = view(*window)->findChild<NotesList *>();
         list->setCurrentRow(7);
         QTRY_COMPARE(list->count(), 520);
         QCOMPARE(view(*window)->note().UUID, notes.at(7).UUID);

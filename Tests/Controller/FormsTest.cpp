@@ -116,6 +116,8 @@ public:
             checkTextDidChange(part);
             checkValidation(part);
             checkMenu(part);
+            checkRowPlace(part);
+            checkShortcut(part);
             checkCheckBox(part);
             checkTable(part);
             if (const QString nib = part->property("itemNib").toString(); !nib.isEmpty()) {
@@ -297,6 +299,21 @@ private:
         const QString name = part->property("menu").toString();
         if (!name.isEmpty() && !qobject_cast<QMenu *>(m_objects.value(name))) {
             report(QStringLiteral("no menu \"%1\"").arg(name));
+        }
+    }
+
+    void checkRowPlace(const QObject *part) {
+        static const QStringList places = {QString(), QStringLiteral("leading"),
+                                           QStringLiteral("text"), QStringLiteral("trailing")};
+        if (const QString place = part->property("rowPlace").toString(); !places.contains(place)) {
+            report(QStringLiteral("no place \"%1\" in a row").arg(place));
+        }
+    }
+
+    void checkShortcut(const QObject *part) {
+        const auto shortcut = part->property("shortcut").value<QKeySequence>();
+        if (!shortcut.isEmpty() && shortcut[0].key() == Qt::Key_unknown) {
+            report(QStringLiteral("no key of \"%1\"").arg(part->objectName()));
         }
     }
 

@@ -49,13 +49,6 @@ inline void askAboutUnsentChanges(TestHost &host, MainWindow &window) {
     QuitSynchronization(&window).run();
 }
 
-inline void askAboutFailedChanges(TestHost &host, MainWindow &window) {
-    for (const auto &state : makeUnsentChanges(host)) {
-        state->setSyncOnClose(true);
-    }
-    QuitSynchronization(&window).run();
-}
-
 inline void askAboutRevocation(TestHost & /*host*/, MainWindow &window) {
     const auto controller = QVServerPreferencesController::controller();
     controller->addAuthorizedClientsObject(
@@ -76,7 +69,6 @@ inline void askAboutRevocation(TestHost & /*host*/, MainWindow &window) {
 inline QList<std::pair<const char *, Ask>> all() {
     return {{"unsaved text", askAboutUnsavedText},
             {"unsent", askAboutUnsentChanges},
-            {"failed", askAboutFailedChanges},
             {"revocation", askAboutRevocation}};
 }
 

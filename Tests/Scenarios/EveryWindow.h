@@ -196,20 +196,19 @@ inline std::unique_ptr<QWidget> failedSynchronization(TestHost &host, EventLog &
 inline std::unique_ptr<QWidget> busyLocation(TestHost &host, EventLog & /*log*/) {
     auto server = std::make_unique<QTcpServer>();
     server->listen(QHostAddress::LocalHost);
-    const auto location = host.addLocation(
+    host.addLocation(
         QStringLiteral("http://127.0.0.1:%1/Shared.qvSyncStore").arg(server->serverPort()));
-    const auto state = host.addState(location, host.addDatabase(QStringLiteral("Projects")));
-    state->setEnabled(true);
     auto window = std::make_unique<PreferencesWindow>(std::make_unique<QVSyncPreferences>());
     server.release()->setParent(window.get());
     window->show();
-    Panel::select(Panel::databaseRow(QStringLiteral("Projects")));
-    host.engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates({state});
-    QWidget *row = Panel::locationRow(static_cast<int>(Panel::countOfLocations()) - 1);
-    Panel::select(row);
-    const auto *bar = Panel::part<QProgressBar>(row, "rowActivity");
-    return QTest::qWaitFor([&] { return bar->isVisible(); }, EventTimeout) ? std::move(window)
-                                                                           : nullptr;
+    const auto row = [] {
+        return Panel::locationRow(static_cast<int>(Panel::countOfLocations()) - 1);
+    };
+    Panel::select(row());
+    window->findChild<QAction *>(QStringLiteral("checkItem"))->trigger();
+    const bool isBusy = QTest::qWaitFor(
+        [&] { return Panel::part<QProgressBar>(row(), "rowActivity")->isVisible(); }, EventTimeout);
+    return isBusy ? std::move(window) : nullptr;
 }
 
 /// Returns the functions of further contents of windows, and of sheets with rows in their lists.

@@ -14,6 +14,7 @@
 #include "Application/FirstStartDialog.h"
 #include "Application/Interface/NoteLibrary.h"
 #include "Application/Interface/SyncPlugIn.h"
+#include "Application/PlugIns.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocation.h"
@@ -131,7 +132,7 @@ QStringList Tour::secrets() const {
 void Tour::startForTheFirstTime() {
     std::unique_ptr<FirstStartDialog> dialog;
     onMainThread([&] {
-        dialog = std::make_unique<FirstStartDialog>();
+        dialog = std::make_unique<FirstStartDialog>(PlugIns::locationOffers().value());
         dialog->move(360, 200);
         dialog->show();
         Screen::turnTo(dialog.get());

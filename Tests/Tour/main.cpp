@@ -199,6 +199,8 @@ int main(int argumentCount, char **arguments) {
         const QString volume = folder.filePath(QStringLiteral("Team Volume"));
         QDir().mkpath(volume + QStringLiteral("/Photos"));
         QDir::setCurrent(volume);
+        // The panels begin there.
+        qputenv("HOME", QFile::encodeName(volume));
         VelmoraApplication application(argumentCount, arguments);
         application.setDarkAppearance(options.guide.isDark);
         std::optional<DiscoveryDaemon> daemon;

@@ -29,7 +29,8 @@ class DeletedDatabasesTest : public QObject {
     }
     static QStringList titles(const NoteDatabase &database) {
         QStringList titles;
-        for (const Note &note : database.notes().value()) {
+        const QList<Note> notes = database.notes().value();
+        for (const Note &note : notes) {
             titles.append(note.title);
         }
         return titles;

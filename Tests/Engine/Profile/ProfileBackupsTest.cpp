@@ -529,14 +529,15 @@ private Q_SLOTS:
 
     void backupsThatCannotBeSearchedForLocationsAreReported() {
         const QString directory = m_host->directory();
+        const QString backups = folder();
         m_host->goToComputer(QStringLiteral("Other"));
         overwrite(directory + QStringLiteral("/profile.sqlite"), 0, 4096);
         // A file instead of the folder cannot be listed.
-        QVERIFY(QFile(folder()).open(QIODevice::WriteOnly));
+        QVERIFY(QFile(backups).open(QIODevice::WriteOnly));
         QVERIFY(SyncEngine::beginProfile(directory));
         QTRY_COMPARE(m_host->application().presentedErrors().size(), 2);
         const Error error = m_host->application().presentedErrors().first();
-        QVERIFY2(error.localizedFailureReason.contains(folder()),
+        QVERIFY2(error.localizedFailureReason.contains(backups),
                  qPrintable(error.localizedFailureReason));
     }
 

@@ -1,6 +1,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
+#include "Platform/Foundation/DateText.h"
 #include "Support/AskedUser.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
@@ -69,8 +70,8 @@ private Q_SLOTS:
              {QStringLiteral("issued by an authority that this computer does not trust"),
               QStringLiteral("Issued to: Test Server\n"),
               QStringLiteral("Issued by: Test Authority\n"),
-              QLocale().toString(certificate.effectiveDate().date(), QLocale::LongFormat),
-              QLocale().toString(certificate.expiryDate().date(), QLocale::LongFormat),
+              DateText::longDate(certificate.effectiveDate().date()),
+              DateText::longDate(certificate.expiryDate().date()),
               QString::fromLatin1(
                   certificate.digest(QCryptographicHash::Sha256).toHex(':').toUpper())}) {
             QVERIFY2(question.details.contains(part), qPrintable(question.details));
