@@ -5,6 +5,7 @@
 #include <QtCore/QPointer>
 #include <QtGui/QAction>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
@@ -387,6 +388,12 @@ QWidget *Nib::makeForm(const QString &nibName) {
         fail(QStringLiteral("No form is named \"%1\"").arg(nibName));
     }
     auto form = std::unique_ptr<QWidget>(makeWidgets());
+    for (QLabel *label : form->findChildren<QLabel *>()) {
+        if (label->textFormat() == Qt::AutoText) {
+            // A text that comes from outside might look like markup.
+            label->setTextFormat(Qt::PlainText);
+        }
+    }
     makeObjects(form.get());
     return form.release();
 }

@@ -1,6 +1,7 @@
 #include <QtCore/QMetaMethod>
 #include <QtCore/QXmlStreamReader>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <memory>
@@ -439,6 +440,15 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::ReadOnly));
         QXmlStreamReader xml(&file);
         QCOMPARE(namesWithoutWidget(xml), QStringList());
+    }
+
+    void everyLabelShowsMarkupAsText_data() { everyNameInAFormIsKnown_data(); }
+    void everyLabelShowsMarkupAsText() {
+        QFETCH(QString, name);
+        const std::unique_ptr<QWidget> form(Nib::makeForm(name));
+        for (const QLabel *label : form->findChildren<QLabel *>()) {
+            QVERIFY2(label->textFormat() == Qt::PlainText, qPrintable(label->objectName()));
+        }
     }
 
     void aBuddyThatIsMissingIsFound() {
