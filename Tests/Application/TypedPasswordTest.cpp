@@ -68,6 +68,8 @@ private Q_SLOTS:
         display.press({QStringLiteral("Return")});
         QTRY_VERIFY(wasUsed);
         QTRY_VERIFY(secrets.count({{QStringLiteral("user"), User}}) == 2 && !isPasswordInMemory());
+        // Nothing would be found of a program that has ended either.
+        QVERIFY(ProgramMemory(program.processId()).containsAny({User}));
     }
 };
 

@@ -9,7 +9,7 @@
 using namespace FuzzInput;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    const QByteArray input = bytes(data, size);
+    const QByteArray input = expanded(bytes(data, size));
     QSslCertificate certificate(input, QSsl::Der);
     if (certificate.isNull()) {
         certificate = QSslCertificate(input, QSsl::Pem);
