@@ -565,7 +565,10 @@ void Tour::show(const QString &name, const QString &sentence) {
     }
     onMainThread([&] {
         m_page.add(name, sentence, Screen::picture());
-        QWidget *front = Screen::windows().constLast();
+        // A window that was raised later may lie behind a modal one.
+        QWidget *modal = QApplication::activeModalWidget();
+        QWidget *popup = QApplication::activePopupWidget();
+        QWidget *front = popup ? popup : modal ? modal : Screen::windows().constLast();
         QList<QWidget *> shown{front};
         // A menu is shown with its window.
         if (front->windowType() == Qt::Popup) {
