@@ -18,6 +18,9 @@ namespace {
 
 /// Number of bytes after which the records that were read are merged before more are read.
 constexpr qsizetype ReadAtOnce = 4LL << 20;
+/// The most records of which one step reads as many as that. Looking at all that are unread in each
+/// step would take long for a store with many small ones.
+constexpr qsizetype NamesAtOnce = 1000;
 /// The time that one step on the main thread should take, and the limits of the number of rows that
 /// it merges. With fewer, most of the time would be that between the steps.
 constexpr qint64 NanosecondsOfStep = 8'000'000;
@@ -206,17 +209,22 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
     if (m_pass == Pass::Merging && !m_queue.isEmpty()) {
         return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
     }
-    const QStringList names = std::exchange(m_unread, {});
+    const QStringList names = m_unread.first(qMin(m_unread.size(), NamesAtOnce));
+    m_unread.remove(0, names.size());
     const auto read = records.readSome(
         names, ReadAtOnce, [this] { progress().advance(m_pass == Pass::Comparing ? 1 : 0); });
+    QStringList left;
     for (qsizetype i = 0; i < names.size(); ++i) {
         const std::optional<Expected<TransactionRecords::Record>> &record =
             read[static_cast<size_t>(i)];
         if (!record) {
-            m_unread.append(names[i]);
+            left.append(names[i]);
         } else if (Expected<void> taken = takeTransaction(records, names[i], *record); !taken) {
             return taken;
         }
+    }
+    if (!left.isEmpty()) {
+        m_unread = left + m_unread;
     }
     return m_pass == Pass::Comparing ? compareTransactions() : Expected<void>();
 }
