@@ -100,10 +100,10 @@ public:
     /// it was opened, or cannot be reached: what was written would not be found there.
     Expected<void> write(const Changes &changes) const;
 
-    /// Moves what was committed from the write-ahead log into the database file, as far as nobody
-    /// reads an older state or does the same, so that the log begins again and the main thread need
-    /// not move it. Takes long if the log is long. Can be called on any thread while the profile is
-    /// open; what is committed meanwhile stays in the log.
+    /// Moves what was committed from the write-ahead log into the database file, as far as no other
+    /// connection reads an older state or does the same, so that the log begins again and the main
+    /// thread need not move it. Takes long if the log is long. Can be called on any thread while
+    /// the profile is open; what is committed meanwhile stays in the log.
     Expected<void> moveLog() const;
 
     /// Returns an error if a file of the profile was moved, deleted or replaced since it was

@@ -163,7 +163,7 @@ Expected<void> BlobStore::checkRequest(const QString &name, const EngineFuture &
 Error BlobStore::tooManyDatabases() const {
     return engineError(EngineErrorCode::StoreUnreachable,
                        "“%1” contains too many databases, or their names are too long. Delete the "
-                       "files of those that nobody needs.",
+                       "files of those that are not needed.",
                        place(SyncStoreLayout::DatabasesFolder));
 }
 

@@ -1739,7 +1739,7 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>يحتوي «⁨%1⁩» على ملفات كثيرة جدًا. نظِّف الموقع على حاسوب آخر، أو احذف الملفات التي لا تنتمي إليه.</translation>
     </message>
     <message>
-        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that nobody needs.</source>
+        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that are not needed.</source>
         <translation>يحتوي «⁨%1⁩» على قواعد بيانات كثيرة جدًا، أو أسماؤها طويلة جدًا. احذف ملفات القواعد التي لا يحتاج إليها أحد.</translation>
     </message>
     <message>

@@ -1735,7 +1735,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>„%1“ enthält zu viele Dateien. Räumen Sie den Ort auf einem anderen Computer auf oder löschen Sie die Dateien, die nicht dorthin gehören.</translation>
     </message>
     <message>
-        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that nobody needs.</source>
+        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that are not needed.</source>
         <translation>„%1“ enthält zu viele Datenbanken, oder deren Namen sind zu lang. Löschen Sie die Dateien derer, die niemand braucht.</translation>
     </message>
     <message>

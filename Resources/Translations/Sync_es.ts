@@ -1699,7 +1699,7 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>«%1» contiene demasiados archivos. Limpie la ubicación en otro equipo o elimine los archivos que no deban estar ahí.</translation>
     </message>
     <message>
-        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that nobody needs.</source>
+        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that are not needed.</source>
         <translation>«%1» contiene demasiadas bases de datos, o sus nombres son demasiado largos. Elimine los archivos de las que nadie necesite.</translation>
     </message>
     <message>

@@ -1699,7 +1699,7 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>« %1 » contient trop de fichiers. Nettoyez l’emplacement sur un autre ordinateur, ou supprimez les fichiers qui ne doivent pas s’y trouver.</translation>
     </message>
     <message>
-        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that nobody needs.</source>
+        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that are not needed.</source>
         <translation>« %1 » contient trop de bases de données, ou leurs noms sont trop longs. Supprimez les fichiers de celles dont personne n’a besoin.</translation>
     </message>
     <message>

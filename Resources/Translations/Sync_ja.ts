@@ -1714,7 +1714,7 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>「%1」にファイルが多すぎます。別のコンピューターで同期先を整理するか、そこにあるべきでないファイルを削除してください。</translation>
     </message>
     <message>
-        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that nobody needs.</source>
+        <source>“%1” contains too many databases, or their names are too long. Delete the files of those that are not needed.</source>
         <translation>「%1」にデータベースが多すぎるか、その名前が長すぎます。だれも必要としないデータベースのファイルを削除してください。</translation>
     </message>
     <message>
