@@ -67,7 +67,7 @@ class FirstPaintPlugin : public QGenericPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "FirstPaint.json")
 public:
-    QObject *create(const QString & /*name*/, const QString & /*specification*/) override {
+    QObject *create(const QString & /*key*/, const QString & /*arguments*/) override {
         return new FirstPaint;
     }
 };
