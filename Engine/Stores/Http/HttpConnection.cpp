@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "Engine/Foundation/EngineError.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -69,6 +68,7 @@ Expected<HttpResponse> HttpConnection::exchange(const HttpRequest &request,
     m_options = &options;
     m_response = {};
     m_headerSize = 0;
+    m_receivedBefore = m_sockets.received();
     m_areHeadersComplete = false;
     m_transferred = 0;
     m_error.reset();
@@ -126,6 +126,10 @@ void HttpConnection::configure(const HttpRequest &request) {
     set(CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
     set(CURLOPT_SSL_CTX_FUNCTION, &HttpConnection::prepareTLS);
     set(CURLOPT_SSL_CTX_DATA, this);
+    set(CURLOPT_OPENSOCKETFUNCTION, &HttpConnection::openSocket);
+    set(CURLOPT_OPENSOCKETDATA, this);
+    set(CURLOPT_CLOSESOCKETFUNCTION, &HttpConnection::closeSocket);
+    set(CURLOPT_CLOSESOCKETDATA, this);
     set(CURLOPT_HEADERFUNCTION, &HttpConnection::takeHeader);
     set(CURLOPT_HEADERDATA, this);
     set(CURLOPT_WRITEFUNCTION, &HttpConnection::takeBody);
@@ -195,17 +199,8 @@ CURLcode HttpConnection::run(const EngineFuture &future) {
         check(curl_multi_perform(m_multi.get(), &count));
         if (const CURLMsg *message = curl_multi_info_read(m_multi.get(), &count)) {
             result = message->data.result;
-        } else if (future.isCancelled()) {
-            m_error = operationCancelled();
-        } else if (end.hasExpired()) {
-            m_error = engineError(EngineErrorCode::StoreUnreachable,
-                                  "The server “%1” takes too long to respond. Try again later.",
-                                  server());
-        } else if (m_idleDeadline.hasExpired()) {
-            m_error = engineError(
-                EngineErrorCode::StoreUnreachable,
-                "The server “%1” does not respond. Check the network connection and try again.",
-                server());
+        } else if (auto reason = reasonToEnd(end, future)) {
+            m_error = std::move(reason);
         } else {
             const qint64 wait = std::min(end.remainingTime(), m_idleDeadline.remainingTime());
             check(curl_multi_poll(m_multi.get(), nullptr, 0, static_cast<int>(wait) + 1, nullptr));
@@ -213,6 +208,32 @@ CURLcode HttpConnection::run(const EngineFuture &future) {
     }
     check(curl_multi_remove_handle(m_multi.get(), m_easy.get()));
     return result.value_or(CURLE_ABORTED_BY_CALLBACK);
+}
+
+std::optional<Error> HttpConnection::reasonToEnd(const QDeadlineTimer &end,
+                                                 const EngineFuture &future) const {
+    if (future.isCancelled()) {
+        return operationCancelled();
+    }
+    if (m_sockets.received() - m_receivedBefore > transferLimit(m_request->limit)) {
+        return tooLong(EngineErrorCode::StoreUnreachable);
+    }
+    if (end.hasExpired()) {
+        return engineError(EngineErrorCode::StoreUnreachable,
+                           "The server “%1” takes too long to respond. Try again later.", server());
+    }
+    if (m_idleDeadline.hasExpired()) {
+        return engineError(
+            EngineErrorCode::StoreUnreachable,
+            "The server “%1” does not respond. Check the network connection and try again.",
+            server());
+    }
+    return {};
+}
+
+Error HttpConnection::tooLong(EngineErrorCode code) const {
+    return engineError(
+        code, "The server “%1” sent a response that is too long. Ask its administrator.", server());
 }
 
 void HttpConnection::check(CURLMcode code) {
@@ -236,10 +257,7 @@ size_t HttpConnection::takeHeader(char *bytes, size_t size, size_t count, void *
 bool HttpConnection::takeHeaderLine(const QByteArray &line) {
     m_headerSize += line.size();
     if (m_headerSize > HeaderLimit) {
-        m_error = engineError(EngineErrorCode::StoreUnreachable,
-                              "The server “%1” sent a response that is too long. Ask its "
-                              "administrator.",
-                              server());
+        m_error = tooLong(EngineErrorCode::StoreUnreachable);
         return false;
     }
     const qsizetype colon = line.indexOf(':');
@@ -256,10 +274,7 @@ size_t HttpConnection::takeBody(char *bytes, size_t /*size*/, size_t count, void
     auto &self = *static_cast<HttpConnection *>(connection);
     const auto length = static_cast<qsizetype>(count);
     if (self.m_response.body.size() + length > self.m_request->limit) {
-        self.m_error =
-            engineError(EngineErrorCode::BlobRefused,
-                        "The server “%1” sent a response that is too long. Ask its administrator.",
-                        self.server());
+        self.m_error = self.tooLong(EngineErrorCode::BlobRefused);
         return 0;
     }
     self.m_response.body.append(bytes, length);
@@ -274,6 +289,15 @@ int HttpConnection::takeProgress(void *connection, curl_off_t, curl_off_t receiv
         self.m_transferred = transferred;
         self.m_idleDeadline = QDeadlineTimer(self.m_options->timeouts.idle);
     }
+    return 0;
+}
+
+curl_socket_t HttpConnection::openSocket(void *connection, curlsocktype, curl_sockaddr *address) {
+    return static_cast<HttpConnection *>(connection)->m_sockets.open(*address);
+}
+
+int HttpConnection::closeSocket(void *connection, curl_socket_t socket) {
+    static_cast<HttpConnection *>(connection)->m_sockets.close(socket);
     return 0;
 }
 

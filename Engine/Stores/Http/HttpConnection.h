@@ -6,7 +6,9 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtNetwork/QSslCertificate>
 
+#include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Engine/Stores/Http/CountedSockets.h"
 #include "Engine/Stores/Http/DesktopProxy.h"
 #include "Engine/Stores/Http/HttpMessage.h"
 #include "Engine/Stores/Http/HttpOptions.h"
@@ -27,6 +29,9 @@ public:
     /// Maximum size in bytes of the header fields of a response, including those of provisional
     /// responses.
     static constexpr qsizetype HeaderLimit = 64 << 10;
+    /// What may arrive for a response whose body may have `limit` bytes: four times as much and 1
+    /// MiB more, since servers may send small chunks or records of TLS.
+    static constexpr qint64 transferLimit(qint64 limit) { return 4 * limit + (1 << 20); }
 
     /// Does not connect. If libcurl cannot be initialized, every exchange fails.
     HttpConnection();
@@ -70,6 +75,8 @@ private:
     static size_t takeBody(char *bytes, size_t size, size_t count, void *connection);
     static int takeProgress(void *connection, curl_off_t, curl_off_t received, curl_off_t,
                             curl_off_t sent);
+    static curl_socket_t openSocket(void *connection, curlsocktype, curl_sockaddr *address);
+    static int closeSocket(void *connection, curl_socket_t socket);
     static CURLcode prepareTLS(CURL *easy, void *context, void *connection);
     /// Replaces OpenSSL's verification (SSL_CTX_set_cert_verify_callback); returns 1 to accept.
     static int verifyCertificate(X509_STORE_CTX *context, void *connection);
@@ -87,6 +94,9 @@ private:
     Error unreachable(const QString &reason) const;
     /// Performs the request. Blocks.
     CURLcode run(const EngineFuture &future);
+    /// Returns why the request, which is not complete, must end now; empty if it may go on.
+    std::optional<Error> reasonToEnd(const QDeadlineTimer &end, const EngineFuture &future) const;
+    Error tooLong(EngineErrorCode code) const;
     /// Takes one line with its line break, in the order of arrival; a status line begins a new
     /// response. Returns false, and sets the error, if the fields are too long.
     bool takeHeaderLine(const QByteArray &line);
@@ -107,6 +117,8 @@ private:
     /// Returns host and port of the current request, as errors show them.
     QString server() const;
 
+    /// Used until libcurl has closed its connections.
+    CountedSockets m_sockets;
     std::unique_ptr<CURLM, MultiDeleter> m_multi;
     std::unique_ptr<CURL, EasyDeleter> m_easy;
     std::unique_ptr<curl_slist, ListDeleter> m_headers;
@@ -126,6 +138,8 @@ private:
     const HttpOptions *m_options = nullptr;
     HttpResponse m_response;
     qsizetype m_headerSize = 0;
+    /// What had arrived before.
+    qint64 m_receivedBefore = 0;
     bool m_areHeadersComplete = false;
     /// Bytes transferred at the last progress, which restarts the idle deadline.
     curl_off_t m_transferred = 0;

@@ -30,7 +30,8 @@ struct HttpRequest {
     QByteArray body = {};
     /// Maximum size of the response's body in bytes. A longer body ends the request with
     /// BlobRefused, as soon as more has arrived. It also applies to the bodies of redirections
-    /// and challenges. The header fields have the limit HttpConnection::HeaderLimit.
+    /// and challenges. The header fields have the limit HttpConnection::HeaderLimit, and all that
+    /// the server sends HttpConnection::transferLimit().
     qint64 limit = 1 << 20;
 };
 

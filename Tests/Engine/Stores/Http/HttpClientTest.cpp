@@ -294,6 +294,48 @@ private Q_SLOTS:
         QVERIFY2(sent < 20'000'000, qPrintable(QString::number(sent)));
     }
 
+    void whatIsNotContentsIsLimitedToo_data() {
+        QTest::addColumn<QByteArray>("begin");
+        QTest::addColumn<QByteArray>("part");
+        QTest::newRow("an extension of a chunk") << QByteArray("1;") << QByteArray(1000, 'x');
+        QTest::newRow("extensions of chunks")
+            << QByteArray() << "1;" + QByteArray(9000, 'x') + "\r\nx\r\n";
+        QTest::newRow("fields behind the chunks")
+            << QByteArray("0\r\n") << "X-More: " + QByteArray(1000, 'x') + "\r\n";
+    }
+
+    void whatIsNotContentsIsLimitedToo() {
+        QFETCH(const QByteArray, begin);
+        QFETCH(const QByteArray, part);
+        std::atomic<qsizetype> sent = 0;
+        const ScriptedServer server([&](Connection &connection) {
+            connection.readRequest();
+            connection.send("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n" + begin);
+            const QByteArray parts = part.repeated(100'000 / part.size());
+            while (connection.isOpen()) {
+                connection.send(parts);
+                sent += parts.size();
+            }
+        });
+        HttpClient::Options options = withCredential();
+        options.timeouts = {.idle = 10s, .total = 20s};
+        const Expected<Response> result = get(server, options, 1 << 20);
+        QCOMPARE(code(result), EngineErrorCode::StoreUnreachable);
+        QVERIFY2(description(result).contains(QStringLiteral("too long")),
+                 qPrintable(description(result)));
+        QVERIFY2(sent < 30'000'000, qPrintable(QString::number(sent)));
+    }
+
+    void smallChunksAreAccepted() {
+        const QByteArray contents(100'000, 'x');
+        const ScriptedServer server([&](Connection &connection) {
+            connection.readRequest();
+            connection.send("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n" +
+                            QByteArray("1\r\nx\r\n").repeated(contents.size()) + "0\r\n\r\n");
+        });
+        QCOMPARE(body(get(server, hasty(), contents.size())), contents);
+    }
+
     void endlessHeadersAreCutOff_data() {
         QTest::addColumn<QByteArray>("begin");
         QTest::addColumn<QByteArray>("part");
