@@ -45,3 +45,9 @@ Error operationCancelled() {
     return engineError(EngineErrorCode::Cancelled,
                        localizedSyncString("The operation was cancelled."));
 }
+
+Error tookTooLong(const QString &place) {
+    return engineError(
+        EngineErrorCode::StoreUnreachable,
+        "“%1” takes too long to respond. Check whether it is available, and try again.", place);
+}

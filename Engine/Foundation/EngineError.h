@@ -89,3 +89,6 @@ Error notSyncStore(const QString &place);
 /// Returns the error of an operation that was cancelled, of the code Cancelled, by which callers
 /// distinguish it from a failure.
 Error operationCancelled();
+/// Returns an error of the code StoreUnreachable for an operation with the store at `place` that
+/// was ended because it took too long, in words for the user.
+Error tookTooLong(const QString &place);

@@ -54,6 +54,19 @@ void EngineFuture::passControlToFuture(const std::shared_ptr<PZFuture> &future) 
     cascadeCancellationToFuture(future);
 }
 
+void EngineFuture::cancelOverdue() {
+    {
+        const std::lock_guard lock(mutex);
+        m_isOverdue = m_isOverdue || (!m_isCancelled && !m_isFinished);
+    }
+    cancel();
+}
+
+bool EngineFuture::isOverdue() const {
+    const std::lock_guard lock(mutex);
+    return m_isOverdue;
+}
+
 bool EngineFuture::finish() {
     const std::lock_guard lock(mutex);
     m_isFinished = true;

@@ -39,6 +39,13 @@ public:
     /// not cancelled before.
     bool finish();
 
+    /// Cancels this future because its operation takes too long, unless it has finished or was
+    /// cancelled before.
+    void cancelOverdue();
+    /// Returns whether cancelOverdue() has cancelled this future. Its operation then reports that
+    /// it took too long instead of that it was cancelled.
+    bool isOverdue() const;
+
     /// Returns the token that is notified when this future is cancelled. A std::stop_callback made
     /// with it runs its function exactly once: in `cancel`, on the thread that calls it, or at once
     /// in its constructor if this future is cancelled already. It must return soon and must not
@@ -63,5 +70,6 @@ private:
     const std::stop_source m_cancellation;
     bool m_isCancelled = false;
     bool m_isFinished = false;
+    bool m_isOverdue = false;
     Attachments m_attachments;
 };

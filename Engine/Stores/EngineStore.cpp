@@ -10,19 +10,6 @@
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
 
-namespace {
-
-/// Finishes `future`. Returns `result`, or an error if the operation was cancelled before.
-template <class Value>
-Expected<Value> outcome(Expected<Value> result, EngineFuture &future) {
-    if (!future.finish() && result) {
-        return failure(operationCancelled());
-    }
-    return result;
-}
-
-}  // namespace
-
 EngineStore::EngineStore(const std::shared_ptr<QVSyncLocation> &location,
                          std::shared_ptr<StoreOperations> operations)
     : m_location(location), m_operations(std::move(operations)), m_URL(location->URL()) {}
@@ -36,20 +23,33 @@ EngineStore::~EngineStore() {
     }
 }
 
+template <class Value>
+Expected<Value> EngineStore::outcome(Expected<Value> result, EngineFuture &future) const {
+    const bool isCancelled = !future.finish();
+    if (isCancelled && future.isOverdue()) {
+        return failure(tookTooLong(URL().stringWithoutPassword()));
+    }
+    if (isCancelled && result) {
+        return failure(operationCancelled());
+    }
+    return result;
+}
+
 std::shared_ptr<PZFuture> EngineStore::openWithCompletionHandler(ErrorHandler handler) {
-    return m_operations->start(
-        [store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
-            const Expected<void> opened = outcome(store->openUnlessCancelled(future), future);
-            store->m_isOpen = opened.has_value();
-            handler(opened ? std::nullopt : std::optional(opened.error()));
-        });
+    return m_operations->start([store = shared_from_this(),
+                                handler = std::move(handler)](EngineFuture &future) {
+        const Expected<void> opened = store->outcome(store->openUnlessCancelled(future), future);
+        store->m_isOpen = opened.has_value();
+        handler(opened ? std::nullopt : std::optional(opened.error()));
+    });
 }
 
 std::shared_ptr<PZFuture> EngineStore::fetchDatabasesWithCompletionHandler(
     DatabasesHandler handler) {
     return m_operations->start(
         [store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
-            const Expected<Fetched> fetched = outcome(store->fetchUnlessCancelled(future), future);
+            const Expected<Fetched> fetched =
+                store->outcome(store->fetchUnlessCancelled(future), future);
             if (fetched) {
                 handler(fetched->databases, fetched->problem);
             } else {
@@ -62,7 +62,7 @@ std::shared_ptr<PZFuture> EngineStore::closeWithCompletionHandler(ErrorHandler h
     return m_operations->start(
         [store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
             store->m_isOpen = false;
-            const Expected<void> closed = outcome(Expected<void>(), future);
+            const Expected<void> closed = store->outcome(Expected<void>(), future);
             handler(closed ? std::nullopt : std::optional(closed.error()));
         });
 }
@@ -72,9 +72,9 @@ std::shared_ptr<PZFuture> EngineStore::checkWithCompletionHandler(CheckHandler h
         [store = shared_from_this(), handler = std::move(handler)](EngineFuture &future) {
             QVSyncStoreCheck found = store->check(future);
             store->m_isOpen = false;
-            if (!future.finish() && !found.error) {
+            if (const auto ended = store->outcome(Expected<void>(), future); !ended) {
                 found = {};
-                found.error = operationCancelled();
+                found.error = ended.error();
             }
             handler(found);
         });

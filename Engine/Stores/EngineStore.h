@@ -71,6 +71,10 @@ protected:
     virtual Expected<void> probe(const EngineFuture &future);
 
 private:
+    /// Finishes `future`. Returns `result`, or an error if the operation was cancelled before or
+    /// took too long.
+    template <class Value>
+    Expected<Value> outcome(Expected<Value> result, EngineFuture &future) const;
     /// Call open() and fetch(), and return the error of a cancelled operation if `future` is
     /// cancelled.
     Expected<void> openUnlessCancelled(const EngineFuture &future);

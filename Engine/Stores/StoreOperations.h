@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -24,6 +26,11 @@ public:
     /// is cancelled from the start. What `work` owns is released on its thread. The number of
     /// operations is not limited.
     std::shared_ptr<PZFuture> start(Work work);
+    /// Sets the time after which an operation that starts later is cancelled, see
+    /// EngineFuture::cancelOverdue(): it shows no progress. Must be called on the main thread; the
+    /// default is TimeLimit. A main thread without an event loop cancels nothing.
+    void setTimeLimit(std::chrono::milliseconds limit) { m_timeLimit = limit; }
+    static constexpr std::chrono::milliseconds TimeLimit = std::chrono::minutes(30);
     /// Cancels all operations, including those that handlers start meanwhile, and blocks until none
     /// is running; operations that have not ended in time are abandoned, see WorkerThreads. Must be
     /// called on the main thread. Operations can be started afterwards. Handlers must not wait for
@@ -43,6 +50,7 @@ private:
 
     /// Shared with the operations.
     const std::shared_ptr<Running> m_running = std::make_shared<Running>();
+    std::atomic<std::chrono::milliseconds> m_timeLimit = TimeLimit;
     Turn m_parsing;
     WorkerThreads m_threads;
 };

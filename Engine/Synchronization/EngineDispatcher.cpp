@@ -152,6 +152,9 @@ void EngineDispatcher::announceActivity() {
 }
 
 void EngineDispatcher::announceProgress() {
+    for (const Entry &entry : std::as_const(m_running)) {
+        entry.job->cancelIfStalled(m_stallLimit);
+    }
     QVSyncProgress current = progress();
     if (current.phase != QVSyncProgress::Phase::Idle || current != m_announcedProgress) {
         m_progressTimer.start();

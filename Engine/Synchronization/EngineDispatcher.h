@@ -2,6 +2,7 @@
 
 #include <QtCore/QSet>
 #include <QtCore/QTimer>
+#include <chrono>
 
 #include "Application/Interface/QVUnsentChanges.h"
 #include "Application/Interface/RemovalDecider.h"
@@ -63,6 +64,11 @@ public:
     void cancelJobsOfLocation(const QString &identifier);
     /// The same for the jobs of the database that stores name `UUID`, which was deleted.
     void cancelJobsOfDatabase(const QString &UUID);
+
+    /// Sets the time without progress after which a job is ended with an error. The default,
+    /// StallLimit, is longer than any single access to a server.
+    void setStallLimit(std::chrono::milliseconds limit) { m_stallLimit = limit; }
+    static constexpr std::chrono::milliseconds StallLimit = std::chrono::minutes(30);
 
 Q_SIGNALS:
     /// Emitted at most ten times a second while a job runs, and once when none does any more.
@@ -162,6 +168,7 @@ private:
     /// Runs after an announcement of the progress, and while a job runs.
     QTimer m_progressTimer;
     QVSyncProgress m_announcedProgress;
+    std::chrono::milliseconds m_stallLimit = StallLimit;
     /// See QVSyncProgress::outcome.
     QString m_outcome;
     /// The stores about whose removals the user is asked, by the UUID of the database.

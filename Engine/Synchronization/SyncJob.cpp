@@ -48,6 +48,16 @@ Expected<void> SyncJob::begin() {
     return opened.and_then([&] { return begun; });
 }
 
+void SyncJob::cancelIfStalled(std::chrono::milliseconds limit) {
+    QVSyncProgress current = progress();
+    if (!m_timeOfProgress.isValid() || current != m_seenProgress) {
+        m_seenProgress = std::move(current);
+        m_timeOfProgress.start();
+    } else if (m_timeOfProgress.hasExpired(limit.count())) {
+        m_future->cancelOverdue();
+    }
+}
+
 void SyncJob::abandon() {
     m_handler = nullptr;
     cancel();
@@ -82,7 +92,7 @@ void SyncJob::finishStep(const Expected<void> &result) {
     if (!m_handler) {
         return;
     }
-    m_result = result.and_then([this] { return accessProfile(); });
+    m_result = explained(result.and_then([this] { return accessProfile(); }));
     if (!m_result && m_isCompacting) {
         if (!isEngineError(m_result.error(), EngineErrorCode::Cancelled)) {
             m_problems.add(compactionFailed(m_result.error()));
@@ -92,6 +102,11 @@ void SyncJob::finishStep(const Expected<void> &result) {
         return;
     }
     continueJob();
+}
+
+Expected<void> SyncJob::explained(const Expected<void> &result) const {
+    const bool isCancelled = !result && isEngineError(result.error(), EngineErrorCode::Cancelled);
+    return isCancelled && m_future->isOverdue() ? failure(tookTooLong(m_subject.place)) : result;
 }
 
 Expected<void> SyncJob::accessProfile() {

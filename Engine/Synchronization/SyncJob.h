@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QElapsedTimer>
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -34,6 +36,10 @@ public:
     /// called. What was written until then stays, and a later job continues from it. Has no effect
     /// on a job that has ended; one that is started afterwards ends at once.
     void cancel() { m_future->cancel(); }
+    /// Makes a running job end like cancel(), but with an error of the code StoreUnreachable, if
+    /// progress() has returned the same for `limit` now. To be called now and then; the time is
+    /// noticed from the first call on. A single access to a store of a server takes less time.
+    void cancelIfStalled(std::chrono::milliseconds limit);
     /// Cancels the job and ends it on the main thread: `handler` is not called any more, and the
     /// profile is not used. A running access to the store may still go on.
     void abandon();
@@ -72,6 +78,8 @@ private:
     void end();
     /// Continues the current session on the main thread, unless the step failed.
     void finishStep(const Expected<void> &result);
+    /// Returns the result of a step, with the cause if the job took too long.
+    Expected<void> explained(const Expected<void> &result) const;
     /// Returns the next session that is not done, or null. Adds the compaction after a
     /// synchronization that has read or written records.
     StoreSession *nextSession();
@@ -94,6 +102,10 @@ private:
     /// The session that is continued; null before the start and after the end.
     StoreSession *m_session = nullptr;
     bool m_isCompacting = false;
+    /// What the last call of cancelIfStalled() has seen, and how long ago that was new; invalid
+    /// before the first one.
+    QVSyncProgress m_seenProgress;
+    QElapsedTimer m_timeOfProgress;
     Expected<void> m_result;
     WorkerThreads *m_threads = nullptr;
     /// Empty after the job has ended or was abandoned.

@@ -31,6 +31,23 @@ private Q_SLOTS:
         QVERIFY(future->isCancelled());
     }
 
+    void onlyAnOperationThatRunsIsOverdue() {
+        const auto running = newFuture();
+        const auto attached = newFuture();
+        running->cascadeCancellationToFuture(attached);
+        running->cancelOverdue();
+        QVERIFY(running->isCancelled() && running->isOverdue());
+        QVERIFY(attached->isCancelled() && !attached->isOverdue());
+        const auto cancelled = newFuture();
+        cancelled->cancel();
+        cancelled->cancelOverdue();
+        QVERIFY(!cancelled->isOverdue());
+        const auto finished = newFuture();
+        finished->finish();
+        finished->cancelOverdue();
+        QVERIFY(!finished->isCancelled() && !finished->isOverdue());
+    }
+
     void cancellingReachesWhatIsAttached() {
         const auto future = newFuture();
         const auto attached = newFuture();

@@ -8,19 +8,25 @@
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
 #include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/DirectConnection/HostLookUp.h"
+#include "Engine/Notes/Transaction.h"
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Engine/Stores/Dropbox/DropboxSessionManager.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
 #include "Engine/Stores/Folder/MountedVolumes.h"
+#include "Engine/Stores/StoreOperations.h"
+#include "Engine/Synchronization/EngineDispatcher.h"
+#include "Host/InboxUUID.h"
 #include "Host/QVDropboxSessionManager.h"
 #include "Host/QVSyncProgress.h"
 #include "Host/QVSyncResult.h"
+#include "Host/SyncStoreLayout.h"
 #include "Support/DirectConnectionPeer.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
 #include "Support/Failure.h"
 #include "Support/HangingVolume.h"
 #include "Support/HostileDiscoveryDaemon.h"
+#include "Support/MemoryStore.h"
 #include "Support/Namespaces.h"
 #include "Support/PrivateBus.h"
 #include "Support/PrivateNetwork.h"
@@ -72,14 +78,18 @@ class HangingLocationTest : public QObject {
     /// The system bus, of which libraries look up the address once.
     std::unique_ptr<PrivateBus> m_bus;
 
-    static void addKinds() {
+    static void addKindsOfServers() {
         QTest::addColumn<QByteArray>("kind");
         for (const char *kind :
              {"silent WebDAV server", "slow WebDAV server", "silent direct connection",
               "dripping direct connection", "silent Dropbox", "silent name server",
-              "silent discovery daemon", "hanging volume"}) {
+              "silent discovery daemon"}) {
             QTest::newRow(kind) << QByteArray(kind);
         }
+    }
+    static void addKinds() {
+        addKindsOfServers();
+        QTest::newRow("hanging volume") << QByteArray("hanging volume");
     }
     /// Starts the counterpart of a location that does not respond, and returns its URL.
     QString hangingURL(const QByteArray &kind) {
@@ -187,6 +197,68 @@ private Q_SLOTS:
         QVERIFY(sound->lastSynced().isValid());
         QVERIFY(!hanging->lastSynced().isValid());
         QVERIFY(!dispatcher().activity().isEmpty());
+    }
+
+    void aSynchronizationWithoutProgressIsEnded_data() { addKindsOfServers(); }
+    void aSynchronizationWithoutProgressIsEnded() {
+        QFETCH(QByteArray, kind);
+        dynamic_cast<EngineDispatcher &>(dispatcher()).setStallLimit(std::chrono::seconds(1));
+        const auto hanging = stateAt(m_host->addLocation(hangingURL(kind)));
+        bool isDone = false;
+        dispatcher().performSynchronizationsWithSynchronizationStates({hanging},
+                                                                      [&] { isDone = true; });
+        QTRY_VERIFY(isDone);
+        const std::optional<QVSyncResult> result = QVSyncResult::of(hanging.get());
+        QVERIFY(result && result->error);
+        const QString text = result->error->localizedDescription;
+        QVERIFY2(text.contains(QStringLiteral("takes too long")), qPrintable(text));
+    }
+
+    void aSlowSynchronizationWithProgressIsNotEnded() {
+        using namespace std::chrono_literals;
+        auto &jobs = dynamic_cast<EngineDispatcher &>(dispatcher());
+        jobs.setStallLimit(4s);
+        // So many notes are compared before any is merged.
+        for (int i = 0; i < 11; ++i) {
+            Note note{.text = QString::number(i)};
+            QVERIFY(m_host->inbox()->saveNote(note));
+        }
+        MemoryStore::Blobs blobs;
+        for (int i = 0; i < 12; ++i) {
+            const QString UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
+            Transaction transaction;
+            transaction.operations.append(Operation::make(UUID, {}, UUID, {}, {}));
+            blobs[QStringLiteral("transactions/@inbox/") + UUID + SyncStoreLayout::RecordEnding] =
+                transaction.encoded();
+        }
+        const auto store = std::make_shared<MemoryStore>(blobs, [] {
+            QThread::msleep(500);
+            return MemoryStore::Fault::None;
+        });
+        QElapsedTimer time;
+        time.start();
+        std::optional<Expected<void>> result;
+        jobs.synchronizeWithStore({InboxUUID, {}, QStringLiteral("slow")}, store,
+                                  [&](const Expected<void> &each) { result = each; });
+        QTRY_VERIFY(result);
+        QVERIFY2(*result, qPrintable(description(*result)));
+        QCOMPARE_GT(time.elapsed(), 6000);
+        QCOMPARE(m_host->inbox()->countOfNotes(), 23);
+    }
+
+    void anImportThatTakesTooLongIsEnded_data() { addKindsOfServers(); }
+    void anImportThatTakesTooLongIsEnded() {
+        QFETCH(QByteArray, kind);
+        m_host->engine().plugin().context().storeOperations->setTimeLimit(std::chrono::seconds(1));
+        const auto location = m_host->addLocation(hangingURL(kind));
+        const auto store = location->createStore();
+        std::promise<std::optional<Error>> opened;
+        auto error = opened.get_future();
+        store->openWithCompletionHandler(
+            [&](const std::optional<Error> &each) { opened.set_value(each); });
+        QTRY_VERIFY(error.wait_for(std::chrono::seconds(0)) == std::future_status::ready);
+        const QString text = error.get().value_or(Error()).localizedDescription;
+        QVERIFY2(text.contains(QStringLiteral("takes too long")), qPrintable(text));
     }
 
     void isVolumeMountedDoesNotAccessTheVolume() {
