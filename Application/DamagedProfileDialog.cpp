@@ -16,8 +16,6 @@ QString damageText(const char *text) {
     return QCoreApplication::translate("DamagedProfileDialog", text);
 }
 
-enum class Choice { Restore, Begin, Quit };
-
 /// What the user can do, depending on the copy that can be restored.
 QString nextSteps(const Expected<std::optional<QDate>> &backup) {
     if (!backup) {
@@ -40,8 +38,10 @@ QString nextSteps(const Expected<std::optional<QDate>> &backup) {
         .arg(DateText::longDate(**backup));
 }
 
-Choice ask(const QString &directory, const QString &text,
-           const Expected<std::optional<QDate>> &found) {
+}  // namespace
+
+DamagedProfileDialog::Choice DamagedProfileDialog::ask(
+    const QString &directory, const QString &text, const Expected<std::optional<QDate>> &found) {
     const std::optional<QDate> backup = found.value_or(std::nullopt);
     MessageBox box(QMessageBox::Critical, text,
                    nextSteps(found) + QStringLiteral("\n\n") +
@@ -70,8 +70,6 @@ Choice ask(const QString &directory, const QString &text,
     }
     return box.clickedButton() == begin ? Choice::Begin : Choice::Quit;
 }
-
-}  // namespace
 
 bool DamagedProfileDialog::run(SyncPlugIn &sync, const QString &directory, const Error &error) {
     QString text = error.localizedDescription;

@@ -1,14 +1,25 @@
 #pragma once
 
+#include <QtCore/QDate>
 #include <QtCore/QString>
+#include <optional>
 
 #include "Platform/Foundation/Error.h"
+#include "Platform/Foundation/Expected.h"
 
 class SyncPlugIn;
 
 /// The window that a damaged or unreadable profile opens instead of the main window. Must be used
 /// on the main thread.
 namespace DamagedProfileDialog {
+
+enum class Choice { Restore, Begin, Quit };
+
+/// Shows `text`, and what can be done with the profile in the folder `directory`, depending on the
+/// date of the copy that can be restored, if there is one or it is known. Runs a nested event loop
+/// until the user decides.
+Choice ask(const QString &directory, const QString &text,
+           const Expected<std::optional<QDate>> &found);
 
 /// Shows `error`, for which SyncPlugIn::canReplaceProfile() returns true for the folder
 /// `directory`, and offers to restore its newest backup, to start from the sync locations, and to

@@ -50,3 +50,11 @@ void MessageBox::showEvent(QShowEvent *event) {
         QCoreApplication::sendEvent(this, &request);
     }
 }
+
+// Whenever Qt arranges the row of buttons, it makes the first button the focus proxy of the row,
+// which is somewhere between the buttons in the focus chain. Tab would go from there to the first
+// button again, so that it never reached the ones behind.
+bool MessageBox::focusNextPrevChild(bool next) {
+    buttonBox().setFocusProxy(nullptr);
+    return QMessageBox::focusNextPrevChild(next);
+}

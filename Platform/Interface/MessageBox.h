@@ -23,4 +23,5 @@ protected:
     /// Returns the row of buttons, which QMessageBox owns and has no function for.
     QDialogButtonBox &buttonBox() const;
     void showEvent(QShowEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
 };

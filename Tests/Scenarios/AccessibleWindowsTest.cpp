@@ -121,15 +121,22 @@ private Q_SLOTS:
 
     void everyQuestionCanBeAnsweredAndSeen_data() {
         QTest::addColumn<EveryQuestion::Ask>("ask");
+        QTest::addColumn<QLocale>("locale");
         QTest::addColumn<bool>("isDark");
         for (const auto &[name, ask] : EveryQuestion::all()) {
-            QTest::addRow("%s, light", name) << ask << false;
-            QTest::addRow("%s, dark", name) << ask << true;
+            for (const QLocale &locale : Languages::all()) {
+                QTest::addRow("%s, %s", name,
+                              qPrintable(QLocale::languageToString(locale.language())))
+                    << ask << locale << false;
+            }
+            QTest::addRow("%s, dark", name) << ask << QLocale(QLocale::English) << true;
         }
     }
     void everyQuestionCanBeAnsweredAndSeen() {
         QFETCH(const EveryQuestion::Ask, ask);
+        QFETCH(const QLocale, locale);
         QFETCH(const bool, isDark);
+        m_languages.use(locale);
         const QFont usual = QApplication::font();
         QFont large = usual;
         large.setPointSize(14);

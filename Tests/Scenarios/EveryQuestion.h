@@ -3,12 +3,16 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
+#include <algorithm>
 #include <functional>
 #include <optional>
 
+#include "Application/DamagedProfileDialog.h"
 #include "Application/MainWindow.h"
+#include "Application/QuitProgressDialog.h"
 #include "Application/QuitSynchronization.h"
 #include "Application/UnsavedTextDialog.h"
 #include "Controller/Preferences/QVServerPreferencesController.h"
@@ -49,6 +53,13 @@ inline void askAboutUnsentChanges(TestHost &host, MainWindow &window) {
     QuitSynchronization(&window).run();
 }
 
+inline void askAboutFailedChanges(TestHost &host, MainWindow &window) {
+    for (const auto &state : makeUnsentChanges(host)) {
+        state->setSyncOnClose(true);
+    }
+    QuitSynchronization(&window).run();
+}
+
 inline void askAboutRevocation(TestHost & /*host*/, MainWindow &window) {
     const auto controller = QVServerPreferencesController::controller();
     controller->addAuthorizedClientsObject(
@@ -65,11 +76,50 @@ inline void askAboutRevocation(TestHost & /*host*/, MainWindow &window) {
     controller->runServerPreferencesModalForWindow(&window);
 }
 
+inline void askAboutDamagedProfile(TestHost &host, MainWindow & /*window*/) {
+    DamagedProfileDialog::ask(
+        host.directory(),
+        QStringLiteral("The profile “/home/ida/.local/share/Velmora/profile.sqlite” is damaged."),
+        std::optional(QDate(2026, 11, 22)));
+}
+
+inline void askAboutDamagedProfileWithoutCopy(TestHost &host, MainWindow & /*window*/) {
+    DamagedProfileDialog::ask(
+        host.directory(),
+        QStringLiteral("The profile “/home/ida/.local/share/Velmora/profile.sqlite” is damaged."),
+        std::optional<QDate>());
+}
+
+/// Triggers the command of the main window with this shortcut for a database.
+inline void chooseForDatabase(TestHost &host, MainWindow &window, const QKeySequence &shortcut) {
+    host.addDatabase(QStringLiteral("Projects"));
+    auto *list = window.findChild<QListWidget *>();
+    list->setCurrentRow(list->count() - 1);
+    const auto actions = window.findChildren<QAction *>();
+    const auto found = std::find_if(actions.begin(), actions.end(), [&](const QAction *action) {
+        return action->shortcut() == shortcut;
+    });
+    (*found)->trigger();
+}
+
+inline void askForNewName(TestHost &host, MainWindow &window) {
+    chooseForDatabase(host, window, Qt::Key_F2);
+}
+
+inline void askAboutDeletion(TestHost &host, MainWindow &window) {
+    chooseForDatabase(host, window, QKeySequence::Delete);
+}
+
 /// Returns the functions by the names of the questions.
 inline QList<std::pair<const char *, Ask>> all() {
     return {{"unsaved text", askAboutUnsavedText},
             {"unsent", askAboutUnsentChanges},
-            {"revocation", askAboutRevocation}};
+            {"failed", askAboutFailedChanges},
+            {"revocation", askAboutRevocation},
+            {"damaged profile", askAboutDamagedProfile},
+            {"damaged profile without copy", askAboutDamagedProfileWithoutCopy},
+            {"rename", askForNewName},
+            {"deletion", askAboutDeletion}};
 }
 
 /// Asks, returns what `check` finds in the question as soon as it finds nothing, or when time is
@@ -80,8 +130,8 @@ inline std::optional<QStringList> problems(Ask ask, TestHost &host, MainWindow &
     QElapsedTimer shown;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box) {
+        auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (!box || qobject_cast<QuitProgressDialog *>(box)) {
             return;
         }
         if (!box->isActiveWindow()) {
