@@ -22,6 +22,14 @@ QAccessibleInterface *makeInterface(const QString & /*className*/, QObject *obje
     return label ? new AccessibleNotification(label) : nullptr;
 }
 
+/// Returns whether the user works in the window of `widget`. A sheet is in front of the window that
+/// it blocks, also while the window manager activates that.
+bool isInFront(const QWidget &widget) {
+    const QWidget *window = widget.window();
+    const QWidget *parent = window->parentWidget();
+    return window->isActiveWindow() || (window->isModal() && parent && isInFront(*parent));
+}
+
 }  // namespace
 
 NotificationLabel::NotificationLabel(QWidget *parent) : TextLabel(parent) {
@@ -47,7 +55,7 @@ void NotificationLabel::setQuiet(bool isQuiet) {
 }
 
 void NotificationLabel::notify() {
-    if (!m_isQuiet && !text().isEmpty() && isVisible() && isActiveWindow()) {
+    if (!m_isQuiet && !text().isEmpty() && isVisible() && isInFront(*this)) {
         QAccessibleEvent appearance(this, QAccessible::ObjectShow);
         QAccessible::updateAccessibility(&appearance);
         Q_EMIT reported(text());

@@ -3,8 +3,8 @@
 #include "Platform/Interface/TextLabel.h"
 
 /// A text about what happens by itself, such as the result of a synchronization. Screen readers
-/// speak it when it appears or changes in the active window: to them it is a notification, and each
-/// of these is reported as its appearance. Must be used on the main thread.
+/// speak it when it appears or changes in the active window or a sheet of it: to them it is a
+/// notification, and each of these is reported as its appearance. Must be used on the main thread.
 class PLATFORM_EXPORT NotificationLabel : public TextLabel {
     Q_OBJECT
     Q_PROPERTY(QString text READ text WRITE setText)

@@ -118,6 +118,17 @@ private Q_SLOTS:
         m_panel->sheet()->reject();
     }
 
+    void whatIsWrongWithAnAddressIsSpokenWhileItIsTyped() {
+        showPanel();
+        openSheet("addWebDAVItem");
+        const SpokenTexts spoken(*m_panel->sheet());
+        QTest::keyClicks(m_panel->inSheet<QLineEdit>("serverField"), QStringLiteral("my attic"));
+        QVERIFY2(spoken.last().startsWith(QStringLiteral("A server name contains no blanks.")),
+                 qPrintable(spoken.texts().join(u'\n')));
+        QVERIFY(isOffBecauseOf("acceptButton", "addressLabel"));
+        m_panel->sheet()->reject();
+    }
+
     void whatADirectConnectionLacksIsSpoken() {
         showPanel();
         openSheet("addDirectConnectionItem");

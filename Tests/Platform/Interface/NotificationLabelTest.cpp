@@ -1,6 +1,7 @@
 #include "Platform/Interface/NotificationLabel.h"
 
 #include <QtGui/QAccessible>
+#include <QtWidgets/QDialog>
 
 #include "Support/SpokenTexts.h"
 #include "Support/TestMain.h"
@@ -57,6 +58,28 @@ private Q_SLOTS:
         m_label->setQuiet(true);
         m_label->setQuiet(false);
         QCOMPARE(m_spoken->texts().count(QStringLiteral("Synchronized")), 2);
+    }
+
+    void aSheetOfTheActiveWindowSpeaks() {
+        QDialog sheet(m_window.get());
+        sheet.setWindowModality(Qt::WindowModal);
+        NotificationLabel label(&sheet);
+        sheet.show();
+        // As some window managers do.
+        m_window->activateWindow();
+        QTRY_VERIFY(!sheet.isActiveWindow());
+        const SpokenTexts spoken(sheet);
+        label.setText(QStringLiteral("Enter a server."));
+        QCOMPARE(spoken.texts(), QStringList{QStringLiteral("Enter a server.")});
+    }
+
+    void aWindowBehindTheActiveOneIsSilent() {
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        m_label->setText(QStringLiteral("One"));
+        QCOMPARE(m_spoken->texts(), QStringList());
     }
 
     void nothingIsSpokenOfAHiddenLabelUntilItAppears() {
