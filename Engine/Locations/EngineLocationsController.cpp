@@ -112,6 +112,7 @@ void EngineLocationsController::insertObjectInSyncLocationsAtIndex(
                      "EngineLocationsController::insertObjectInSyncLocationsAtIndex",
                      "Engine/Locations/EngineLocationsController");
     m_locations.insert(index, ours);
+    Q_EMIT locationInserted(*ours);
 }
 
 qsizetype EngineLocationsController::indexOfObjectInSyncLocations(

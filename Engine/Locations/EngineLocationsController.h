@@ -63,6 +63,9 @@ public:
     Expected<void> forgetRemoval(const QString &identifier) const;
 
 Q_SIGNALS:
+    /// Emitted after a location was inserted into the list, possibly with the states that it had
+    /// when it was removed.
+    void locationInserted(EngineSyncLocation &location);
     /// Emitted after a location was removed from the list, with its identifier; the removal is not
     /// saved yet and may be undone. Jobs of the location should end now.
     void locationRemoved(const QString &identifier);

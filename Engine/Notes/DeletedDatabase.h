@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QStringList>
+#include <chrono>
 
 #include "Platform/Foundation/Expected.h"
 
@@ -25,5 +26,10 @@ Expected<QStringList> marked(const ProfileDatabase &profile);
 /// Erases a database that is marked, with its notes, their versions, and all that is known of its
 /// stores, and the mark. Has no effect without a mark. Must be called within a transaction. O(n).
 Expected<void> erase(const ProfileDatabase &profile, const QString &UUID);
+/// Erases a part of such a database, in a transaction of its own that takes about `duration`, and
+/// with the last part the mark. Returns whether nothing is left. Until then the profile contains a
+/// database that is marked and has lost some of its notes.
+Expected<bool> eraseSome(const ProfileDatabase &profile, const QString &UUID,
+                         std::chrono::milliseconds duration);
 
 }  // namespace DeletedDatabase

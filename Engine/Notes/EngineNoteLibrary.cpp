@@ -107,7 +107,7 @@ Expected<void> EngineNoteLibrary::importDatabase(const QString &UUID, const QStr
     EngineDatabase::Row row{.UUID = UUID, .name = name};
     return m_profile
         .write([&] {
-            // One that was deleted in a former run, and could not be erased yet.
+            // What is left of one that can no longer be restored.
             return DeletedDatabase::erase(m_profile, UUID)
                 .and_then([&] { return NoteLog::insertDatabase(m_profile, UUID, name); })
                 .map([&](qint64 id) { row.id = id; });
@@ -213,15 +213,13 @@ Expected<void> EngineNoteLibrary::restoreDatabase(const std::shared_ptr<NoteData
     });
 }
 
-Expected<void> EngineNoteLibrary::eraseDeleted(const QString &UUID,
-                                               const std::function<Expected<void>()> &changes) {
-    return m_profile
-        .write([&] { return DeletedDatabase::erase(m_profile, UUID).and_then(changes); })
-        .map([&] {
-            if (m_deleted.removeOne(deletedDatabase(UUID))) {
-                Q_EMIT deletedDatabasesChanged();
-            }
-        });
+Expected<void> EngineNoteLibrary::giveUpDeleted(const QString &UUID,
+                                                const std::function<Expected<void>()> &changes) {
+    return m_profile.write(changes).map([&] {
+        if (m_deleted.removeOne(deletedDatabase(UUID))) {
+            Q_EMIT deletedDatabasesChanged();
+        }
+    });
 }
 
 Expected<HistoryLimits> EngineNoteLibrary::historyLimits() const {

@@ -43,10 +43,10 @@ public:
     Expected<void> merge(const std::shared_ptr<EngineDatabase> &database, const Merge &merge,
                          const std::function<Expected<void>()> &changes);
 
-    /// Erases a database that was deleted, and calls `changes`, in one transaction. It can no
-    /// longer be restored then. Has no effect for other databases.
-    Expected<void> eraseDeleted(const QString &UUID,
-                                const std::function<Expected<void>()> &changes);
+    /// Calls `changes` in a transaction, after which the deleted database can no longer be
+    /// restored. Its rows must then be erased with DeletedDatabase::eraseSome().
+    Expected<void> giveUpDeleted(const QString &UUID,
+                                 const std::function<Expected<void>()> &changes);
 
     /// For the contracts of these functions see NoteLibrary.
     QList<std::shared_ptr<NoteDatabase>> knownDatabases() const override;

@@ -2,7 +2,9 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
+#include <utility>
 
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/DirectConnection/ServedDatabases.h"
@@ -16,8 +18,12 @@
 #include "Host/QVJobLog.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
 
 namespace {
+
+/// How long the main thread erases at a time: less than a frame.
+constexpr std::chrono::milliseconds StepDuration(8);
 
 void logFailureOf(const Expected<void> &result) {
     if (!result) {
@@ -43,6 +49,8 @@ DeletedDatabases::DeletedDatabases(const ProfileDatabase &profile, EngineNoteLib
     : m_profile(profile), m_library(library), m_locations(locations), m_dispatcher(dispatcher) {
     connect(&library, &EngineNoteLibrary::databaseDeleted, this, &DeletedDatabases::didDelete);
     connect(&library, &EngineNoteLibrary::databaseRestored, this, &DeletedDatabases::didRestore);
+    connect(&locations, &EngineLocationsController::locationInserted, this,
+            &DeletedDatabases::didInsert);
 }
 
 Expected<void> DeletedDatabases::load(std::shared_ptr<ServedDatabases> served) {
@@ -74,6 +82,9 @@ void DeletedDatabases::didDelete(const QString &UUID) {
         state->setEnabled(false);
     }
     m_deletions.insert(UUID, deletion);
+    m_deleted.insert(UUID);
+    // One that was imported again meanwhile can be restored again.
+    m_erased.removeAll(UUID);
     if (deletion.wasServed) {
         logFailureOf(m_served->setServed(UUID, false));
     }
@@ -87,6 +98,7 @@ void DeletedDatabases::didDelete(const QString &UUID) {
 
 void DeletedDatabases::didRestore(const QString &UUID) {
     const Deletion deletion = m_deletions.take(UUID);
+    m_deleted.remove(UUID);
     if (deletion.wasServed) {
         logFailureOf(m_served->setServed(UUID, true));
     }
@@ -99,19 +111,61 @@ void DeletedDatabases::didRestore(const QString &UUID) {
     }
 }
 
+void DeletedDatabases::didInsert(EngineSyncLocation &location) const {
+    const auto states = location.engineStates();
+    for (const auto &state : states) {
+        const QString UUID = state->databaseUUID();
+        // It may have been imported again.
+        if (m_deleted.contains(UUID) && !m_library.databaseForUUID(UUID)) {
+            location.removeState(UUID);
+        }
+    }
+}
+
 void DeletedDatabases::forget(const QString &UUID) {
     // The end of the process may have come before it was excluded.
     const Expected<void> forgotten =
         (m_served->contain(UUID) ? m_served->setServed(UUID, false) : Expected<void>())
             .and_then([&] { return deleteServed(UUID); })
             .and_then([&] {
-                return m_library.eraseDeleted(UUID, [&] { return m_locations.deleteStates(UUID); });
+                return m_library.giveUpDeleted(UUID,
+                                               [&] { return m_locations.deleteStates(UUID); });
             });
     logFailureOf(forgotten);
     if (forgotten) {
         m_locations.forgetStates(UUID);
         m_deletions.remove(UUID);
+        m_erased.append(UUID);
+        if (!std::exchange(m_isErasing, true)) {
+            QTimer::singleShot(0, this, &DeletedDatabases::eraseSome);
+        }
     }
+}
+
+void DeletedDatabases::eraseSome() {
+    if (m_erased.isEmpty()) {
+        m_isErasing = false;
+        return;
+    }
+    const Expected<bool> isErased =
+        DeletedDatabase::eraseSome(m_profile, m_erased.first(), StepDuration);
+    logFailureOf(isErased.map([](bool) {}));
+    if (!isErased || *isErased) {
+        m_erased.removeFirst();
+    }
+    moveLog();
+}
+
+void DeletedDatabases::moveLog() {
+    m_threads.start([path = m_profile.path(), files = m_profile.files(), self = QPointer(this)] {
+        const Expected<void> moved = ProfileDatabase::moveLog(path, files);
+        MainQueue::dispatchAsync([self, moved] {
+            if (self) {
+                logFailureOf(moved);
+                self->eraseSome();
+            }
+        });
+    });
 }
 
 Expected<void> DeletedDatabases::deleteServed(const QString &UUID) const {

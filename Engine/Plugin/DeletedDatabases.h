@@ -3,15 +3,19 @@
 #include <QtCore/QHash>
 #include <QtCore/QList>
 #include <QtCore/QObject>
+#include <QtCore/QSet>
+#include <QtCore/QStringList>
 #include <chrono>
 #include <memory>
 
 #include "Application/Interface/ProfileConstants.h"
+#include "Engine/Foundation/WorkerThreads.h"
 #include "Platform/Foundation/Expected.h"
 
 class EngineDispatcher;
 class EngineLocationsController;
 class EngineNoteLibrary;
+class EngineSyncLocation;
 class EngineSyncState;
 class ProfileDatabase;
 class ServedDatabases;
@@ -20,9 +24,10 @@ class ServedDatabases;
 /// states and schedules, and their copies in the store that this computer serves. From then on,
 /// clients get nothing of such a database and cannot write it again. Sync locations are left alone.
 ///
-/// A database that was deleted in a former run, whose end may have come at any moment, is forgotten
-/// at the start; what fails is logged and tried again at the next one. Must be used on the main
-/// thread.
+/// The notes are erased in short steps, between which the main thread does other things; they are
+/// no longer shown. A database that was deleted in a former run, whose end may have come at any
+/// moment, is forgotten after the start; what fails is logged and tried again at the next one. Must
+/// be used on the main thread.
 class DeletedDatabases : public QObject {
     Q_OBJECT
 public:
@@ -49,7 +54,14 @@ private:
 
     void didDelete(const QString &UUID);
     void didRestore(const QString &UUID);
+    /// Removes the states of databases that were deleted while the location was not listed, so that
+    /// it does not bring them back.
+    void didInsert(EngineSyncLocation &location) const;
     void forget(const QString &UUID);
+    /// Erases a part of the first database that is to be erased, and goes on later.
+    void eraseSome();
+    /// Moves the profile's log, which the erased rows have filled, on another thread, then goes on.
+    void moveLog();
     /// Deletes the database from the store that this computer serves.
     Expected<void> deleteServed(const QString &UUID) const;
 
@@ -62,4 +74,10 @@ private:
     std::chrono::milliseconds m_undoTime = RemovalUndoTime;
     QHash<QString, Deletion> m_deletions;
     quint64 m_lastNumber = 0;
+    /// Those that were deleted in this run and not restored.
+    QSet<QString> m_deleted;
+    /// Those that can no longer be restored and are not erased yet.
+    QStringList m_erased;
+    bool m_isErasing = false;
+    WorkerThreads m_threads;
 };

@@ -377,18 +377,18 @@ Expected<void> ProfileDatabase::write(const Changes &changes) const {
     return done.and_then([&] { return checkFiles(); });
 }
 
-Expected<void> ProfileDatabase::moveLog() const {
+Expected<void> ProfileDatabase::moveLog(const QString &path, const ProfileFiles &files) {
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
     Expected<void> moved;
     {
         QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
         connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI"));
-        connection.setDatabaseName(QString::fromLatin1(QUrl::fromLocalFile(path()).toEncoded()) +
+        connection.setDatabaseName(QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded()) +
                                    QStringLiteral("?mode=rw"));
-        moved = connection.open() ? checkFiles() : failure(error(connection.lastError()));
+        moved = connection.open() ? files.check() : failure(errorOf(path, connection.lastError()));
         QSqlQuery query(connection);
         if (moved && !query.exec(QStringLiteral("PRAGMA wal_checkpoint(PASSIVE)"))) {
-            moved = failure(error(query.lastError()));
+            moved = failure(errorOf(path, query.lastError()));
         }
     }
     QSqlDatabase::removeDatabase(name);
@@ -417,9 +417,9 @@ QString ProfileDatabase::exactText(const QVariant &bytes) {
     return ExactText::fromUtf8(bytes.toByteArray());
 }
 
-Error ProfileDatabase::error(const QSqlError &reason) const {
-    if (FullDisk::isCauseOf(reason, path())) {
-        return engineError(EngineErrorCode::ProfileNotWritten, FullDisk::message(path()));
+Error ProfileDatabase::errorOf(const QString &path, const QSqlError &reason) {
+    if (FullDisk::isCauseOf(reason, path)) {
+        return engineError(EngineErrorCode::ProfileNotWritten, FullDisk::message(path));
     }
     const bool isDamage = sqliteCode(reason) == SqliteCode::Corrupt;
     return engineError(
@@ -429,5 +429,5 @@ Error ProfileDatabase::error(const QSqlError &reason) const {
                        "again: it then repairs the profile or offers to restore a backup."
                      : "The profile “%1” cannot be read or written: %2. Check its disk and its "
                        "permissions, then try again.")
-            .arg(path(), reason.databaseText()));
+            .arg(path, reason.databaseText()));
 }

@@ -104,7 +104,10 @@ public:
     /// connection reads an older state or does the same, so that the log begins again and the main
     /// thread need not move it. Takes long if the log is long. Can be called on any thread while
     /// the profile is open; what is committed meanwhile stays in the log.
-    Expected<void> moveLog() const;
+    Expected<void> moveLog() const { return moveLog(path(), m_files); }
+    /// The same for the profile with the file `path`, which has these files; does not need the
+    /// object, which may be destroyed meanwhile.
+    static Expected<void> moveLog(const QString &path, const ProfileFiles &files);
 
     /// Returns an error if a file of the profile was moved, deleted or replaced since it was
     /// opened, or cannot be reached. To be called before another file is written into the folder.
@@ -147,7 +150,8 @@ private:
     Expected<void> executeAll(const QStringList &statements) const;
     /// Remembers which files are open.
     Expected<void> rememberFiles();
-    Error error(const QSqlError &reason) const;
+    Error error(const QSqlError &reason) const { return errorOf(path(), reason); }
+    static Error errorOf(const QString &path, const QSqlError &reason);
     void closeFile();
 
     /// Declared first: the lock is released after the database is closed.

@@ -4,6 +4,7 @@
 
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/Notes/DatabaseRecord.h"
+#include "Engine/Notes/DeletedDatabase.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
 #include "Host/Notifications.h"
 #include "Host/QVDailySchedule.h"
@@ -164,8 +165,67 @@ private Q_SLOTS:
         // As if the process was killed: nothing else is saved.
         m_host->restart();
         QCOMPARE(names().mid(1), QStringList{QStringLiteral("Letters")});
-        QCOMPARE(rowsOf(id, UUID), 0);
+        QTRY_COMPARE(rowsOf(id, UUID), 0);
         QVERIFY(!m_host->locations().syncLocations().first()->stateForDatabaseWithUUID(UUID));
+    }
+
+    void aDatabaseIsErasedInStepsThatTheNextStartContinues() {
+        for (int i = 0; i < 20; ++i) {
+            addNote(*m_plans, QString::number(i));
+        }
+        const qint64 id = idOf(*m_plans);
+        const QString UUID = m_plans->UUID();
+        QVERIFY(m_host->library().deleteDatabase(m_plans));
+        const qint64 before = rowsOf(id, UUID);
+        for (int i = 0; i < 5; ++i) {
+            // As little as possible.
+            QCOMPARE(DeletedDatabase::eraseSome(m_host->engine().profile(), UUID,
+                                                std::chrono::milliseconds(0))
+                         .value(),
+                     false);
+        }
+        QVERIFY(rowsOf(id, UUID) < before);
+        QVERIFY(rowsOf(id, UUID) > before / 2);
+        m_host->restart();
+        QCOMPARE(names().mid(1), QStringList{QStringLiteral("Letters")});
+        QTRY_COMPARE(rowsOf(id, UUID), 0);
+    }
+
+    void aDatabaseThatIsImportedAndDeletedAgainCanBeRestored() {
+        for (int i = 0; i < 50; ++i) {
+            addNote(*m_plans, QString::number(i));
+        }
+        synchronize();
+        const QString UUID = m_plans->UUID();
+        setUndoTime(std::chrono::milliseconds(0));
+        QVERIFY(m_host->library().deleteDatabase(m_plans));
+        QTRY_VERIFY(m_host->library().deletedDatabases().isEmpty());
+        setUndoTime(std::chrono::hours(1));
+        m_state = m_host->locations().syncLocations().first()->addStateForDatabaseWithUUID(
+            UUID, QStringLiteral("Plans"));
+        m_state->setEnabled(true);
+        synchronize();
+        const auto plans = m_host->library().knownDatabases().last();
+        QVERIFY(m_host->library().deleteDatabase(plans));
+        QTest::qWait(1);
+        QVERIFY(m_host->library().restoreDatabase(plans));
+        QCOMPARE(titles(*plans).size(), 52);
+    }
+
+    void aLocationThatIsInsertedAgainDoesNotBringTheDatabaseBack() {
+        const auto location = m_host->locations().syncLocations().first();
+        const QString UUID = m_plans->UUID();
+        m_host->locations().removeObjectFromSyncLocationsAtIndex(0);
+        m_host->save();
+        QVERIFY(m_host->library().deleteDatabase(m_plans));
+        m_host->locations().insertObjectInSyncLocationsAtIndex(location, 0);
+        m_host->save();
+        QVERIFY(!location->stateForDatabaseWithUUID(UUID));
+        QVERIFY(location->stateForDatabaseWithUUID(m_letters->UUID())->isEnabled());
+        dispatcher().performSynchronizationsWithSynchronizationStates(
+            location->synchronizationStates());
+        QTRY_VERIFY(dispatcher().activity().isEmpty());
+        QCOMPARE(names().mid(1), QStringList{QStringLiteral("Letters")});
     }
 
     void aProfileThatCannotBeWrittenKeepsTheDatabase() {
