@@ -39,21 +39,13 @@ QAccessibleInterface *AccessibleList::child(int index) const {
 }
 
 int AccessibleList::indexOfChild(const QAccessibleInterface *child) const {
-    for (int index = 0; index < childCount(); ++index) {
-        if (area()->list()->items().at(index)->view() == child->object()) {
-            return index;
-        }
-    }
-    return -1;
+    const auto *view = qobject_cast<const QWidget *>(child->object());
+    return view && area()->list() ? static_cast<int>(area()->list()->rowOfView(view)) : -1;
 }
 
 QAccessibleInterface *AccessibleList::childAt(int x, int y) const {
-    for (int index = 0; index < childCount(); ++index) {
-        if (QAccessibleInterface *row = child(index); row && row->rect().contains(x, y)) {
-            return row;
-        }
-    }
-    return nullptr;
+    const QVListView *list = area()->list();
+    return list ? child(static_cast<int>(list->rowAt(list->mapFromGlobal(QPoint(x, y))))) : nullptr;
 }
 
 QAccessibleInterface *AccessibleList::focusChild() const {

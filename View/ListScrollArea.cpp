@@ -5,7 +5,6 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
-#include <algorithm>
 
 #include "Platform/Interface/Contrast.h"
 #include "Platform/Interface/Control.h"
@@ -41,16 +40,19 @@ QVListView *ListScrollArea::list() const {
 
 QWidget *ListScrollArea::selectedView() const {
     const qsizetype row = list() ? ListSelection(list()).row() : -1;
-    return row < 0 ? nullptr : list()->items().at(row)->view();
+    return row < 0 ? nullptr : list()->viewOfRow(row);
 }
 
 bool ListScrollArea::selectRow(qsizetype row) {
     if (!list() || !ListSelection(list()).select(row)) {
         return false;
     }
-    // The selection may have changed the rows.
-    if (QWidget *view = selectedView()) {
-        ensureWidgetVisible(view, 0, 0);
+    // The selection may have changed the rows. Twice, because the rows on the way get their heights
+    // when they come near.
+    for (int i = 0; i < 2; ++i) {
+        if (QWidget *view = selectedView()) {
+            ensureWidgetVisible(view, 0, 0);
+        }
     }
     return true;
 }
@@ -145,12 +147,8 @@ void ListScrollArea::openMenu() {
 // The viewport passes the event here before the area itself gets it, which opens the menu.
 void ListScrollArea::contextMenuEvent(QContextMenuEvent *event) {
     if (list() && event->reason() == QContextMenuEvent::Mouse) {
-        const QPoint place = list()->mapFromGlobal(event->globalPos());
-        const QList<QVListView::Item> items = list()->items();
-        const auto found = std::find_if(
-            items.begin(), items.end(),
-            [&](const QVListView::Item &item) { return item->view()->geometry().contains(place); });
-        event->setAccepted(found == items.end() || !selectRow(found - items.begin()));
+        const qsizetype row = list()->rowAt(list()->mapFromGlobal(event->globalPos()));
+        event->setAccepted(row < 0 || !selectRow(row));
         return;
     }
     QScrollArea::contextMenuEvent(event);

@@ -38,10 +38,10 @@ qsizetype ListSelection::pageFromSelection(int step, int height) const {
     if (selected < 0) {
         return acceptedFrom(step > 0 ? 0 : items.size() - 1, step);
     }
-    const int start = items.at(selected)->view()->y();
+    const int start = m_list->frameOfRow(selected).y();
     qsizetype target = selected + step;
     while (target + step >= 0 && target + step < items.size() &&
-           qAbs(items.at(target + step)->view()->y() - start) <= height) {
+           qAbs(m_list->frameOfRow(target + step).y() - start) <= height) {
         target += step;
     }
     const qsizetype further = acceptedFrom(target, step);
@@ -53,7 +53,7 @@ qsizetype ListSelection::rowWithPrefix(const QString &text, qsizetype row) const
     const QList<QVListView::Item> items = m_list->items();
     for (qsizetype i = 0; i < items.size(); ++i) {
         const qsizetype candidate = (qMax(row, qsizetype(0)) + i) % items.size();
-        if (items.at(candidate)->view()->accessibleName().startsWith(text, Qt::CaseInsensitive) &&
+        if (items.at(candidate)->name().startsWith(text, Qt::CaseInsensitive) &&
             accepts(candidate)) {
             return candidate;
         }

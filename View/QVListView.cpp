@@ -3,7 +3,6 @@
 #include <QtCore/QScopeGuard>
 #include <QtCore/QtMath>
 #include <QtGui/QMouseEvent>
-#include <QtWidgets/QAbstractScrollArea>
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/ContextMenu.h"
@@ -15,15 +14,6 @@ namespace {
 constexpr char contentBinding[] = "content";
 constexpr char selectionIndexesBinding[] = "selectionIndexes";
 constexpr char selectedKey[] = "selected";
-
-int widthOfEnclosingScrollArea(const QWidget *view) {
-    for (const QWidget *parent = view->parentWidget(); parent; parent = parent->parentWidget()) {
-        if (const auto *area = qobject_cast<const QAbstractScrollArea *>(parent)) {
-            return area->viewport()->width();
-        }
-    }
-    return 0;
-}
 
 ViewBinding::Factory &bindingFactory() {
     static ViewBinding::Factory factory;
@@ -130,9 +120,6 @@ void QVListView::makeItems(const QVariantList &objects) {
     for (qsizetype i = 0; i < objects.size(); ++i) {
         const Item item = makeItem(objects.at(i));
         m_items.append(item);
-        if (!m_isInBatch) {
-            item->view()->setParent(this);
-        }
         if (selectionIsEmpty && shouldSelect(item.get())) {
             selectionIsEmpty = false;
             setSelectionIndexes({i});
@@ -141,12 +128,16 @@ void QVListView::makeItems(const QVariantList &objects) {
             }
         }
     }
-    if (!m_isInBatch) {
-        showViews();
-    }
+    layoutSubviews();
+}
+
+void QVListView::setItems(const QList<Item> &items) {
+    m_items = items;
+    forgetRows();
 }
 
 void QVListView::removeItems() {
+    forgetRows();
     const QList<QWidget *> views = subviews();
     if (views.isEmpty()) {
         m_items.clear();
@@ -162,14 +153,6 @@ void QVListView::removeItems() {
     // would search all pending deletions.
     m_items.clear();
     discarded->deleteLater();
-}
-
-void QVListView::showViews() {
-    layoutSubviews();
-    const QList<Item> items = m_items;
-    for (const Item &item : items) {
-        item->view()->show();
-    }
 }
 
 void QVListView::performBatchUpdates(const std::function<void()> &updates) {
@@ -193,12 +176,12 @@ void QVListView::endBatch() {
         return;
     }
     whileHidden([this] {
-        // Copies here and below, because what makes a view may change the content.
-        const QList<Item> items = m_items;
-        for (const Item &item : items) {
-            item->view()->setParent(this);
+        for (qsizetype row = 0; row < m_items.size(); ++row) {
+            if (m_items.at(row)->existingView()) {
+                addView(row);
+            }
         }
-        showViews();
+        layoutSubviews();
     });
 }
 
@@ -217,7 +200,12 @@ void QVListView::setSelectionIndexes(const IndexSet &indexes) {
     const QList<Item> items = m_items;
     for (qsizetype i = 0; i < items.size(); ++i) {
         if (shouldSelect(items.at(i).get())) {
-            items.at(i)->setSelected(indexes.contains(i));
+            const bool isSelected = indexes.contains(i);
+            if (isSelected && isStacked()) {
+                // Its view tells assistive technologies.
+                items.at(i)->makeView();
+            }
+            items.at(i)->setSelected(isSelected);
         }
     }
     KeyValue::announce<&QVListView::selectionIndexesChanged>(this);
@@ -233,12 +221,19 @@ QVListView::Item QVListView::makeItem(const QVariant &object) {
     return item;
 }
 
-void QVListView::prepareView(CollectionViewItem *item) const {
-    QWidget *view = item->view();
+void QVListView::prepareView(CollectionViewItem *item) {
+    QWidget *view = item->existingView();
     ContextMenu::setMenu(view,
                          m_itemPrototype ? ContextMenu::menu(m_itemPrototype->view()) : nullptr);
     if (view->metaObject()->indexOfProperty(selectedKey) >= 0) {
         KeyValue::bind(view, selectedKey, item, selectedKey);
+    }
+    const qsizetype row = rowOfView(view);
+    if (row >= 0 && !m_needsViews) {
+        addView(row);
+        if (m_isStackOutdated && !m_isMakingViews) {
+            layoutSubviews();
+        }
     }
 }
 
@@ -246,16 +241,6 @@ QVListView::Item QVListView::newItemForRepresentedObject(const QVariant &object)
     Item item = makeItem(object);
     item->view();
     return item;
-}
-
-void QVListView::layoutSubviews() {
-    int y = 0;
-    const QList<QWidget *> views = subviews();
-    for (QWidget *view : views) {
-        view->setGeometry(0, y, width(), view->height());
-        y += view->height();
-    }
-    resize(widthOfEnclosingScrollArea(this), y);
 }
 
 void QVListView::mousePressEvent(QMouseEvent *event) {
@@ -266,7 +251,7 @@ void QVListView::mousePressEvent(QMouseEvent *event) {
     const QPoint point(qFloor(event->position().x()), qFloor(event->position().y()));
     for (qsizetype i = 0; i < m_items.size(); ++i) {
         const Item item = m_items.at(i);
-        if (item->view()->geometry().contains(point) && shouldSelect(item.get())) {
+        if (frameOfRow(i).contains(point) && shouldSelect(item.get())) {
             setSelectionIndexes({i});
             return;
         }

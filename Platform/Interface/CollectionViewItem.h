@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QByteArray>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtCore/QVariant>
@@ -16,6 +17,9 @@ class QWidget;
 /// destructor hides the view and deletes it from the event loop, because an item may be destroyed
 /// while its view handles an event. If a parent has deleted the view before, the next call of
 /// view() makes a new one.
+///
+/// A list of many items has views for those only that can be seen: makeView() makes a view that
+/// discardView() may delete, as long as nobody has asked for it with view().
 class PLATFORM_EXPORT CollectionViewItem : public QObject {
     Q_OBJECT
     /// The object that the item shows; a shared pointer in it keeps the object alive. Announced
@@ -45,9 +49,26 @@ public:
     void setRepresentedObject(const QVariant &object);
     bool isSelected() const { return m_isSelected; }
     void setSelected(bool selected);
-    /// Returns the view, which the first call makes. Never null. Owned by the item. An exception of
-    /// the factory passes to the caller, and the next call tries again.
+    /// Returns the view, which the first call makes, and keeps it until the item is destroyed.
+    /// Never null. Owned by the item. An exception of the factory passes to the caller, and the
+    /// next call tries again.
     QWidget *view();
+    /// As view(), but discardView() may delete the view again. For the list that shows the item.
+    QWidget *makeView();
+    /// Returns the view, or null if there is none yet. Owned by the item.
+    QWidget *existingView() const;
+    /// Hides the view and deletes it from the event loop, as the destructor does. Returns false
+    /// without effect if view() was called, or if there is no view.
+    bool discardView();
+    /// Returns what is equal for all items whose views are made by the same factory. Not a pointer
+    /// to follow.
+    const void *viewKind() const { return m_makeView.get(); }
+    /// Returns the name of the object for assistive technologies and typing: the value at the key
+    /// path that was set or, without one, the accessible name of the view, which is made if needed.
+    QString name();
+    /// Sets the key path of the name, which begins at the item: "representedObject.name". Copies
+    /// have it, too. A name that can be read without a view is found fast in a long list.
+    void setNameKeyPath(const QByteArray &keyPath) { m_nameKeyPath = keyPath; }
     /// Sets what a call of view() that makes the view calls before it returns. Not owned, so that
     /// many items can share one handler; has no effect once it is destroyed.
     void setViewHandler(const std::weak_ptr<const ViewHandler> &handler) {
@@ -66,6 +87,9 @@ private:
     const std::shared_ptr<const ViewFactory> m_makeView;
     std::weak_ptr<const ViewHandler> m_viewHandler;
     QPointer<QWidget> m_view;
+    QByteArray m_nameKeyPath;
     QVariant m_representedObject;
     bool m_isSelected = false;
+    /// Whether view() was called, whose callers may keep the pointer.
+    bool m_isViewKept = false;
 };

@@ -254,6 +254,7 @@ private:
             std::make_shared<CollectionViewItem>([nibName, owner](CollectionViewItem *item) {
                 return Nib::load(nibName, owner, {{QStringLiteral("item"), item}});
             });
+        prototype->setNameKeyPath(part->property("itemName").toString().toUtf8());
         KeyValue::setValue(part, "itemPrototype", QVariant::fromValue(prototype));
     }
 

@@ -21,6 +21,8 @@ class QWidget;
 /// - `itemNib` (string, on a list): the form of its rows. The list's "itemPrototype" becomes an
 ///   item whose views are made from it, with the same owner, and in which "item" names the row's
 ///   CollectionViewItem.
+/// - `itemName` (string, on a list with an `itemNib`): the key path of the accessible name of a row
+///   from its item ("representedObject.name"), so that it is known before the row is made.
 /// - `menu` (string): the form's QMenu that a button opens, or that a secondary click opens on any
 ///   other widget.
 /// - `validation` (string, on an action of a menu): the path whose value enables the action, read

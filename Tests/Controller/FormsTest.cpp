@@ -123,6 +123,7 @@ public:
             checkTable(part);
             if (const QString nib = part->property("itemNib").toString(); !nib.isEmpty()) {
                 checkForm(nib);
+                checkItemName(part->property("itemName").toByteArray(), nib);
             }
         }
         return m_problems;
@@ -182,7 +183,7 @@ private:
 
     void checkPropertyNames(const QObject *part) {
         static const QByteArrayList known = {
-            "objects", "bindings",      "itemNib",       "menu",     "validation",
+            "objects", "bindings",      "itemNib",       "itemName", "menu",        "validation",
             "action",  "tableDelegate", "textDidChange", "rowPlace", "confirmation"};
         for (const QByteArray &name : part->dynamicPropertyNames()) {
             if (!known.contains(name) && !name.startsWith("_q_")) {
@@ -331,6 +332,17 @@ private:
         } catch (const AssertionFailure &failure) {
             report(failure.message());
         }
+    }
+
+    /// The name of an item is a key path from it, as in the form of its row.
+    void checkItemName(const QByteArray &keyPath, const QString &nib) {
+        if (!contracts().contains(nib)) {
+            return;
+        }
+        QWidget form;
+        FormCheck check(&form, contracts().value(nib));
+        check.propertyAt(QStringLiteral("item"), &CollectionViewItem::staticMetaObject, keyPath);
+        m_problems.append(check.m_problems);
     }
 
     void checkTable(QObject *part) {
@@ -530,6 +542,8 @@ private Q_SLOTS:
             "no place \"leeding\" in a row");
         add("key of a shortcut", pane, "cleanItem", "shortcut",
             QVariant::fromValue(QKeySequence(QStringLiteral("Dell"))), "no key of \"cleanItem\"");
+        add("name of a row", pane, "databasesView", "itemName", text("representedObject.nmae"),
+            "no key \"item.representedObject.nmae\" in QVStandInDatabase");
         add("property", pane, "moreButton", "acton", text("owner.revealInFinder"),
             "no property \"acton\" in moreButton");
     }

@@ -65,6 +65,24 @@ class ListScrollAreaTest : public QObject {
     void fill(const QStringList &names) const {
         m_list->setContent(QVariantList(names.begin(), names.end()));
     }
+    void fillWithNumbers(int count) const {
+        QStringList names;
+        for (int i = 0; i < count; ++i) {
+            names.append(QString::number(i));
+        }
+        fill(names);
+    }
+    qsizetype countOfViews() const {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return m_list->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size();
+    }
+    void checkSelectedRowIsVisible() const {
+        const QRect frame = m_list->frameOfRow(selected()).translated(m_list->pos());
+        QVERIFY2(m_area->viewport()->rect().contains(
+                     QRect(QPoint(0, frame.y()), QSize(1, frame.height()))),
+                 qPrintable(QStringLiteral("%1 at %2").arg(selected()).arg(frame.y())));
+        QVERIFY(m_area->selectedView()->isVisible());
+    }
     QWidget *row(int index) const { return m_list->items().at(index)->view(); }
     qsizetype selected() const {
         const IndexSet rows = m_list->selectionIndexes();
@@ -151,6 +169,71 @@ private Q_SLOTS:
         press(Qt::Key_PageUp);
         QCOMPARE(selected(), 0);
         QCOMPARE(m_list->y(), 0);
+    }
+
+    void everyRowOfALongListIsReachedByKeyboard() {
+        fillWithNumbers(300);
+        QCOMPARE(selected(), 0);
+        for (int i = 0; selected() < 299; ++i) {
+            QVERIFY(i < 300);
+            press(i % 2 == 0 ? Qt::Key_PageDown : Qt::Key_Down);
+            checkSelectedRowIsVisible();
+        }
+        for (int i = 0; selected() > 0; ++i) {
+            QVERIFY(i < 300);
+            press(i % 2 == 0 ? Qt::Key_PageUp : Qt::Key_Up);
+            checkSelectedRowIsVisible();
+        }
+        press(Qt::Key_End);
+        QCOMPARE(selected(), 299);
+        checkSelectedRowIsVisible();
+        press(Qt::Key_Space);
+        QVERIFY(row(299)->findChild<QCheckBox *>()->isChecked());
+        QTest::keyClick(m_area, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), row(299)->findChild<QCheckBox *>());
+        press(Qt::Key_Home);
+        QCOMPARE(selected(), 0);
+        checkSelectedRowIsVisible();
+        QVERIFY(countOfViews() < 60);
+    }
+
+    void theSelectedRowIsVisibleEvenIfRowsOnTheWayAreHigher() {
+        m_list->setItemPrototype(std::make_shared<CollectionViewItem>([](CollectionViewItem *item) {
+            QWidget *row = makeNamedRow(item);
+            const int number = item->representedObject().toString().toInt();
+            row->resize(100, number < 20 ? RowHeight : RowHeight + number % 50);
+            return row;
+        }));
+        fillWithNumbers(500);
+        for (const Qt::Key key : {Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageUp, Qt::Key_Home,
+                                  Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_PageDown}) {
+            press(key);
+            checkSelectedRowIsVisible();
+        }
+    }
+
+    void typingFindsARowFarAwayByTheNameOfItsItem() {
+        auto prototype = std::make_shared<CollectionViewItem>(&makeNamedRow);
+        prototype->setNameKeyPath("representedObject");
+        m_list->setItemPrototype(prototype);
+        fillWithNumbers(5000);
+        type(QStringLiteral("4"), 1000);
+        QCOMPARE(selected(), 4);
+        for (const char *digit : {"3", "2", "1"}) {
+            type(QLatin1StringView(digit), 1000);
+        }
+        QCOMPARE(selected(), 4321);
+        checkSelectedRowIsVisible();
+        QVERIFY(countOfViews() < 80);
+    }
+
+    void typingFindsARowFarAwayByTheNameOfItsView() {
+        fillWithNumbers(500);
+        for (const char *digit : {"3", "2", "1"}) {
+            type(QLatin1StringView(digit), 1000);
+        }
+        QCOMPARE(selected(), 321);
+        checkSelectedRowIsVisible();
     }
 
     void withoutASelectionTheArrowsBeginAtTheEnds() {
@@ -313,6 +396,46 @@ private Q_SLOTS:
         QCOMPARE(area->childAt(place.x(), place.y()), second);
         QCOMPARE(second->childCount(), 2);
         QCOMPARE(second->child(0)->parent(), second);
+    }
+
+    void everyRowOfALongListIsAChild() {
+        fillWithNumbers(2000);
+        QAccessibleInterface *area = accessibleArea();
+        QCOMPARE(area->childCount(), 2000);
+        QVERIFY(countOfViews() < 80);
+        QAccessibleInterface *last = area->child(1999);
+        QCOMPARE(last->text(QAccessible::Name), QStringLiteral("1999"));
+        QCOMPARE(last->role(), QAccessible::ListItem);
+        QCOMPARE(area->indexOfChild(last), 1999);
+        const QPoint place = last->rect().center();
+        QCOMPARE(area->childAt(place.x(), place.y()), last);
+        last->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(selected(), 1999);
+        checkSelectedRowIsVisible();
+        QCOMPARE(area->focusChild(), last);
+        press(Qt::Key_Home);
+        QCOMPARE(area->child(1999), last);
+        const QPoint first = area->child(0)->rect().center();
+        QCOMPARE(area->childAt(first.x(), first.y()), area->child(0));
+    }
+
+    void aRowFarAwayIsVisibleWhenItIsSelected() {
+        QStringList visible;
+        m_list->setItemPrototype(
+            std::make_shared<CollectionViewItem>([&](CollectionViewItem *item) {
+                auto *row = static_cast<QVSelectedItemBackgroundView *>(makeNamedRow(item));
+                // A row that is not visible does not announce itself.
+                connect(row, &QVSelectedItemBackgroundView::selectedChanged, row, [&visible, row] {
+                    if (row->isSelected() && row->isVisible()) {
+                        visible.append(row->accessibleName());
+                    }
+                });
+                return row;
+            }));
+        fillWithNumbers(2000);
+        visible.clear();
+        m_list->setSelectionIndexes({1500});
+        QCOMPARE(visible, QStringList(QStringLiteral("1500")));
     }
 
     void aRowSaysWhetherItIsSelectedAndHasTheFocus() {

@@ -3,6 +3,8 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollBar>
+#include <algorithm>
 #include <functional>
 #include <stdexcept>
 
@@ -11,6 +13,7 @@
 #include "Platform/Interface/ListPalette.h"
 #include "Platform/KeyValue/ArrayController.h"
 #include "Support/TestMain.h"
+#include "View/ListRow.h"
 #include "View/ListScrollArea.h"
 #include "View/QVListViewDelegate.h"
 #include "View/QVSelectedItemBackgroundView.h"
@@ -533,6 +536,13 @@ private Q_SLOTS:
         QCOMPARE(view->geometry(), QRect(0, 40, 300, 60));
     }
 
+    void aSelectionInABatchShowsARowFarAway() {
+        m_list->setContent(numbers(1000));
+        m_list->performBatchUpdates([&] { m_list->setSelectionIndexes({700}); });
+        QCOMPARE(m_list->viewOfRow(700)->parentWidget(), m_list);
+        scrollTo(700 * 20);
+    }
+
     void aBatchInsideAnotherEndsWithIt() {
         m_list->performBatchUpdates([&] {
             m_list->performBatchUpdates([&] { m_list->setContent(texts({"a"})); });
@@ -783,6 +793,271 @@ private Q_SLOTS:
         QCOMPARE(made.grab().toImage().pixelColor(25, 25), QColor(10, 10, 12));
     }
 
+    // Long lists
+
+    void aLongListHasViewsOnlyNearTheViewport() {
+        m_list->setContent(numbers(10'000));
+        QCOMPARE(m_list->items().size(), 10'000);
+        QCOMPARE(m_list->size(), QSize(300, 200'000));
+        QCOMPARE(subviews().size(), 20);
+        checkVisibleRows();
+        QCOMPARE(m_delegate->prototypeQuestions, numbers(10'000));
+        QCOMPARE(m_delegate->selectionQuestions, QStringList({text(0), text(0)}));
+        QCOMPARE(m_list->selectionIndexes(), IndexSet({0}));
+    }
+
+    void everyRowIsThereWhereTheListIsScrolledTo_data() {
+        QTest::addColumn<int>("step");
+        QTest::newRow("lines") << 7;
+        QTest::newRow("pages") << 200;
+        QTest::newRow("jumps") << 12'345;
+    }
+    void everyRowIsThereWhereTheListIsScrolledTo() {
+        QFETCH(int, step);
+        m_list->setContent(numbers(1000));
+        const int last = m_area->verticalScrollBar()->maximum();
+        QCOMPARE(last, 20'000 - 200);
+        for (int value = 0; value < last + step; value += step) {
+            scrollTo(qMin(value, last));
+        }
+        for (int value = last; value > -step; value -= step) {
+            scrollTo(qMax(value, 0));
+        }
+        QCOMPARE(m_list->height(), 20'000);
+    }
+
+    void aHigherViewportShowsMoreRows() {
+        m_list->setContent(numbers(1000));
+        m_area->resize(300, 900);
+        checkVisibleRows();
+        m_area->hide();
+        m_area->resize(300, 3000);
+        m_area->show();
+        checkVisibleRows();
+    }
+
+    void aLongListThatIsShownLaterHasWhatCanBeSeen() {
+        ListScrollArea area;
+        auto *list = new QVListView;
+        area.setWidget(list);
+        list->setItemPrototype(std::make_shared<CollectionViewItem>(&makeRow));
+        list->setContent(numbers(10'000));
+        area.resize(300, 2000);
+        area.show();
+        const auto views = list->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+        QVERIFY(views.size() >= 100 && views.size() <= 201);
+        for (int i = 0; i < 100; ++i) {
+            QCOMPARE(views.at(i), list->items().at(i)->existingView());
+            QVERIFY(views.at(i)->isVisible());
+        }
+    }
+
+    void outsideAScrollAreaEveryItemHasAView() {
+        QVListView list;
+        list.setItemPrototype(m_list->itemPrototype());
+        list.setContent(numbers(500));
+        QCOMPARE(list.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly).size(), 500);
+    }
+
+    void anItemThatIsAskedForItsViewHasItAtItsPlaceAndKeepsIt() {
+        m_list->setContent(numbers(1000));
+        const QPointer<QWidget> view = row(500);
+        QCOMPARE(view->parentWidget(), m_list);
+        QCOMPARE(view->geometry(), QRect(0, 500 * 20, 300, 20));
+        QVERIFY(view->isVisible());
+        QCOMPARE(m_list->rowOfView(view), 500);
+        QCOMPARE(subviews().constLast(), view.data());
+        const QWidget *between = row(300);
+        QCOMPARE(subviews().at(subviews().size() - 2), between);
+        scrollTo(500 * 20);
+        scrollTo(0);
+        QCOMPARE(row(500), view.data());
+        QCOMPARE(m_list->viewOfRow(500), view.data());
+    }
+
+    void aViewThatTheListMadeIsDiscardedTwoPagesAway() {
+        m_list->setContent(numbers(1000));
+        const QPointer<QWidget> view = m_list->viewOfRow(4);
+        scrollTo(450);
+        QVERIFY(view);
+        scrollTo(520);
+        QVERIFY(!view);
+        QVERIFY(!m_list->items().at(4)->existingView());
+        scrollTo(0);
+        QVERIFY(m_list->items().at(4)->existingView());
+    }
+
+    void theViewsOfTheSelectedRowAndOfTheFocusAreKept() {
+        m_list->setItemPrototype(std::make_shared<CollectionViewItem>([](CollectionViewItem *item) {
+            QWidget *row = makeRow(item);
+            (new QPushButton(row))->setFocusPolicy(Qt::ClickFocus);
+            return row;
+        }));
+        m_list->setContent(numbers(1000));
+        m_list->setSelectionIndexes({3});
+        m_list->viewOfRow(5)->findChild<QPushButton *>()->setFocus();
+        const QPointer<QWidget> selected = m_list->viewOfRow(3);
+        const QPointer<QWidget> focused = m_list->viewOfRow(5);
+        scrollTo(10'000);
+        QVERIFY(selected && focused);
+        QVERIFY(!m_list->items().at(4)->existingView());
+        m_list->setSelectionIndexes({});
+        m_area->setFocus();
+        scrollTo(10'100);
+        QVERIFY(!selected && !focused);
+    }
+
+    void aSelectedRowFarAwayHasAViewThatShowsIt() {
+        m_list->setContent(numbers(1000));
+        m_list->setSelectionIndexes({700});
+        const auto *view =
+            qobject_cast<QVSelectedItemBackgroundView *>(m_list->items().at(700)->existingView());
+        QVERIFY(view && view->isSelected());
+        scrollTo(700 * 20);
+        scrollTo(0);
+        m_list->setSelectionIndexes({0});
+        scrollTo(20);
+        QVERIFY(!m_list->items().at(700)->existingView());
+        m_list->items().at(700)->setSelected(true);
+        scrollTo(700 * 20);
+        QVERIFY(row(700)->isSelected());
+    }
+
+    void rowsOfOtherHeightsAreStackedWhenTheyAreSeen() {
+        QVariantList heights;
+        int total = 0;
+        for (int i = 0; i < 300; ++i) {
+            heights.append(QString::number(20 + i * 7 % 31));
+            total += heights.constLast().toInt();
+        }
+        m_list->setContent(heights);
+        for (int value = 0; value < m_area->verticalScrollBar()->maximum(); value += 150) {
+            scrollTo(value);
+        }
+        scrollTo(m_area->verticalScrollBar()->maximum());
+        QCOMPARE(m_list->height(), total);
+        QCOMPARE(m_list->frameOfRow(299).bottom() + 1, total);
+    }
+
+    void whatCanBeSeenStaysWhereItIsWhenRowsAboveAreHigher() {
+        QVariantList heights;
+        for (int i = 0; i < 300; ++i) {
+            heights.append(QString::number(i < 100 ? 70 : 20));
+        }
+        heights[0] = QStringLiteral("20");
+        m_list->setContent(heights);
+        // Below the rows that were never seen.
+        scrollTo(m_area->verticalScrollBar()->maximum());
+        for (int i = 0; i < 1000 && m_area->verticalScrollBar()->value() > 0; ++i) {
+            const qsizetype top = m_list->rowAt({0, -m_list->y()});
+            const int before = m_list->frameOfRow(top).y() + m_list->y();
+            scrollTo(m_area->verticalScrollBar()->value() - 15);
+            if (m_area->verticalScrollBar()->value() > 0) {
+                QCOMPARE(m_list->frameOfRow(top).y() + m_list->y(), before + 15);
+            }
+        }
+        QCOMPARE(m_area->verticalScrollBar()->value(), 0);
+        QCOMPARE(m_list->height(), 100 * 70 - 50 + 200 * 20);
+    }
+
+    void rowsThatWereSeenFollowTheWidth() {
+        m_list->setItemPrototype(std::make_shared<CollectionViewItem>([](CollectionViewItem *) {
+            auto *row = new ListRow;
+            auto *label = new QLabel(QStringLiteral("a long title ").repeated(6), row);
+            label->setProperty("rowPlace", QStringLiteral("text"));
+            label->setWordWrap(true);
+            return row;
+        }));
+        m_list->setContent(numbers(500));
+        scrollTo(2000);
+        scrollTo(8000);
+        m_area->resize(1500, 200);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        const int wide = m_list->viewOfRow(499)->height();
+        QCOMPARE(m_list->height(), 500 * wide);
+        m_area->resize(200, 200);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        QVERIFY(m_list->frameOfRow(0).height() > wide);
+        QCOMPARE(m_list->height(), 500 * m_list->frameOfRow(0).height());
+    }
+
+    void aRowFarAwayMayBeHigherThanExpected() {
+        QVariantList heights;
+        for (int i = 0; i < 300; ++i) {
+            heights.append(QStringLiteral("20"));
+        }
+        heights[5] = QStringLiteral("90");
+        heights[250] = QStringLiteral("10");
+        m_list->setContent(heights);
+        scrollTo(4000);
+        m_list->setContent(distinctCopy(heights));
+        scrollTo(4000);
+        QVERIFY(!m_list->items().at(5)->existingView());
+        const int before = m_list->frameOfRow(200).y() + m_list->y();
+        QCOMPARE(row(5)->geometry(), QRect(0, 100, 300, 90));
+        QCOMPARE(m_list->frameOfRow(200).y() + m_list->y(), before);
+        QCOMPARE(m_list->viewOfRow(250)->height(), 10);
+        QCOMPARE(m_list->height(), 298 * 20 + 90 + 10);
+        checkVisibleRows();
+    }
+
+    void aPrototypeOfAnotherHeightIsMeasuredWithItsFirstView() {
+        CollectionViewItem special([](CollectionViewItem *) {
+            auto *view = new QLabel;
+            view->resize(10, 90);
+            return view;
+        });
+        m_delegate->specialObject = QStringLiteral("special");
+        m_delegate->specialPrototype = &special;
+        QVariantList content = numbers(1000);
+        content[400] = m_delegate->specialObject;
+        content[800] = m_delegate->specialObject;
+        m_list->setContent(content);
+        QCOMPARE(m_list->height(), 998 * 20 + 2 * 90);
+        QCOMPARE(m_list->frameOfRow(801), QRect(0, 801 * 20 + 2 * 70, 300, 20));
+        QVERIFY(!m_list->items().at(800)->existingView());
+    }
+
+    void aRowWithoutAViewIsAtThePlaceItWillHave() {
+        m_list->setContent(numbers(1000));
+        const QRect frame = m_list->frameOfRow(600);
+        QVERIFY(!m_list->items().at(600)->existingView());
+        QCOMPARE(row(600)->geometry(), frame);
+        QCOMPARE(m_list->rowAt(frame.center()), 600);
+        QCOMPARE(m_list->rowAt({10, 777 * 20}), 777);
+        QCOMPARE(m_list->rowAt({10, 20'000}), -1);
+    }
+
+    void aLongListIsRebuiltWhereItWasScrolledTo() {
+        m_list->setContent(numbers(1000));
+        scrollTo(10'000);
+        const QPointer<QWidget> old = m_list->viewOfRow(505);
+        m_list->setContent(numbers(1000));
+        QCOMPARE(m_area->verticalScrollBar()->value(), 10'000);
+        checkVisibleRows();
+        QCOMPARE(subviews().size(), 30);
+        QTRY_VERIFY(!old);
+        m_list->setContent(numbers(5));
+        QCOMPARE(m_list->y(), 0);
+        QCOMPARE(subviews().size(), 5);
+    }
+
+    void aListWhoseViewsChangeItsContentIsStackedForTheNewOne() {
+        bool isFirst = true;
+        m_list->setItemPrototype(
+            std::make_shared<CollectionViewItem>([&](CollectionViewItem *item) {
+                if (textOf(item) == text(15) && std::exchange(isFirst, false)) {
+                    m_list->setContent(texts({"40", "60"}));
+                }
+                return makeRow(item);
+            }));
+        m_list->setContent(numbers(1000));
+        QVERIFY(!isFirst);
+        QCOMPARE(m_list->items().size(), 2);
+        QCOMPARE(frames(), QList<QRect>({{0, 0, 300, 40}, {0, 40, 300, 60}}));
+        QCOMPARE(m_list->height(), 100);
+    }
+
     // Clicking
 
     void aClickSelectsTheItemUnderThePointerAlone() {
@@ -900,6 +1175,43 @@ private:
         m_list->bind("content", &controller, "arrangedObjects", {});
         m_list->bind("selectionIndexes", &controller, "selectionIndexes", {});
         controller.setSelectionIndexes({0});
+    }
+
+    static QString text(int number) { return QStringLiteral("row %1").arg(number); }
+
+    static QVariantList numbers(int count) {
+        QVariantList result;
+        for (int i = 0; i < count; ++i) {
+            result.append(text(i));
+        }
+        return result;
+    }
+
+    /// Scrolls, and checks that the rows are there and that not many others have a view.
+    void scrollTo(int value) const {
+        m_area->verticalScrollBar()->setValue(value);
+        checkVisibleRows();
+    }
+
+    void checkVisibleRows() const {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        const int top = -m_list->y();
+        const int bottom = qMin(top + m_area->viewport()->height(), m_list->height());
+        int y = -1;
+        for (qsizetype i = m_list->rowAt({0, top}); y < bottom; ++i) {
+            QVERIFY2(i >= 0 && i < m_list->items().size(), qPrintable(QString::number(top)));
+            const QWidget *view = m_list->items().at(i)->existingView();
+            QVERIFY2(view && view->isVisible(), qPrintable(QString::number(i)));
+            QVERIFY(y < 0 || view->y() == y);
+            QCOMPARE(view->width(), m_list->width());
+            y = view->geometry().bottom() + 1;
+        }
+        const QWidgetList views = subviews();
+        QVERIFY2(views.size() <= 5 * m_area->viewport()->height() / 20 + 6,
+                 qPrintable(QString::number(views.size())));
+        QVERIFY(std::is_sorted(views.begin(), views.end(), [](const auto *left, const auto *right) {
+            return left->y() < right->y();
+        }));
     }
 
     QVSelectedItemBackgroundView *row(qsizetype index) const {

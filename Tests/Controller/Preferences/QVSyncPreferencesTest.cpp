@@ -501,6 +501,59 @@ private Q_SLOTS:
         pane.willDeselect();
     }
 
+    void rowsFarFromWhatIsSeenHaveNoViews() {
+        for (int i = 0; i < 150; ++i) {
+            m_host->addDatabase(QStringLiteral("Database %1").arg(i, 3, 10, QLatin1Char('0')));
+            m_host->addLocation(
+                QStringLiteral("https://u@host%1.example/Store.qvSyncStore").arg(i));
+        }
+        showPane();
+        for (QVListView *list : {m_pane->databasesView(), m_pane->locationsView()}) {
+            const auto items = list->items();
+            QVERIFY(items.size() >= 150);
+            QVERIFY(items.constFirst()->existingView());
+            QVERIFY(!items.constLast()->existingView());
+            const QString name = items.constLast()->name();
+            QVERIFY(!name.isEmpty());
+            QVERIFY(!items.constLast()->existingView());
+            const QRect frame = list->frameOfRow(149);
+            QCOMPARE(items.at(149)->view()->geometry(), frame);
+            QCOMPARE(items.constLast()->view()->accessibleName(), name);
+            auto *area = qobject_cast<ListScrollArea *>(list->parentWidget()->parentWidget());
+            QVERIFY(area->selectRow(140));
+            QVERIFY(
+                list->items().at(140)->existingView()->visibleRegion().boundingRect().isValid());
+        }
+    }
+
+    void aRowWithoutAViewForgetsItsErrorWhenSomethingNewerIsKnown_data() {
+        QTest::addColumn<bool>("isSynchronized");
+        QTest::newRow("a synchronization has ended") << true;
+        QTest::newRow("the URL is another one") << false;
+    }
+    void aRowWithoutAViewForgetsItsErrorWhenSomethingNewerIsKnown() {
+        QFETCH(bool, isSynchronized);
+        for (int i = 0; i < 60; ++i) {
+            m_host->addLocation(
+                QStringLiteral("https://u@host%1.example/Store.qvSyncStore").arg(i));
+        }
+        showPane();
+        m_pane->databasesController()->setSelectionIndexes({0});
+        const auto row = m_pane->synchronizationSelections().constLast();
+        row->setSelected(true);
+        row->setError(Error{.localizedDescription = QStringLiteral("It was not there.")});
+        if (isSynchronized) {
+            const auto inbox = m_pane->databases().constFirst();
+            TestHost::setLastSynced(row->location()->stateForDatabaseWithUUID(inbox->UUID()),
+                                    QDateTime::currentDateTime());
+        } else {
+            row->location()->setURL(
+                Url::fromString(QStringLiteral("https://u@elsewhere.example/Store.qvSyncStore")));
+        }
+        QVERIFY(!row->error());
+        QVERIFY(!m_pane->locationsView()->items().constLast()->existingView());
+    }
+
     void anAppendedLocationGivesEveryRowANewView() {
         m_host->addLocation();
         m_host->addLocation();
