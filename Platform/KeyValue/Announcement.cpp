@@ -122,6 +122,7 @@ public:
     }
 
     bool isFor(const QObject *object) const { return object->metaObject() == m_class; }
+    bool hasOneSignal() const { return m_signals.size() == 1; }
 
     void announce(QObject *object) const {
         if (m_signals.size() == 1) {
@@ -213,6 +214,10 @@ bool announceBy(const AnnouncementPlan *plan, QObject *object) {
     }
     plan->announce(object);
     return true;
+}
+
+bool hasOneSignal(const AnnouncementPlan *plan) {
+    return plan->hasOneSignal();
 }
 
 void followDependencies(QObject *object) {

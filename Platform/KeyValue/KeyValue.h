@@ -7,6 +7,7 @@
 #include <QtCore/QVariant>
 #include <atomic>
 #include <functional>
+#include <type_traits>
 #include <utility>
 
 #include "Platform/KeyValue/SharedPointer.h"
@@ -113,16 +114,29 @@ PLATFORM_EXPORT const AnnouncementPlan *announcementPlan(QObject *object,
 /// Emits the signals of `plan` and returns true. Returns false without effect if `plan` is null or
 /// belongs to another class than `object`'s.
 PLATFORM_EXPORT bool announceBy(const AnnouncementPlan *plan, QObject *object);
+/// Returns whether `plan`, which must not be null, emits the signal of its own key only.
+PLATFORM_EXPORT bool hasOneSignal(const AnnouncementPlan *plan);
 
 /// Announces a change of the key whose NOTIFY is `Signal`, and of its dependents:
 /// `KeyValue::announce<&Note::titleChanged>(this)`. A setter must do this last, because a handler
 /// may delete the object, and whether or not the value differs.
 template <auto Signal, class Object>
 void announce(Object *object) {
+    // Most keys have no dependents: announcing them is as fast as emitting the signal.
+    static std::atomic<const QMetaObject *> classWithOneSignal = nullptr;
+    if constexpr (std::is_invocable_v<decltype(Signal), Object *>) {
+        if (object->metaObject() == classWithOneSignal.load(std::memory_order_relaxed)) {
+            Q_EMIT(object->*Signal)();
+            return;
+        }
+    }
     static std::atomic<const AnnouncementPlan *> lastPlan = nullptr;
     if (!announceBy(lastPlan.load(std::memory_order_acquire), object)) {
         const AnnouncementPlan *plan = announcementPlan(object, QMetaMethod::fromSignal(Signal));
         lastPlan.store(plan, std::memory_order_release);
+        if (hasOneSignal(plan)) {
+            classWithOneSignal.store(object->metaObject(), std::memory_order_relaxed);
+        }
         announceBy(plan, object);
     }
 }

@@ -31,10 +31,12 @@ int Observer::qt_metacall(QMetaObject::Call call, int method, void **arguments) 
     if (call != QMetaObject::InvokeMetaMethod || method != receiveMethod) {
         return QObject::qt_metacall(call, method, arguments);
     }
-    if (!m_isStopped) {
-        keyChanged();
-    }
+    deliver();
     return -1;
+}
+
+bool Observer::isAnnouncement(QMetaObject::Call call, int method) const {
+    return call == QMetaObject::InvokeMetaMethod && method == receiveMethod && !m_isStopped;
 }
 
 void Observer::deliver() {
@@ -59,9 +61,11 @@ PathObserver::PathObserver(QObject *object, const QByteArray &key, QByteArray re
     followRest();
 }
 
-void PathObserver::keyChanged() {
-    followRest();
-    deliver();
+int PathObserver::qt_metacall(QMetaObject::Call call, int method, void **arguments) {
+    if (isAnnouncement(call, method)) {
+        followRest();
+    }
+    return Observer::qt_metacall(call, method, arguments);
 }
 
 void PathObserver::followRest() {

@@ -24,8 +24,9 @@ public:
     int qt_metacall(QMetaObject::Call call, int method, void **arguments) override;
 
 protected:
-    /// Called for each announcement of the key while not stopped.
-    virtual void keyChanged() { deliver(); }
+    /// Returns whether these arguments of `qt_metacall` announce the key, and the observer is not
+    /// stopped.
+    bool isAnnouncement(QMetaObject::Call call, int method) const;
 
 private:
     std::function<void()> m_handler;
@@ -42,9 +43,7 @@ public:
     /// object lacks.
     PathObserver(QObject *object, const QByteArray &key, QByteArray rest,
                  std::function<void()> handler);
-
-protected:
-    void keyChanged() override;
+    int qt_metacall(QMetaObject::Call call, int method, void **arguments) override;
 
 private:
     /// Observes `rest` of the object that the key holds now, instead of the former one.
