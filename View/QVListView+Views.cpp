@@ -201,17 +201,22 @@ void QVListView::discardViews() {
         return;
     }
     const QRect kept = visiblePart(2);
+    QList<QWidget *> discarded;
     for (auto row = m_rowsWithView.begin(); row != m_rowsWithView.end();) {
         CollectionViewItem &item = *m_items.at(*row);
-        const QWidget *view = item.existingView();
+        QWidget *view = item.existingView();
         const QRect frame = view ? view->geometry() : QRect();
         const bool isFar = view && (frame.bottom() < kept.top() || frame.top() > kept.bottom());
         if (isFar && !item.isSelected() && !containsFocus(view) && item.discardView()) {
             m_knownHeights.insert(*row, frame.height());
+            discarded.append(view);
             row = m_rowsWithView.erase(row);
         } else {
             ++row;
         }
+    }
+    if (!discarded.isEmpty()) {
+        moveOut(discarded)->deleteLater();
     }
 }
 

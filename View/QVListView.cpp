@@ -143,16 +143,21 @@ void QVListView::removeItems() {
         m_items.clear();
         return;
     }
+    QWidget *discarded = moveOut(views);
+    // Before their parent is deleted: deleting the views one by one is fast, but as children each
+    // would search all pending deletions.
+    m_items.clear();
+    discarded->deleteLater();
+}
+
+QWidget *QVListView::moveOut(const QList<QWidget *> &views) {
     // Deleted later, because one of the views may be handling an event. Until then they stay in
     // the window: removing each from it would search the window's whole focus chain.
     auto *discarded = new QWidget(isWindow() ? nullptr : window());
     for (QWidget *view : views) {
         view->setParent(discarded);
     }
-    // Before their parent is deleted: deleting the views one by one is fast, but as children each
-    // would search all pending deletions.
-    m_items.clear();
-    discarded->deleteLater();
+    return discarded;
 }
 
 void QVListView::performBatchUpdates(const std::function<void()> &updates) {

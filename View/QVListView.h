@@ -160,6 +160,8 @@ private:
     void makeItems(const QVariantList &objects);
     /// Removes all items and views.
     void removeItems();
+    /// Moves `views` out of the list into a new hidden widget, which the caller must delete later.
+    QWidget *moveOut(const QList<QWidget *> &views);
     /// Forgets where the rows of the former items were.
     void forgetRows();
     /// Makes the views that the batch left out.
