@@ -5,6 +5,7 @@
 #include <QtCore/QMap>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStandardPaths>
+#include <array>
 #include <cstdlib>
 
 #include "Application/ApplicationError.h"
@@ -18,6 +19,9 @@ constexpr std::chrono::seconds SynchronizationTimeout(3600);
 constexpr std::chrono::seconds CommandTimeout(300);
 
 const QString VerifyCommand = QStringLiteral("verify");
+const QString SyncCommand = QStringLiteral("sync");
+const QString StatusCommand = QStringLiteral("status");
+const QString CheckCommand = QStringLiteral("check");
 
 QString tr(const char *text) {
     return QCoreApplication::translate("LaunchOptions", text);
@@ -75,14 +79,10 @@ bool hasDisplay() {
 
 /// Returns the command that the arguments state; empty if they state none.
 std::optional<ShellCommand> commandIn(QStringList arguments, bool json) {
-    using Name = ShellCommand::Name;
     const auto name =
         arguments.isEmpty() ? std::nullopt : ShellCommand::named(arguments.takeFirst());
-    if (!name || (json && *name != Name::Status) ||
-        (*name != Name::Synchronize && arguments.size() != (*name == Name::Check ? 1 : 0))) {
-        return {};
-    }
-    return ShellCommand{.name = *name, .arguments = arguments, .json = json};
+    return name ? std::optional(ShellCommand{.name = *name, .arguments = arguments, .json = json})
+                : std::nullopt;
 }
 
 std::chrono::seconds defaultTimeout(ShellCommand::Name name) {
@@ -94,11 +94,6 @@ std::optional<std::chrono::seconds> secondsIn(const QString &text) {
     bool isNumber = false;
     const int seconds = text.toInt(&isNumber);
     return isNumber && seconds > 0 ? std::optional(std::chrono::seconds(seconds)) : std::nullopt;
-}
-
-Error misfit() {
-    return applicationError(
-        tr("These options and arguments do not fit together. See “--help” for what is possible."));
 }
 
 /// The options and arguments that --help describes.
@@ -177,7 +172,10 @@ private:
     Expected<std::optional<Value>> readChoice(const QCommandLineOption &option,
                                               const QMap<QString, Value> &values) const;
     Error invalidValue(const QCommandLineOption &option) const;
-    bool isConsistent(const LaunchOptions &options) const;
+    /// Fails if the command does not exist, or if an option or argument is not one of the command,
+    /// or, without a command, of the program.
+    Expected<void> checkFit() const;
+    Expected<void> checkArguments() const;
 };
 
 void CommandLine::describeCommands() {
@@ -187,24 +185,27 @@ void CommandLine::describeCommands() {
            "if all is well, 1 if there are problems, or 2 if something could not be checked."),
         u'[' + VerifyCommand + u']');
     parser.addPositionalArgument(
-        QStringLiteral("sync"),
+        SyncCommand,
         tr("Synchronize these databases, or all, with their locations. Like the next two, this "
            "is done by Velmora if it is running. Exits with 0 if all is well, 1 if something "
            "failed, or 2 if "
            "the command could not be carried out."),
         QStringLiteral("| sync [DATABASE…]"));
     parser.addPositionalArgument(
-        QStringLiteral("status"),
+        StatusCommand,
         tr("Print whether everything is synchronized. Exits with 1 if something is not."),
         QStringLiteral("| status [--json]"));
     parser.addPositionalArgument(
-        QStringLiteral("check"),
+        CheckCommand,
         tr("Check whether the location with this title or address can be read and written. Exits "
            "with 1 if it cannot."),
         QStringLiteral("| check LOCATION"));
 }
 
 Expected<LaunchOptions> CommandLine::read() const {
+    if (Expected<void> fit = checkFit(); !fit) {
+        return failure(fit.error());
+    }
     const auto timed = readCommand();
     const auto looks =
         readChoice<QString>(appearance, {{QStringLiteral("light"), QStringLiteral("light")},
@@ -238,14 +239,13 @@ Expected<LaunchOptions> CommandLine::read() const {
     if (options.profile.isEmpty()) {
         return failure(invalidValue(profile));
     }
-    return isConsistent(options) ? Expected<LaunchOptions>(options) : failure(misfit());
+    return options;
 }
 
 Expected<CommandLine::TimedCommand> CommandLine::readCommand() const {
     TimedCommand timed{commandIn(parser.positionalArguments(), parser.isSet(json))};
     if (!timed.command) {
-        const bool isOfCommand = parser.isSet(timeout) || parser.isSet(removals);
-        return isOfCommand ? failure(misfit()) : Expected<TimedCommand>(timed);
+        return timed;
     }
     const auto seconds = parser.isSet(timeout) ? secondsIn(parser.value(timeout))
                                                : defaultTimeout(timed.command->name);
@@ -254,11 +254,10 @@ Expected<CommandLine::TimedCommand> CommandLine::readCommand() const {
     }
     timed.timeout = *seconds;
     const auto decision = ShellCommand::removalsNamed(parser.value(removals));
-    const bool isSync = timed.command->name == ShellCommand::Name::Synchronize;
-    if (parser.isSet(removals) && !(isSync && decision)) {
-        return failure(isSync ? invalidValue(removals) : misfit());
+    if (parser.isSet(removals) && !decision) {
+        return failure(invalidValue(removals));
     }
-    if (isSync) {
+    if (timed.command->name == ShellCommand::Name::Synchronize) {
         timed.command->removals = decision.value_or(RemovalDecision::Later);
     }
     return timed;
@@ -288,12 +287,57 @@ Error CommandLine::invalidValue(const QCommandLineOption &option) const {
                                 .arg(value, option.names().constFirst(), option.valueName()));
 }
 
-bool CommandLine::isConsistent(const LaunchOptions &options) const {
-    if (options.verify || options.command) {
-        return !options.describe && options.screenshot.isEmpty() && !options.sandboxed &&
-               !options.begin && !options.preferences && (options.verify || !options.repair);
+Expected<void> CommandLine::checkFit() const {
+    struct Use {
+        const QCommandLineOption &option;
+        /// Empty for options that need no command and fit none.
+        QStringList commands;
+    };
+    const std::array uses{Use{begin, {}},
+                          Use{preferences, {}},
+                          Use{screenshot, {}},
+                          Use{describe, {}},
+                          Use{sandboxed, {}},
+                          Use{repair, {VerifyCommand}},
+                          Use{json, {VerifyCommand, StatusCommand}},
+                          Use{timeout, {SyncCommand, StatusCommand, CheckCommand}},
+                          Use{removals, {SyncCommand}}};
+    const QString command = parser.positionalArguments().value(0);
+    for (const Use &use : uses) {
+        if (!parser.isSet(use.option)) {
+            continue;
+        }
+        const QString name = use.option.names().constFirst();
+        if (command.isEmpty() && !use.commands.isEmpty()) {
+            return failure(applicationError(
+                tr("“--%1” needs one of these commands: %2").arg(name, use.commands.join(u'|'))));
+        }
+        if (!command.isEmpty() && !use.commands.contains(command)) {
+            return failure(applicationError(
+                tr("“--%1” cannot be used with the command “%2”. Leave one of them out.")
+                    .arg(name, command)));
+        }
     }
-    return parser.positionalArguments().isEmpty() && !options.repair && !options.json;
+    return checkArguments();
+}
+
+Expected<void> CommandLine::checkArguments() const {
+    const QStringList arguments = parser.positionalArguments();
+    const QStringList commands{VerifyCommand, SyncCommand, StatusCommand, CheckCommand};
+    const QString command = arguments.value(0);
+    if (!arguments.isEmpty() && !commands.contains(command)) {
+        return failure(applicationError(
+            tr("“%1” is not a command. Use one of these: %2").arg(command, commands.join(u'|'))));
+    }
+    if (command == CheckCommand && arguments.size() != 2) {
+        return failure(applicationError(
+            tr("The command “check” needs one argument: the title or the address of a location.")));
+    }
+    if ((command == VerifyCommand || command == StatusCommand) && arguments.size() > 1) {
+        return failure(applicationError(
+            tr("The command “%1” has no arguments. Leave “%2” out.").arg(command, arguments[1])));
+    }
+    return {};
 }
 
 }  // namespace

@@ -372,8 +372,24 @@
         <translation>يحتاج «--profile» إلى مجلد قيمةً له.</translation>
     </message>
     <message>
-        <source>These options and arguments do not fit together. See “--help” for what is possible.</source>
-        <translation>لا يمكن الجمع بين هذه الخيارات والوسائط. انظر «⁨--help⁩» لمعرفة ما هو ممكن.</translation>
+        <source>“--%1” needs one of these commands: %2</source>
+        <translation>يحتاج «⁨--%1⁩» إلى أحد هذه الأوامر: ⁨%2⁩</translation>
+    </message>
+    <message>
+        <source>“--%1” cannot be used with the command “%2”. Leave one of them out.</source>
+        <translation>لا يمكن استخدام «⁨--%1⁩» مع الأمر «⁨%2⁩». احذف أحدهما.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a command. Use one of these: %2</source>
+        <translation>«⁨%1⁩» ليس أمرًا. استخدم أحد هذه: ⁨%2⁩</translation>
+    </message>
+    <message>
+        <source>The command “check” needs one argument: the title or the address of a location.</source>
+        <translation>يحتاج الأمر «check» إلى وسيط واحد: اسم الموقع أو عنوانه.</translation>
+    </message>
+    <message>
+        <source>The command “%1” has no arguments. Leave “%2” out.</source>
+        <translation>ليس للأمر «⁨%1⁩» وسائط. احذف «⁨%2⁩».</translation>
     </message>
 </context>
 <context>

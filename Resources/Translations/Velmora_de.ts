@@ -360,8 +360,24 @@
         <translation>„--profile“ braucht einen Ordner als Wert.</translation>
     </message>
     <message>
-        <source>These options and arguments do not fit together. See “--help” for what is possible.</source>
-        <translation>Diese Optionen und Argumente passen nicht zusammen. Was möglich ist, zeigt „--help“.</translation>
+        <source>“--%1” needs one of these commands: %2</source>
+        <translation>„--%1“ braucht einen dieser Befehle: %2</translation>
+    </message>
+    <message>
+        <source>“--%1” cannot be used with the command “%2”. Leave one of them out.</source>
+        <translation>„--%1“ passt nicht zum Befehl „%2“. Lassen Sie eines von beiden weg.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a command. Use one of these: %2</source>
+        <translation>„%1“ ist kein Befehl. Verwenden Sie einen dieser: %2</translation>
+    </message>
+    <message>
+        <source>The command “check” needs one argument: the title or the address of a location.</source>
+        <translation>Der Befehl „check“ braucht ein Argument: den Titel oder die Adresse eines Orts.</translation>
+    </message>
+    <message>
+        <source>The command “%1” has no arguments. Leave “%2” out.</source>
+        <translation>Der Befehl „%1“ hat keine Argumente. Lassen Sie „%2“ weg.</translation>
     </message>
 </context>
 <context>

@@ -360,8 +360,24 @@
         <translation>«--profile» necesita una carpeta como valor.</translation>
     </message>
     <message>
-        <source>These options and arguments do not fit together. See “--help” for what is possible.</source>
-        <translation>Estas opciones y argumentos no se pueden combinar. «--help» indica lo que es posible.</translation>
+        <source>“--%1” needs one of these commands: %2</source>
+        <translation>«--%1» necesita una de estas órdenes: %2</translation>
+    </message>
+    <message>
+        <source>“--%1” cannot be used with the command “%2”. Leave one of them out.</source>
+        <translation>«--%1» no se puede usar con la orden «%2». Omita uno de los dos.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a command. Use one of these: %2</source>
+        <translation>«%1» no es una orden. Use una de estas: %2</translation>
+    </message>
+    <message>
+        <source>The command “check” needs one argument: the title or the address of a location.</source>
+        <translation>La orden «check» necesita un argumento: el título o la dirección de una ubicación.</translation>
+    </message>
+    <message>
+        <source>The command “%1” has no arguments. Leave “%2” out.</source>
+        <translation>La orden «%1» no tiene argumentos. Omita «%2».</translation>
     </message>
 </context>
 <context>

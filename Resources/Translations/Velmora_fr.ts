@@ -360,8 +360,24 @@
         <translation>« --profile » attend un dossier comme valeur.</translation>
     </message>
     <message>
-        <source>These options and arguments do not fit together. See “--help” for what is possible.</source>
-        <translation>Ces options et ces arguments ne vont pas ensemble. « --help » indique les possibilités.</translation>
+        <source>“--%1” needs one of these commands: %2</source>
+        <translation>« --%1 » nécessite une de ces commandes : %2</translation>
+    </message>
+    <message>
+        <source>“--%1” cannot be used with the command “%2”. Leave one of them out.</source>
+        <translation>« --%1 » ne peut pas être utilisé avec la commande « %2 ». Omettez l’un des deux.</translation>
+    </message>
+    <message>
+        <source>“%1” is not a command. Use one of these: %2</source>
+        <translation>« %1 » n’est pas une commande. Utilisez une de celles-ci : %2</translation>
+    </message>
+    <message>
+        <source>The command “check” needs one argument: the title or the address of a location.</source>
+        <translation>La commande « check » nécessite un argument : le titre ou l’adresse d’un emplacement.</translation>
+    </message>
+    <message>
+        <source>The command “%1” has no arguments. Leave “%2” out.</source>
+        <translation>La commande « %1 » n’a pas d’arguments. Omettez « %2 ».</translation>
     </message>
 </context>
 <context>

@@ -357,8 +357,24 @@
         <translation>「--profile」の値にはフォルダを指定してください。</translation>
     </message>
     <message>
-        <source>These options and arguments do not fit together. See “--help” for what is possible.</source>
-        <translation>これらのオプションと引数は同時に指定できません。指定できる内容は「--help」で確認できます。</translation>
+        <source>“--%1” needs one of these commands: %2</source>
+        <translation>「--%1」には次のいずれかのコマンドが必要です: %2</translation>
+    </message>
+    <message>
+        <source>“--%1” cannot be used with the command “%2”. Leave one of them out.</source>
+        <translation>「--%1」はコマンド「%2」と一緒に使えません。どちらかを省いてください。</translation>
+    </message>
+    <message>
+        <source>“%1” is not a command. Use one of these: %2</source>
+        <translation>「%1」というコマンドはありません。次のいずれかを使ってください: %2</translation>
+    </message>
+    <message>
+        <source>The command “check” needs one argument: the title or the address of a location.</source>
+        <translation>コマンド「check」には同期先のタイトルまたはアドレスを1つ指定してください。</translation>
+    </message>
+    <message>
+        <source>The command “%1” has no arguments. Leave “%2” out.</source>
+        <translation>コマンド「%1」に引数はありません。「%2」を省いてください。</translation>
     </message>
 </context>
 <context>

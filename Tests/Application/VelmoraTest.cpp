@@ -208,6 +208,34 @@ private Q_SLOTS:
                  QStringList{QStringLiteral("profile.sqlite")});
     }
 
+    void whatDoesNotFitTogetherIsNamed_data() {
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<QList<QByteArray>>("words");
+        QTest::addColumn<int>("exitCode");
+        const auto row = [](const QString &options, const QList<QByteArray> &words, int exitCode) {
+            QTest::newRow(qPrintable(options)) << options.split(u' ') << words << exitCode;
+        };
+        row(QStringLiteral("sync --describe"), {"--describe", "sync"}, 2);
+        row(QStringLiteral("check Home --json"), {"--json", "check"}, 2);
+        row(QStringLiteral("status --removals keep"), {"--removals", "status"}, 2);
+        row(QStringLiteral("verify --begin empty"), {"--begin", "verify"}, 2);
+        row(QStringLiteral("--repair"), {"--repair", "verify"}, 1);
+        row(QStringLiteral("--timeout 9"), {"--timeout", "sync|status|check"}, 1);
+        row(QStringLiteral("synchronise"), {"synchronise", "verify|sync|status|check"}, 2);
+        row(QStringLiteral("check"), {"check", "location"}, 2);
+        row(QStringLiteral("status Home"), {"status", "Home"}, 2);
+    }
+    void whatDoesNotFitTogetherIsNamed() {
+        QFETCH(const QStringList, options);
+        QFETCH(const QList<QByteArray>, words);
+        const Run refused = run(QStringList{QStringLiteral("--profile"), profile()} + options);
+        QTEST(refused.exitCode, "exitCode");
+        for (const QByteArray &word : words) {
+            QVERIFY2(refused.errors.contains(word), refused.errors.constData());
+        }
+        QVERIFY(!QFile::exists(profile()));
+    }
+
     void aPictureThatCannotBeWrittenIsAnError() {
         const Run refused =
             run({QStringLiteral("--profile"), profile(), QStringLiteral("--screenshot"),
