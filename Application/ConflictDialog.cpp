@@ -9,6 +9,7 @@
 #include <QtWidgets/QScrollBar>
 
 #include "Application/Guide.h"
+#include "Application/LineAlignment.h"
 #include "Application/TextDifferences.h"
 #include "Application/WindowSize.h"
 #include "Platform/Foundation/DateText.h"
@@ -70,6 +71,7 @@ ConflictDialog::ConflictDialog(const Note &shown, const Note &other, QWidget *pa
 
 QWidget *ConflictDialog::makeSide(const QString &heading, const Note &note,
                                   QPlainTextEdit *view) const {
+    alignLines(*view);
     const QString date =
         note.modified.isValid() ? DateText::shortDate(note.modified) : tr("date unknown");
     auto *label = PlainText::label(tr("%1 (%2)").arg(heading, date));

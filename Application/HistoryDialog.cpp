@@ -16,6 +16,7 @@
 
 #include "Application/CountText.h"
 #include "Application/Guide.h"
+#include "Application/LineAlignment.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/WindowSize.h"
 #include "Platform/Foundation/DateText.h"
@@ -72,6 +73,7 @@ void HistoryDialog::makeWidgets() {
     m_list->setUniformRowHeights(true);
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->header()->setStretchLastSection(true);
+    alignLines(*m_text);
     m_text->setAccessibleName(tr("Text"));
     m_text->setReadOnly(true);
     auto *splitter = new QSplitter(Qt::Vertical);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "Application/LineAlignment.h"
 #include "Platform/Interface/PlainText.h"
 
 namespace {
@@ -46,6 +47,10 @@ Lines split(const QString &text) {
 }
 
 }  // namespace
+
+NoteTextEdit::NoteTextEdit(QWidget *parent) : QPlainTextEdit(parent) {
+    alignLines(*this);
+}
 
 bool NoteTextEdit::setNoteText(const QString &text) {
     const Lines split = ::split(PlainText::page(text));

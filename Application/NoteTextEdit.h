@@ -8,7 +8,7 @@
 class NoteTextEdit : public QPlainTextEdit {
     Q_OBJECT
 public:
-    using QPlainTextEdit::QPlainTextEdit;
+    explicit NoteTextEdit(QWidget *parent = nullptr);
 
     /// Maximum number of characters of a text into which something is inserted. A note of more
     /// bytes cannot be saved.

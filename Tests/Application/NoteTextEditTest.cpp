@@ -24,6 +24,21 @@ class NoteTextEditTest : public QObject {
     }
 
 private Q_SLOTS:
+    void linesBeginWhereTheLanguageBeginsThem() {
+        const auto beginning = [](Qt::LayoutDirection direction) {
+            QGuiApplication::setLayoutDirection(direction);
+            NoteTextEdit editor;
+            editor.resize(400, 200);
+            editor.show();
+            editor.setNoteText(QStringLiteral("\u0627\u0628"));
+            return editor.cursorRect().center().x();
+        };
+        const int fromRight = beginning(Qt::RightToLeft);
+        const int fromLeft = beginning(Qt::LeftToRight);
+        QVERIFY2(fromRight > 350 && fromLeft < 50,
+                 qPrintable(QStringLiteral("%1, %2").arg(fromRight).arg(fromLeft)));
+    }
+
     void everyCharacterSurvivesAnEditBesideIt() {
         constexpr char32_t last = 0x10FFFF;
         constexpr char32_t piece = 0x400;
