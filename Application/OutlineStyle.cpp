@@ -139,6 +139,20 @@ void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOption
     }
 }
 
+QIcon OutlineStyle::standardIcon(StandardPixmap icon, const QStyleOption *option,
+                                 const QWidget *widget) const {
+    return icon == SP_ToolBarHorizontalExtensionButton || icon == SP_ToolBarVerticalExtensionButton
+               ? QIcon()
+               : QProxyStyle::standardIcon(icon, option, widget);
+}
+
+QRect OutlineStyle::subElementRect(SubElement element, const QStyleOption *option,
+                                   const QWidget *widget) const {
+    return element == SE_ItemViewItemFocusRect
+               ? option->rect
+               : QProxyStyle::subElementRect(element, option, widget);
+}
+
 int OutlineStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
                               const QWidget *widget) const {
     const int usual = QProxyStyle::pixelMetric(metric, option, widget);

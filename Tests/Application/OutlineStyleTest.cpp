@@ -100,6 +100,7 @@ private Q_SLOTS:
         QFETCH(const bool, isSelected);
         TwoTables tables(m_style, 3);
         QVERIFY(QTest::qWaitForWindowActive(&tables.window));
+        tables.first.item(1, 0)->setCheckState(Qt::Unchecked);
         tables.first.setCurrentCell(
             1, 0, isSelected ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::Clear);
         const QRect item = tables.first.visualItemRect(tables.first.item(1, 0));
@@ -111,6 +112,9 @@ private Q_SLOTS:
         }
         // A frame, not only the letter.
         QVERIFY2(greatest >= Contrast::OfOutline, qPrintable(QString::number(greatest)));
+        // Also around the check mark.
+        const QColor side = picture.pixelColor(0, picture.height() / 2);
+        QVERIFY(Contrast::ratio(side, ground) >= Contrast::OfOutline);
     }
 
     void checkMarksGrowWithTheFont() {
