@@ -6,6 +6,7 @@
 #include <QtCore/QStandardPaths>
 #include <QtCore/QUuid>
 #include <QtWidgets/QPlainTextEdit>
+#include <algorithm>
 #include <cerrno>
 
 #include "Application/NotesView.h"
@@ -106,6 +107,21 @@ private Q_SLOTS:
         QVERIFY(journal.restore(m_host->library()).result);
         QCOMPARE(m_database->notes().value().first().title, note.title);
         QCOMPARE(m_database->notes().value().first().text, note.text);
+    }
+
+    void theTextOfADeletedDatabaseIsInTheInbox() {
+        Note note = m_database->notes().value().first();
+        note.text = QStringLiteral("Pack the tent.");
+        QVERIFY(unsavedTexts().keep(m_database->UUID(), note));
+        QVERIFY(m_host->library().deleteDatabase(m_database));
+        m_database.reset();
+        m_host->restart();
+        QCOMPARE(unsavedTexts().restore(m_host->library()).titles,
+                 QStringList{QStringLiteral("Trip")});
+        const QList<Note> notes = m_host->inbox()->notes().value();
+        QVERIFY(std::any_of(notes.begin(), notes.end(),
+                            [&](const Note &each) { return each.text == note.text; }));
+        QVERIFY(journalIn(cache()).isEmpty() && journalIn(m_host->directory()).isEmpty());
     }
 
     void aTextThatStillCannotBeSavedStaysThere() {
