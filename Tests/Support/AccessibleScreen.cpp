@@ -25,7 +25,7 @@ const QString ConnectionName = QStringLiteral("accessible-screen");
 constexpr char Accessible[] = "org.a11y.atspi.Accessible";
 constexpr char Action[] = "org.a11y.atspi.Action";
 constexpr char Text[] = "org.a11y.atspi.Text";
-constexpr uint ShownState = 1U << 25U;
+constexpr quint64 ShownState = 1U << 25U;
 
 QString addressOfBus(const QString &sessionBus) {
     QDBusConnection session =
@@ -59,12 +59,13 @@ QVariant valueOf(const QDBusPendingCall &call) {
     return value.canConvert<QDBusVariant>() ? value.value<QDBusVariant>().variant() : value;
 }
 
-bool isShownState(const QVariant &reply) {
+/// Returns the states as bits.
+quint64 statesIn(const QVariant &reply) {
     QList<uint> states;
     if (reply.canConvert<QDBusArgument>()) {
         reply.value<QDBusArgument>() >> states;
     }
-    return (states.value(0) & ShownState) != 0;
+    return states.value(0) | static_cast<quint64>(states.value(1)) << 32U;
 }
 
 /// Returns the names of a list of actions.
@@ -171,7 +172,8 @@ QList<AccessibleScreen::Widget> AccessibleScreen::readLevel(QList<Widget> &level
     }
     QList<Widget> shown;
     for (qsizetype i = 0; i < level.size(); ++i) {
-        if (isShownState(valueOf(states[i])) || level[i].parent < 0) {
+        level[i].states = statesIn(valueOf(states[i]));
+        if ((level[i].states & ShownState) != 0 || level[i].parent < 0) {
             shown.append(level[i]);
         }
     }
@@ -216,6 +218,25 @@ QStringList AccessibleScreen::awaitNoText(const QString &part) const {
         },
         EventTimeout);
     return shown;
+}
+
+QStringList AccessibleScreen::names(const QString &role, State state) const {
+    QStringList names;
+    for (const Widget &each : widgets()) {
+        if (each.role == role && each.isIn(state)) {
+            names.append(each.name);
+        }
+    }
+    return names;
+}
+
+QString AccessibleScreen::focused() const {
+    for (const Widget &each : widgets()) {
+        if (each.isIn(State::Focused)) {
+            return each.role + u' ' + each.name;
+        }
+    }
+    return {};
 }
 
 bool AccessibleScreen::perform(const QString &name, const QString &place,

@@ -14,6 +14,9 @@ class QDBusPendingCall;
 /// they wait. Must be used on the main thread.
 class AccessibleScreen {
 public:
+    /// States of a widget; the values are those of AT-SPI.
+    enum class State : uint { Checked = 4, Focused = 12, Selected = 23 };
+
     /// Exits the process with CannotRunExitCode, after writing the reason to standard error, if
     /// AT-SPI is not installed.
     static void require();
@@ -41,6 +44,11 @@ public:
     /// wait for the effect.
     bool perform(const QString &name, const QString &place = {}, const QString &action = {}) const;
 
+    /// Returns the names of the widgets of that role, such as "list item", that are in `state`.
+    QStringList names(const QString &role, State state) const;
+    /// Returns the role and the name of what has the keyboard, such as "button OK".
+    QString focused() const;
+
 private:
     /// A widget in another process.
     struct Widget {
@@ -53,6 +61,10 @@ private:
         QString role = {};
         /// The text in it; empty unless it can be selected.
         QString contents = {};
+        /// Bits.
+        quint64 states = 0;
+
+        bool isIn(State state) const { return (states >> static_cast<uint>(state) & 1U) != 0; }
     };
 
     QDBusPendingCall call(const Widget &widget, const char *interface, const char *function,
