@@ -252,9 +252,20 @@ void TableView::keyPressEvent(QKeyEvent *event) {
         return;
     }
     QTableWidget::keyPressEvent(event);
+    selectReachedRow(*event);
     if (event->key() == Qt::Key_Space && currentRow() >= 0) {
         m_clickedRow = currentRow();
         Q_EMIT action();
+    }
+}
+
+// Qt's keys select the row that they move to, so not the one on which the focus was set before.
+void TableView::selectReachedRow(const QKeyEvent &event) {
+    const QList<int> keys = {Qt::Key_Up,  Qt::Key_Down,   Qt::Key_Home,
+                             Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown};
+    if (keys.contains(event.key()) && event.modifiers() == Qt::NoModifier && currentRow() >= 0 &&
+        selectionMode() != MultiSelection && !selectionModel()->hasSelection()) {
+        selectRow(currentRow());
     }
 }
 

@@ -101,6 +101,7 @@ protected:
 private:
     /// Clicks the button `removeButton`, if it is enabled.
     void clickRemoveButton() const;
+    void selectReachedRow(const QKeyEvent &event);
     /// Reports an event of the item of a row.
     void announceRow(int row, QAccessible::Event event);
     /// Returns the height of a line of text with an icon and a check box.

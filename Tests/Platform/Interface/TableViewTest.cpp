@@ -259,6 +259,15 @@ private Q_SLOTS:
         QCOMPARE(m_table->clickedRow(), 1);
     }
 
+    void anArrowSelectsTheOnlyRow() {
+        m_table->setContent({1});
+        // As when Tab reaches the table.
+        m_table->setCurrentCell(0, 0, QItemSelectionModel::NoUpdate);
+        QCOMPARE(m_table->selectedRow(), -1);
+        QTest::keyClick(m_table.get(), Qt::Key_Down);
+        QCOMPARE(m_table->selectedRow(), 0);
+    }
+
     void homeAndEndGoToTheFirstAndTheLastRow() {
         m_table->setContent({1, 2, 3, 4});
         m_table->setCurrentCell(1, 0);
