@@ -120,6 +120,7 @@ void Tour::run() {
     }
     undoRemoval();
     undoDeletion();
+    deleteDatabase();
     editInTwoPlaces();
     verify();
     leave();
@@ -503,6 +504,27 @@ void Tour::undoDeletion() {
     User::choose(QStringLiteral("Undo Delete Note"));
     User::await(QStringLiteral("the note"), [this] { return tourNote().has_value(); });
     show(QStringLiteral("deletion-undone"), QStringLiteral("The note is there again."));
+}
+
+void Tour::deleteDatabase() {
+    User::clickItem(QStringLiteral("Databases"), OtherComputer::Database);
+    User::choose(QStringLiteral("Database"));
+    User::choose(QStringLiteral("Delete…"));
+    show(QStringLiteral("database-deletion"),
+         QStringLiteral("“Travel” is deleted from this computer. The question says how many notes "
+                        "it has, and which locations keep it."));
+    User::click(QStringLiteral("Delete"));
+    User::await(QStringLiteral("the deletion"),
+                [this] { return !knownDatabase(m_surroundings.library, OtherComputer::Database); });
+    show(QStringLiteral("database-deleted"),
+         QStringLiteral("For ten minutes, “Undo” brings it back with its notes and ticks."));
+    User::click(QStringLiteral("Undo"));
+    User::await(QStringLiteral("the restored notes"), [this] {
+        return hasNote(m_surroundings.library, OtherComputer::Database, OtherComputer::NoteTitle,
+                       OtherComputer::NoteText);
+    });
+    show(QStringLiteral("database-restored"), QStringLiteral("It is there again."));
+    User::clickItem(QStringLiteral("Databases"), DatabaseName);
 }
 
 void Tour::editInTwoPlaces() {

@@ -68,6 +68,7 @@ private:
     void failToWrite();
     void undoRemoval();
     void undoDeletion();
+    void deleteDatabase();
     void editInTwoPlaces();
     void verify();
     void leave();
