@@ -11,12 +11,13 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QSplitter>
-#include <QtWidgets/QTreeWidget>
 #include <algorithm>
 
 #include "Application/CountText.h"
 #include "Application/Guide.h"
 #include "Application/LineAlignment.h"
+#include "Application/NoteVersionsList.h"
+#include "Application/NoteVersionsModel.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/WindowSize.h"
 #include "Platform/Foundation/DateText.h"
@@ -29,16 +30,6 @@ namespace {
 constexpr int MostDays = 3650;
 constexpr int MostMegabytes = 100000;
 
-QTreeWidgetItem *rowWith(QStringList texts) {
-    std::transform(texts.begin(), texts.end(), texts.begin(), &PlainText::message);
-    auto *row = new QTreeWidgetItem(texts);
-    row->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren);
-    for (int column = 0; column < texts.size(); ++column) {
-        row->setToolTip(column, PlainText::toolTip(texts.at(column)));
-    }
-    return row;
-}
-
 }  // namespace
 
 HistoryDialog::HistoryDialog(NoteLibrary *library, const std::shared_ptr<NoteDatabase> &database,
@@ -47,7 +38,11 @@ HistoryDialog::HistoryDialog(NoteLibrary *library, const std::shared_ptr<NoteDat
       m_library(library),
       m_database(database),
       m_note(note),
-      m_list(new QTreeWidget),
+      m_versions(new NoteVersionsModel(
+          {tr("Title"), tr("When"), tr("Change")},
+          [this](const VersionsPart &part) { return read(part); },
+          [this](const NoteVersion &version) { return textsOf(version); }, this)),
+      m_list(new NoteVersionsList(m_versions)),
       m_text(new QPlainTextEdit),
       m_explanation(PlainText::label()),
       m_restoreButton(new QPushButton(tr("&Restore"))),
@@ -58,9 +53,10 @@ HistoryDialog::HistoryDialog(NoteLibrary *library, const std::shared_ptr<NoteDat
     resize(WindowSize::of(*this, 110, 32));
     new HeightKeeper(this);
     makeWidgets();
-    connect(m_list, &QTreeWidget::currentItemChanged, this, &HistoryDialog::showText);
-    connect(m_list, &QTreeWidget::itemSelectionChanged, this,
-            [this] { m_restoreButton->setEnabled(!m_list->selectedItems().isEmpty()); });
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &HistoryDialog::showText);
+    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { m_restoreButton->setEnabled(m_list->selectionModel()->hasSelection()); });
     connect(m_restoreButton, &QPushButton::clicked, this, &HistoryDialog::restore);
     connect(m_database.get(), &NoteDatabase::notesChanged, this, &HistoryDialog::showVersions);
     showVersions();
@@ -68,10 +64,6 @@ HistoryDialog::HistoryDialog(NoteLibrary *library, const std::shared_ptr<NoteDat
 
 void HistoryDialog::makeWidgets() {
     m_list->setAccessibleName(windowTitle());
-    m_list->setHeaderLabels({tr("Title"), tr("When"), tr("Change")});
-    m_list->setRootIsDecorated(false);
-    m_list->setUniformRowHeights(true);
-    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->header()->setStretchLastSection(true);
     alignLines(*m_text);
     m_text->setAccessibleName(tr("Text"));
@@ -137,38 +129,46 @@ QWidget *HistoryDialog::makeLimits() {
     return widget;
 }
 
+Expected<QList<NoteVersion>> HistoryDialog::read(const VersionsPart &part) const {
+    return isOfNote() ? m_database->earlierVersions(m_note.UUID, part)
+                      : m_database->deletedNotes(part);
+}
+
 void HistoryDialog::showVersions() {
-    const Expected<QList<NoteVersion>> versions =
-        isOfNote() ? m_database->earlierVersions(m_note.UUID) : m_database->deletedNotes();
-    if (!versions) {
-        NSApp()->presentError(versions.error());
+    // At its end it would go on reading.
+    m_list->scrollToTop();
+    if (!presentIfFailed(m_versions->reload())) {
         return;
     }
-    m_versions = *versions;
-    m_list->clear();
-    for (const NoteVersion &version : std::as_const(m_versions)) {
-        const QString title = PlainText::message(version.title).simplified();
-        m_list->addTopLevelItem(rowWith({title.isEmpty() ? tr("Untitled") : title,
-                                         DateText::shortDate(version.ended), changeText(version)}));
-    }
+    adjustColumns();
+    m_list->setCurrentIndex(m_versions->index(0, 0));
+    m_explanation->setText(explanation());
+    showText();
+}
+
+void HistoryDialog::adjustColumns() {
     m_list->resizeColumnToContents(1);
     const int gap = 2 * fontMetrics().averageCharWidth();
     m_list->setColumnWidth(1, m_list->columnWidth(1) + gap);
     m_list->setColumnWidth(0, width() / 3);
-    m_list->setCurrentItem(m_list->topLevelItem(0));
-    if (m_versions.isEmpty()) {
-        m_explanation->setText(
-            isOfNote() ? tr("No earlier versions of this note are kept.")
-                       : PlainText::message(
-                             tr("No deleted notes of “%1” are kept.").arg(m_database->name())));
-    } else {
-        m_explanation->setText(isOfNote()
-                                   ? tr("A restored version replaces the note, whose present text "
-                                        "is then kept here.")
-                                   : tr("Restored notes are synchronized again. They then also "
-                                        "return on your other computers."));
+}
+
+QString HistoryDialog::explanation() const {
+    if (m_versions->rowCount() > 0) {
+        return isOfNote() ? tr("A restored version replaces the note, whose present text "
+                               "is then kept here.")
+                          : tr("Restored notes are synchronized again. They then also "
+                               "return on your other computers.");
     }
-    showText();
+    return isOfNote() ? tr("No earlier versions of this note are kept.")
+                      : PlainText::message(
+                            tr("No deleted notes of “%1” are kept.").arg(m_database->name()));
+}
+
+QStringList HistoryDialog::textsOf(const NoteVersion &version) const {
+    const QString title = PlainText::message(version.title).simplified();
+    return {title.isEmpty() ? tr("Untitled") : title, DateText::shortDate(version.ended),
+            changeText(version)};
 }
 
 QString HistoryDialog::changeText(const NoteVersion &version) const {
@@ -181,21 +181,21 @@ QString HistoryDialog::changeText(const NoteVersion &version) const {
 }
 
 void HistoryDialog::showText() {
-    const int row = m_list->indexOfTopLevelItem(m_list->currentItem());
-    if (row < 0 || row >= m_versions.size()) {
+    const QModelIndex current = m_list->currentIndex();
+    if (!current.isValid()) {
         m_text->clear();
         return;
     }
-    const Expected<Note> note = m_database->noteOfVersion(m_versions.at(row));
+    const Expected<Note> note = m_database->noteOfVersion(m_versions->version(current.row()));
     m_text->setPlainText(PlainText::page(note ? note->text : note.error().localizedDescription));
 }
 
 void HistoryDialog::restore() {
+    QModelIndexList rows = m_list->selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
     QList<NoteVersion> chosen;
-    for (int row = 0; row < m_versions.size(); ++row) {
-        if (m_list->topLevelItem(row)->isSelected()) {
-            chosen.append(m_versions.at(row));
-        }
+    for (const QModelIndex &row : std::as_const(rows)) {
+        chosen.append(m_versions->version(row.row()));
     }
     // The last one stays if several versions of one note are chosen.
     for (auto version = chosen.crbegin(); version != chosen.crend(); ++version) {

@@ -5,15 +5,17 @@
 
 #include "Application/Interface/NoteLibrary.h"
 
+class NoteVersionsList;
+class NoteVersionsModel;
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
 class QSpinBox;
-class QTreeWidget;
 
 /// A sheet that lists notes that were replaced or deleted, shows their texts and restores them. It
 /// also changes how long they are kept, when it is closed. Must be used on the main thread. It
-/// reads the list again whenever the notes of the database change. The texts are shown as plain
+/// reads the beginning of the list again whenever the notes of the database change, and the rest as
+/// the user scrolls to it. The texts are shown as plain
 /// text.
 class HistoryDialog : public QDialog {
     Q_OBJECT
@@ -44,8 +46,14 @@ private:
     void makeWidgets();
     /// Returns the line with the limits, which are disabled if they cannot be read.
     QWidget *makeLimits();
+    /// Reads a part of the versions.
+    Expected<QList<NoteVersion>> read(const VersionsPart &part) const;
     /// Reads the versions again. Presents an error if they cannot be read.
     void showVersions();
+    void adjustColumns();
+    QString explanation() const;
+    /// Returns the texts of a row.
+    QStringList textsOf(const NoteVersion &version) const;
     /// Returns how the version ended, for the user.
     QString changeText(const NoteVersion &version) const;
     /// Shows the text of the current version.
@@ -64,9 +72,8 @@ private:
     const std::shared_ptr<NoteDatabase> m_database;
     /// The note that is shown in the main window; no UUID if the dialog lists deleted notes.
     Note m_note;
-    /// In the order of the rows.
-    QList<NoteVersion> m_versions;
-    QTreeWidget *m_list;
+    NoteVersionsModel *m_versions;
+    NoteVersionsList *m_list;
     QPlainTextEdit *m_text;
     QLabel *m_explanation;
     QPushButton *m_restoreButton;

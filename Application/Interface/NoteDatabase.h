@@ -2,6 +2,7 @@
 
 #include <QtCore/QDateTime>
 #include <QtCore/QSet>
+#include <limits>
 
 #include "Application/Interface/InterfaceExport.h"
 #include "Host/QVDatabase.h"
@@ -53,6 +54,15 @@ struct NoteVersion {
     QString place;
 };
 
+/// A part of a list of versions. A value.
+struct VersionsPart {
+    /// The identifier of the version behind which the part begins; the default begins with the
+    /// first one.
+    qint64 before = std::numeric_limits<qint64>::max();
+    /// The largest number of versions.
+    int count = std::numeric_limits<int>::max();
+};
+
 /// A database with its notes, as the application edits it. Must be used on the main thread. A call
 /// that returns an error has no effect; otherwise the change is durable when the call returns.
 class INTERFACE_EXPORT NoteDatabase : public QVDatabase {
@@ -101,12 +111,13 @@ public:
     /// replaced or removed meanwhile.
     virtual Expected<void> resolveConflict(Note &kept, const Note &removed) = 0;
 
-    /// Returns the notes that were deleted, here or by a synchronization, as they were last; the
-    /// one deleted last comes first. Notes that the profile no longer keeps are not among them, see
-    /// NoteLibrary::historyLimits.
-    virtual Expected<QList<NoteVersion>> deletedNotes() const = 0;
-    /// Returns the earlier versions of the note `UUID`, the one replaced last first.
-    virtual Expected<QList<NoteVersion>> earlierVersions(const QString &UUID) const = 0;
+    /// Returns a part of the notes that were deleted, here or by a synchronization, as they were
+    /// last; the one deleted last comes first. Notes that the profile no longer keeps are not among
+    /// them, see NoteLibrary::historyLimits.
+    virtual Expected<QList<NoteVersion>> deletedNotes(const VersionsPart &part = {}) const = 0;
+    /// Returns a part of the earlier versions of the note `UUID`, the one replaced last first.
+    virtual Expected<QList<NoteVersion>> earlierVersions(const QString &UUID,
+                                                         const VersionsPart &part = {}) const = 0;
     /// Returns the complete note of `version`, with an empty revision, so that saving it restores
     /// it as a new edit. Fails if the version is no longer kept.
     virtual Expected<Note> noteOfVersion(const NoteVersion &version) const = 0;

@@ -78,12 +78,13 @@ Expected<void> EngineDatabase::resolveConflict(Note &kept, const Note &removed) 
     return {};
 }
 
-Expected<QList<NoteVersion>> EngineDatabase::deletedNotes() const {
-    return m_log.history().deletedNotes();
+Expected<QList<NoteVersion>> EngineDatabase::deletedNotes(const VersionsPart &part) const {
+    return m_log.history().deletedNotes(part);
 }
 
-Expected<QList<NoteVersion>> EngineDatabase::earlierVersions(const QString &UUID) const {
-    return m_log.earlierVersions(UUID);
+Expected<QList<NoteVersion>> EngineDatabase::earlierVersions(const QString &UUID,
+                                                             const VersionsPart &part) const {
+    return m_log.earlierVersions(UUID, part);
 }
 
 Expected<Note> EngineDatabase::noteOfVersion(const NoteVersion &version) const {

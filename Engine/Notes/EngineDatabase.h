@@ -60,8 +60,9 @@ public:
     Expected<void> saveNote(Note &note) override;
     Expected<bool> removeNote(const Note &note) override;
     Expected<void> resolveConflict(Note &kept, const Note &removed) override;
-    Expected<QList<NoteVersion>> deletedNotes() const override;
-    Expected<QList<NoteVersion>> earlierVersions(const QString &UUID) const override;
+    Expected<QList<NoteVersion>> deletedNotes(const VersionsPart &part = {}) const override;
+    Expected<QList<NoteVersion>> earlierVersions(const QString &UUID,
+                                                 const VersionsPart &part = {}) const override;
     Expected<Note> noteOfVersion(const NoteVersion &version) const override;
 
     /// Returns the operations of the database. The reference is valid as long as this object.

@@ -98,14 +98,15 @@ Expected<void> NoteHistory::add(QSqlQuery &addition, const OperationId &identifi
                                     ProfileDatabase::text(place), m_database, identifier});
 }
 
-Expected<QList<NoteVersion>> NoteHistory::read(const QString &condition,
-                                               const QVariantList &values) const {
+Expected<QList<NoteVersion>> NoteHistory::read(const QString &condition, const QVariantList &values,
+                                               const VersionsPart &part) const {
     QList<NoteVersion> versions;
     const Expected<void> done = m_profile.read(
-        QStringLiteral("SELECT id, note_uuid, CAST(substr(title, 1, 200) AS BLOB), modified,"
-                       " ended, place FROM versions WHERE database = ? AND %1 ORDER BY id DESC")
+        QStringLiteral(
+            "SELECT id, note_uuid, CAST(substr(title, 1, 200) AS BLOB), modified,"
+            " ended, place FROM versions AS v WHERE %1 AND id < ? ORDER BY id DESC LIMIT ?")
             .arg(condition),
-        QVariantList{m_database} + values, [&](const QSqlQuery &row) {
+        values + QVariantList{part.before, part.count}, [&](const QSqlQuery &row) {
             versions.append({row.value(0).toLongLong(), row.value(1).toString(),
                              ProfileDatabase::exactText(row.value(2)), dateIn(row.value(3)),
                              dateIn(row.value(4)), row.value(5).toString()});
@@ -116,18 +117,22 @@ Expected<QList<NoteVersion>> NoteHistory::read(const QString &condition,
     return versions;
 }
 
-Expected<QList<NoteVersion>> NoteHistory::deletedNotes() const {
-    return read(QStringLiteral("id IN (SELECT max(id) FROM versions AS v WHERE database = ?"
-                               " AND NOT EXISTS (SELECT 1 FROM operations AS o"
+Expected<QList<NoteVersion>> NoteHistory::deletedNotes(const VersionsPart &part) const {
+    // The last version of a note that is not there. Without the plus, each part would be chosen
+    // from all versions, which an index has in another order.
+    return read(QStringLiteral("+v.database = ? AND NOT EXISTS (SELECT 1 FROM operations AS o"
                                "  WHERE o.database = v.database AND o.note_uuid = v.note_uuid)"
-                               " GROUP BY note_uuid)"),
-                {m_database});
+                               " AND NOT EXISTS (SELECT 1 FROM versions AS later"
+                               "  WHERE later.database = v.database"
+                               "  AND later.note_uuid = v.note_uuid AND later.id > v.id)"),
+                {m_database}, part);
 }
 
-Expected<QList<NoteVersion>> NoteHistory::versions(const QStringList &UUIDs) const {
+Expected<QList<NoteVersion>> NoteHistory::versions(const QStringList &UUIDs,
+                                                   const VersionsPart &part) const {
     const QStringList places(UUIDs.size(), QStringLiteral("?"));
-    return read(QStringLiteral("note_uuid IN (%1)").arg(places.join(u',')),
-                QVariantList(UUIDs.begin(), UUIDs.end()));
+    return read(QStringLiteral("v.database = ? AND note_uuid IN (%1)").arg(places.join(u',')),
+                QVariantList{m_database} + QVariantList(UUIDs.begin(), UUIDs.end()), part);
 }
 
 Expected<bool> NoteHistory::contains(const OperationId &identifier) const {

@@ -31,9 +31,9 @@ public:
                        const QString &place) const;
 
     /// See NoteDatabase::deletedNotes.
-    Expected<QList<NoteVersion>> deletedNotes() const;
-    /// Returns the versions of the notes `UUIDs`, the last one to be replaced first.
-    Expected<QList<NoteVersion>> versions(const QStringList &UUIDs) const;
+    Expected<QList<NoteVersion>> deletedNotes(const VersionsPart &part) const;
+    /// Returns a part of the versions of the notes `UUIDs`, the last one to be replaced first.
+    Expected<QList<NoteVersion>> versions(const QStringList &UUIDs, const VersionsPart &part) const;
     /// Returns whether a version of the same note has the title and the text of the current
     /// operation `identifier`.
     Expected<bool> contains(const OperationId &identifier) const;
@@ -62,7 +62,9 @@ public:
     static Expected<void> pruneAll(const ProfileDatabase &profile, const QDateTime &now);
 
 private:
-    Expected<QList<NoteVersion>> read(const QString &condition, const QVariantList &values) const;
+    /// Returns a part of the versions for which the SQL expression `condition` is true.
+    Expected<QList<NoteVersion>> read(const QString &condition, const QVariantList &values,
+                                      const VersionsPart &part) const;
 
     const ProfileDatabase &m_profile;
     const qint64 m_database;

@@ -595,7 +595,8 @@ Expected<void> NoteLog::recountConflicts() const {
         {m_database, m_database});
 }
 
-Expected<QList<NoteVersion>> NoteLog::earlierVersions(const QString &noteUUID) const {
+Expected<QList<NoteVersion>> NoteLog::earlierVersions(const QString &noteUUID,
+                                                      const VersionsPart &part) const {
     const Expected<std::optional<Operation>> shown =
         shownAs(noteUUID).and_then([&](const OperationId &id) { return operation(id); });
     if (!shown) {
@@ -605,7 +606,7 @@ Expected<QList<NoteVersion>> NoteLog::earlierVersions(const QString &noteUUID) c
     if (*shown && (*shown)->note != noteUUID) {
         UUIDs.append((*shown)->note);
     }
-    return m_history.versions(UUIDs);
+    return m_history.versions(UUIDs, part);
 }
 
 Expected<QList<OperationId>> NoteLog::operationIds() const {

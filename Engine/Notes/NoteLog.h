@@ -146,8 +146,9 @@ public:
     Expected<bool> isCountOfConflictsSound() const;
     /// Counts the conflicts and records their number. O(n).
     Expected<void> recountConflicts() const;
-    /// Returns the earlier versions of what shows as the note `noteUUID`.
-    Expected<QList<NoteVersion>> earlierVersions(const QString &noteUUID) const;
+    /// Returns a part of the earlier versions of what shows as the note `noteUUID`.
+    Expected<QList<NoteVersion>> earlierVersions(const QString &noteUUID,
+                                                 const VersionsPart &part) const;
     const NoteHistory &history() const { return m_history; }
 
     /// Returns the id of the database's row.

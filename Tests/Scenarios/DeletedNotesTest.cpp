@@ -5,12 +5,14 @@
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QSpinBox>
-#include <QtWidgets/QTreeWidget>
 
 #include "Application/EventLog.h"
 #include "Application/HistoryDialog.h"
 #include "Application/MainWindow.h"
+#include "Application/NoteVersionsList.h"
+#include "Application/NoteVersionsModel.h"
 #include "Application/RemovalDialog.h"
 #include "Engine/Notes/Transaction.h"
 #include "Host/InboxUUID.h"
@@ -81,8 +83,12 @@ private:
         }
         QFAIL(qPrintable(title));
     }
-    static QTreeWidget *list(const HistoryDialog *dialog) {
-        return dialog->findChild<QTreeWidget *>();
+    static NoteVersionsList *list(const HistoryDialog *dialog) {
+        return dialog->findChild<NoteVersionsList *>();
+    }
+    static int rowsOf(const HistoryDialog *dialog) { return list(dialog)->model()->rowCount(); }
+    static QString textIn(const HistoryDialog *dialog, int row, int column) {
+        return list(dialog)->model()->index(row, column).data().toString();
     }
     static QString preview(const HistoryDialog *dialog) {
         return dialog->findChild<QPlainTextEdit *>()->toPlainText();
@@ -144,17 +150,16 @@ private Q_SLOTS:
         action(QStringLiteral("Deleted Notes…"))->trigger();
         auto *dialog = openDialog<HistoryDialog>();
         QVERIFY(dialog);
-        QCOMPARE(list(dialog)->topLevelItemCount(), 2);
-        QCOMPARE(list(dialog)->topLevelItem(0)->text(0), QStringLiteral("Note 01"));
-        QCOMPARE(list(dialog)->topLevelItem(0)->text(2),
-                 QStringLiteral("Deleted on this computer"));
+        QCOMPARE(rowsOf(dialog), 2);
+        QCOMPARE(textIn(dialog, 0, 0), QStringLiteral("Note 01"));
+        QCOMPARE(textIn(dialog, 0, 2), QStringLiteral("Deleted on this computer"));
         QCOMPARE(preview(dialog), QStringLiteral("Text 1"));
         QTest::keyClick(list(dialog), Qt::Key_Down);
         QCOMPARE(preview(dialog), QStringLiteral("Text 0"));
         press(dialog, QStringLiteral("Restore"));
         QCOMPARE(titles().size(), 19);
         QVERIFY(titles().contains(QStringLiteral("Note 00")));
-        QCOMPARE(list(dialog)->topLevelItemCount(), 1);
+        QCOMPARE(rowsOf(dialog), 1);
         QTest::keyClick(dialog, Qt::Key_Escape);
         QVERIFY(!openDialog<HistoryDialog>());
         QCOMPARE(text()->toPlainText(), QStringLiteral("Text 0"));
@@ -167,15 +172,45 @@ private Q_SLOTS:
         action(QStringLiteral("Earlier Versions…"))->trigger();
         auto *dialog = openDialog<HistoryDialog>();
         QVERIFY(dialog);
-        QCOMPARE(list(dialog)->topLevelItemCount(), 1);
-        QCOMPARE(list(dialog)->topLevelItem(0)->text(2),
-                 QStringLiteral("Replaced on this computer"));
+        QCOMPARE(rowsOf(dialog), 1);
+        QCOMPARE(textIn(dialog, 0, 2), QStringLiteral("Replaced on this computer"));
         QCOMPARE(preview(dialog), QStringLiteral("Text 0"));
         press(dialog, QStringLiteral("Restore"));
         QCOMPARE(preview(dialog), QStringLiteral("nothing"));
         press(dialog, QStringLiteral("Close"));
         QCOMPARE(text()->toPlainText(), QStringLiteral("Text 0"));
         QCOMPARE(inbox()->notes().value().size(), 20);
+    }
+
+    void veryManyAreReadInParts() {
+        constexpr int count = 100'000;
+        QVERIFY(m_host->engine().profile().run(
+            QStringLiteral("WITH RECURSIVE numbers(i) AS (SELECT 1 UNION ALL SELECT i + 1"
+                           "  FROM numbers WHERE i < %1)"
+                           " INSERT INTO versions (ended, size, database, note_uuid, place,"
+                           "  modified, title, text)"
+                           " SELECT %2, 500, (SELECT id FROM databases WHERE is_inbox),"
+                           "  substr('00000000' || i, -8) || '-0000-4000-8000-000000000000', '', 1,"
+                           "  'Gone ' || i, 'Text ' || i FROM numbers")
+                .arg(count)
+                .arg(QDateTime::currentMSecsSinceEpoch())));
+        action(QStringLiteral("Deleted Notes…"))->trigger();
+        auto *dialog = openDialog<HistoryDialog>();
+        QCoreApplication::processEvents();
+        constexpr int part = NoteVersionsModel::RowsAtOnce;
+        QCOMPARE(rowsOf(dialog), part);
+        QCOMPARE(textIn(dialog, 0, 0), QStringLiteral("Gone 100000"));
+        list(dialog)->scrollToBottom();
+        QCOMPARE(rowsOf(dialog), 2 * part);
+        QCOMPARE(textIn(dialog, part, 0), QStringLiteral("Gone %1").arg(count - part));
+        QTest::keyClick(list(dialog), Qt::Key_End);
+        QCOMPARE(rowsOf(dialog), count);
+        QCOMPARE(preview(dialog), QStringLiteral("Text 1"));
+        // Reading begins again when something has changed.
+        press(dialog, QStringLiteral("Restore"));
+        QCOMPARE(rowsOf(dialog), part);
+        list(dialog)->selectAll();
+        QCOMPARE(list(dialog)->selectionModel()->selectedRows().size(), count - 1);
     }
 
     void aQuestionThatGoesWithItsWindowIsAskedAgain() {
@@ -296,9 +331,9 @@ private Q_SLOTS:
         // What was removed can be restored together.
         action(QStringLiteral("Deleted Notes…"))->trigger();
         auto *history = openDialog<HistoryDialog>();
-        QCOMPARE(list(history)->topLevelItemCount(), 20);
-        QVERIFY(list(history)->topLevelItem(0)->text(2).startsWith(
-            QStringLiteral("Deleted by a synchronization with “")));
+        QCOMPARE(rowsOf(history), 20);
+        QVERIFY(textIn(history, 0, 2)
+                    .startsWith(QStringLiteral("Deleted by a synchronization with “")));
         list(history)->selectAll();
         press(history, QStringLiteral("Restore"));
         QCOMPARE(titles().size(), 20);

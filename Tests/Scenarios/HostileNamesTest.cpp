@@ -155,7 +155,7 @@ private Q_SLOTS:
             [](RemovalDecision) {}, m_window.get());
         removal->show();
         const ShownName shown(ShownName::Hostile);
-        QVERIFY(!shown.places().filter(QStringLiteral("QTreeWidget")).isEmpty());
+        QVERIFY(!shown.places().filter(QStringLiteral("NoteVersionsList")).isEmpty());
         QVERIFY(!shown.places().filter(QStringLiteral("QLabel")).isEmpty());
         QCOMPARE(shown.misreadPlaces(), QStringList());
         removal->close();

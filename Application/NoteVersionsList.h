@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QtWidgets/QTreeView>
+
+class NoteVersionsModel;
+
+/// A list whose rows are read as the user scrolls to them. All of them are read before all are
+/// selected or the last one is gone to, so that neither leaves any out.
+class NoteVersionsList : public QTreeView {
+    Q_OBJECT
+public:
+    /// `versions` is not owned, must outlive the list, and must not be null.
+    explicit NoteVersionsList(NoteVersionsModel *versions);
+
+    void selectAll() override;
+
+protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+
+private:
+    void readAll();
+
+    NoteVersionsModel *const m_versions;
+};
