@@ -210,7 +210,6 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
         return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
     }
     const QStringList names = m_unread.first(qMin(m_unread.size(), NamesAtOnce));
-    m_unread.remove(0, names.size());
     const auto read = records.readSome(
         names, ReadAtOnce, [this] { progress().advance(m_pass == Pass::Comparing ? 1 : 0); });
     QStringList left;
@@ -223,9 +222,8 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
             return taken;
         }
     }
-    if (!left.isEmpty()) {
-        m_unread = left + m_unread;
-    }
+    m_unread.remove(0, names.size() - left.size());
+    std::copy(left.begin(), left.end(), m_unread.begin());
     return m_pass == Pass::Comparing ? compareTransactions() : Expected<void>();
 }
 
