@@ -35,6 +35,7 @@
 #include "Support/FreePort.h"
 #include "Support/HostileDiscoveryDaemon.h"
 #include "Support/HostileSecretService.h"
+#include "Support/HostileStore.h"
 #include "Support/KeychainRemoval.h"
 #include "Support/MessageRecorder.h"
 #include "Support/PeakMemory.h"
@@ -312,7 +313,7 @@ class HostileServersTest : public QObject {
     }
 
     /// Measures a synchronization of the inbox with the location of the last visit.
-    void measureSynchronization(qint64 kept = 0) {
+    void measureSynchronization(qint64 kept = 0, int deadline = 60000) {
         const auto state = m_host->addState(m_location, m_host->inbox());
         state->setEnabled(true);
         m_host->save();
@@ -325,7 +326,7 @@ class HostileServersTest : public QObject {
                                                                    [isDone] { *isDone = true; });
             return [isDone] { return *isDone; };
         };
-        measure(synchronize, 60000, kept);
+        measure(synchronize, deadline, kept);
     }
 
     /// The number of megabytes that are kept of the visit `name`.
@@ -866,6 +867,67 @@ private Q_SLOTS:
             size += record.size();
         }
         QCOMPARE_GE(size, characters * (character == QChar(1) ? 6 : 1));
+    }
+
+    void everyListOfDatabasesIsBounded_data() {
+        QTest::addColumn<int>("databases");
+        QTest::addColumn<int>("nameSize");
+        QTest::addColumn<EngineErrorCode>("expected");
+        using Code = EngineErrorCode;
+        QTest::newRow("WebDAV: 80,000 databases with names of 20 characters")
+            << 80'000 << 20 << Code::StoreUnreachable;
+        QTest::newRow("WebDAV: 40,000 databases with names of 4,080 characters")
+            << 40'000 << 4080 << Code::StoreUnreachable;
+        QTest::newRow("WebDAV: 10,000 databases with names of 4,080 characters")
+            << 10'000 << 4080 << Code::StoreUnreachable;
+        QTest::newRow("WebDAV: 980 databases with names of 4,080 characters, the most that fit")
+            << 980 << 4080 << Code();
+    }
+    void everyListOfDatabasesIsBounded() {
+        QFETCH(const int, databases);
+        QFETCH(const int, nameSize);
+        QFETCH(const EngineErrorCode, expected);
+        m_server = std::make_unique<ScriptedServer>(HostileStore::databases(databases, nameSize),
+                                                    ScriptedServer::Order::AllAtOnce);
+        m_location = m_host->addLocation(m_server->URLText(HostileStore::Path));
+        const auto store = m_location->createStore();
+        std::promise<std::optional<Error>> promise;
+        auto result = promise.get_future();
+        const auto fetch = [&]() -> std::function<bool()> {
+            store->openWithCompletionHandler([&](const auto &) {
+                store->fetchDatabasesWithCompletionHandler(
+                    [&](const auto &, const auto &error) { promise.set_value(error); });
+            });
+            return [&] {
+                return result.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+            };
+        };
+        measure(fetch, 60000);
+        const std::optional<Error> error = result.get();
+        QCOMPARE(error ? static_cast<EngineErrorCode>(error->code) : EngineErrorCode(), expected);
+    }
+
+    /// The window looks for the conflicts of what it shows, too.
+    void conflictingEditsAreBounded_data() {
+        QTest::addColumn<int>("edits");
+        QTest::newRow("Folder: 120,000 conflicting edits of one note") << 120'000;
+    }
+    void conflictingEditsAreBounded() {
+        QFETCH(const int, edits);
+        folder([](const QString &) {});
+        HostileStore::writeRecords(m_location->URL().path(), HostileStore::conflictingEdits(edits));
+        measureSynchronization(0, 240'000);
+        const auto lookUp = [&]() -> std::function<bool()> {
+            const QList<NoteRow> rows = m_host->inbox()->rows(0, 100).value();
+            const Note first = rows.first().note;
+            const bool isFound =
+                !first.conflict.isEmpty() && rows.size() < 1000 &&
+                m_host->inbox()->rowsAt(rows.first().position).value() == rows &&
+                m_host->inbox()->hasMoreEdits(first.conflict, rows.size()).value() &&
+                m_host->inbox()->countOfConflicts().value() == 1;
+            return [isFound] { return isFound; };
+        };
+        measure(lookUp, 5000);
     }
 
     void damagedRecordsAreSetAsideInBounds_data() {
