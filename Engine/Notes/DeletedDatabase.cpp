@@ -63,10 +63,11 @@ QStringList deletions() {
     return {
         deletionFrom(unwritten, QStringLiteral("place, database, is_superseded, digest"),
                      rowsOfAllPlaces(unwritten)),
+        // No record is known whose operations are not there.
+        deletionFrom(known, QStringLiteral("place, database, name"), rowsOfAllPlaces(known)),
         deletionFrom(operations, id, ofDatabase.arg(operations)),
         deletionFrom(superseded, QStringLiteral("database, digest"), ofDatabase.arg(superseded)),
-        deletionFrom(versions, id, ofDatabase.arg(versions)),
-        deletionFrom(known, QStringLiteral("place, database, name"), rowsOfAllPlaces(known))};
+        deletionFrom(versions, id, ofDatabase.arg(versions))};
 }
 
 /// Executes one of those statements until the deadline. Returns whether no such row is left.

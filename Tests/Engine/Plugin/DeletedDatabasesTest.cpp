@@ -14,6 +14,7 @@
 #include "Support/HostShortcuts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Verification.h"
 
 /// Databases that the user deletes: nothing of them is left, unless the user restores them.
 class DeletedDatabasesTest : public QObject {
@@ -186,6 +187,7 @@ private Q_SLOTS:
         }
         QVERIFY(rowsOf(id, UUID) < before);
         QVERIFY(rowsOf(id, UUID) > before / 2);
+        QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host->restart();
         QCOMPARE(names().mid(1), QStringList{QStringLiteral("Letters")});
         QTRY_COMPARE(rowsOf(id, UUID), 0);
