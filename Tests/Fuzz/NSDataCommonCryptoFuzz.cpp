@@ -1,22 +1,15 @@
 // Any algorithm number, option bits, key, initialization vector and data, against what the
 // functions promise. A broken promise aborts with its condition.
 
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <vector>
 
+#include "Fuzz/FuzzInput.h"
 #include "Model/Categories/NSData+CommonCrypto.h"
 #include "Platform/Foundation/Assertion.h"
 
-namespace {
+using namespace FuzzInput;
 
-void require(bool isKept, const char *promise) {
-    if (!isKept) {
-        std::fprintf(stderr, "Broken: %s\n", promise);
-        std::abort();
-    }
-}
+namespace {
 
 /// Takes values from the fuzzer's input; an exhausted input reads as zeros.
 class Input {
@@ -206,7 +199,9 @@ void checkHMAC(quint32 algorithm, const QVariant &key, const QByteArray &data) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, size_t size) {
-    Input input(bytes, size);
+    const QByteArray all = expanded(FuzzInput::bytes(bytes, size));
+    Input input(reinterpret_cast<const uint8_t *>(all.constData()),
+                static_cast<size_t>(all.size()));
     const quint32 algorithm = input.numberNear(5);
     const quint32 options = input.numberNear(3);
     const QVariant key = input.secret();

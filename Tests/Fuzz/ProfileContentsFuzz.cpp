@@ -1,9 +1,13 @@
 // Any rows in the tables of a profile load, or are refused with a message: a profile may come from
 // a damaged disk or from another program. Each line of the input is a table and the values of a
-// row, separated by tabs: n (null), i and a number, t and a text, b and hexadecimal digits.
+// row, separated by tabs: n (null), i and a number, t and a text, b and hexadecimal digits. "#"
+// stands for the number of the line in eight digits, so that lines that are repeated differ.
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTemporaryDir>
+#include <QtSql/QSqlQuery>
+#include <algorithm>
+#include <map>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
@@ -41,6 +45,10 @@ const QHash<QByteArray, QString> Columns{
     {"grants", QStringLiteral("path")},
     {"trusted_certificates", QStringLiteral("location_uuid, fingerprint")},
 };
+
+/// The number of databases that are checked. Each takes a number of statements, whatever it
+/// contains.
+constexpr qsizetype MostChecked = 500;
 
 /// A profile that is opened once; each input changes it and is rolled back.
 class Profile {
@@ -86,24 +94,39 @@ QVariant value(const QByteArray &text) {
     }
 }
 
-/// Adds the row unless SQLite refuses it, which is no concern of this target.
-void insertRow(const QByteArray &line) {
-    const QByteArrayList parts = line.split('\t');
-    const QString columns = Columns.value(parts.first());
-    if (columns.isEmpty()) {
-        return;
+/// Adds rows unless SQLite refuses them, which is no concern of this target.
+class Insertions {
+public:
+    void insertRow(const QByteArray &line) {
+        const QByteArrayList parts = line.split('\t');
+        const QString columns = Columns.value(parts.first());
+        if (columns.isEmpty()) {
+            return;
+        }
+        QVariantList values;
+        for (qsizetype i = 0; i <= columns.count(u','); ++i) {
+            values.append(value(parts.value(i + 1)));
+        }
+        static_cast<void>(profile().run(statement(parts.first(), columns), values));
     }
-    QVariantList values;
-    QStringList places;
-    for (qsizetype i = 0; i <= columns.count(u','); ++i) {
-        values.append(value(parts.value(i + 1)));
-        places.append(QStringLiteral("?"));
+
+private:
+    /// Most of the time would be needed to prepare it for each row.
+    QSqlQuery &statement(const QByteArray &table, const QString &columns) {
+        const auto known = m_statements.find(table);
+        if (known != m_statements.end()) {
+            return known->second;
+        }
+        const QStringList places(columns.count(u',') + 1, QStringLiteral("?"));
+        auto made =
+            profile().prepare(QStringLiteral("INSERT OR REPLACE INTO %1 (%2) VALUES (%3)")
+                                  .arg(QString::fromLatin1(table), columns, places.join(u',')));
+        require(made.has_value(), "the statement is valid");
+        return m_statements.emplace(table, std::move(*made)).first->second;
     }
-    static_cast<void>(
-        profile().run(QStringLiteral("INSERT OR REPLACE INTO %1 (%2) VALUES (%3)")
-                          .arg(QString::fromLatin1(parts.first()), columns, places.join(u',')),
-                      values));
-}
+
+    std::map<QByteArray, QSqlQuery> m_statements;
+};
 
 void checkDatabases() {
     EngineNoteLibrary library(profile());
@@ -112,7 +135,7 @@ void checkDatabases() {
     }
     const auto databases = library.knownDatabases();
     require(!databases.isEmpty() && databases.first()->isInbox(), "the inbox comes first");
-    for (const auto &database : databases) {
+    for (const auto &database : databases.first(std::min(databases.size(), MostChecked))) {
         const auto own = std::dynamic_pointer_cast<EngineDatabase>(database);
         const Expected<QList<Note>> notes = own->notes();
         QSet<QString> UUIDs;
@@ -167,10 +190,12 @@ void checkLocations() {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    const QByteArrayList lines = bytes(data, size).split('\n');
+    QByteArrayList lines = expanded(bytes(data, size)).split('\n');
     static_cast<void>(profile().write([&]() -> Expected<void> {
-        for (const QByteArray &line : lines) {
-            insertRow(line);
+        Insertions insertions;
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            insertions.insertRow(
+                lines[i].replace('#', QByteArray::number(i).rightJustified(8, '0')));
         }
         checkDatabases();
         checkLocations();

@@ -2,11 +2,9 @@
 
 #include <QtCore/QList>
 #include <QtCore/QRegularExpression>
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
+#include "Fuzz/FuzzInput.h"
 
 namespace {
 
@@ -45,8 +43,7 @@ bool keepsItsParts(const Fields &fields) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    const QByteArray input(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
-    const Fields fields = fieldsOf(input);
+    const Fields fields = fieldsOf(FuzzInput::expanded(FuzzInput::bytes(data, size)));
     const Url URL = QVWebDAVLocationEditor::URLWithFields(fields);
     if (URL.isNil()) {
         return 0;
