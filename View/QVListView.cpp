@@ -117,6 +117,7 @@ void QVListView::makeItems(const QVariantList &objects) {
     m_content = objects;
     removeItems();
     m_needsViews = m_isInBatch;
+    m_prototypeOfMenus = m_itemPrototype;
     for (qsizetype i = 0; i < objects.size(); ++i) {
         const Item item = makeItem(objects.at(i));
         m_items.append(item);
@@ -228,12 +229,12 @@ QVListView::Item QVListView::makeItem(const QVariant &object) {
 
 void QVListView::prepareView(CollectionViewItem *item) {
     QWidget *view = item->existingView();
-    ContextMenu::setMenu(view,
-                         m_itemPrototype ? ContextMenu::menu(m_itemPrototype->view()) : nullptr);
+    const qsizetype row = rowOfView(view);
+    const Item &prototype = row >= 0 ? m_prototypeOfMenus : m_itemPrototype;
+    ContextMenu::setMenu(view, prototype ? ContextMenu::menu(prototype->view()) : nullptr);
     if (view->metaObject()->indexOfProperty(selectedKey) >= 0) {
         KeyValue::bind(view, selectedKey, item, selectedKey);
     }
-    const qsizetype row = rowOfView(view);
     if (row >= 0 && !m_needsViews) {
         addView(row);
         if (m_isStackOutdated && !m_isMakingViews) {

@@ -204,6 +204,8 @@ private:
     std::optional<QVariantList> m_content;
     QList<Item> m_items;
     Item m_itemPrototype;
+    /// That of the time when the items were made, with the menu of views that are made later.
+    Item m_prototypeOfMenus;
     Bindings m_bindings;
     QVListViewDelegate *m_delegate = nullptr;
     /// Prepares the views of the items.

@@ -923,6 +923,18 @@ private Q_SLOTS:
         QVERIFY(row(700)->isSelected());
     }
 
+    void aViewThatIsMadeLaterHasTheMenuOfTheTimeOfItsItem() {
+        QMenu menu;
+        const auto prototype = std::make_shared<CollectionViewItem>(&makeRow);
+        ContextMenu::setMenu(prototype->view(), &menu);
+        m_list->setItemPrototype(prototype);
+        m_list->setContent(numbers(1000));
+        m_list->setItemPrototype(std::make_shared<CollectionViewItem>(&makeRow));
+        QCOMPARE(ContextMenu::menu(m_list->viewOfRow(700)), &menu);
+        m_list->setContent(numbers(1000));
+        QCOMPARE(ContextMenu::menu(m_list->viewOfRow(700)), nullptr);
+    }
+
     void rowsOfOtherHeightsAreStackedWhenTheyAreSeen() {
         QVariantList heights;
         int total = 0;
