@@ -27,7 +27,7 @@ QVariant NotesModel::data(const QModelIndex &index, int role) const {
 void NotesModel::clear() {
     beginResetModel();
     m_rows.clear();
-    m_positions.clear();
+    m_positions.fill({});
     endResetModel();
 }
 
@@ -98,8 +98,10 @@ int NotesModel::rowOf(const Note &note) const {
 }
 
 int NotesModel::find(const QString &key, QString Note::*member) const {
-    const auto position = m_positions.constFind(qHash(key));
-    if (key.isEmpty() || position == m_positions.constEnd()) {
+    const size_t hash = qHash(key);
+    const Positions &positions = m_positions[hash % m_positions.size()];
+    const auto position = positions.constFind(hash);
+    if (key.isEmpty() || position == positions.constEnd()) {
         return -1;
     }
     for (int row = firstRow(*position); row < m_rows.size() && m_rows.at(row).position == *position;
@@ -112,16 +114,20 @@ int NotesModel::find(const QString &key, QString Note::*member) const {
 }
 
 void NotesModel::addToIndex(const NoteRow &row) {
-    m_positions.insert(qHash(row.note.UUID), row.position);
-    m_positions.insert(qHash(row.note.revision), row.position);
+    for (const QString &key : {row.note.UUID, row.note.revision}) {
+        const size_t hash = qHash(key);
+        positionsOf(hash).insert(hash, row.position);
+    }
 }
 
 void NotesModel::removeFromIndex(int row) {
     const Note removed = note(row);
     for (const QString &key : {removed.UUID, removed.revision}) {
+        const size_t hash = qHash(key);
+        Positions &positions = positionsOf(hash);
         // A note that was removed and restored has another position.
-        if (m_positions.value(qHash(key)) == position(row)) {
-            m_positions.remove(qHash(key));
+        if (positions.value(hash) == position(row)) {
+            positions.remove(hash);
         }
     }
 }

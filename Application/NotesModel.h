@@ -2,6 +2,7 @@
 
 #include <QtCore/QAbstractListModel>
 #include <QtCore/QHash>
+#include <array>
 
 #include "Application/Interface/NoteDatabase.h"
 
@@ -48,7 +49,11 @@ private:
     void addToIndex(const NoteRow &row);
     void removeFromIndex(int row);
 
-    QList<Row> m_rows;
     /// Positions by the hash of a UUID or a revision.
-    QHash<size_t, qint64> m_positions;
+    using Positions = QHash<size_t, qint64>;
+    Positions &positionsOf(size_t hash) { return m_positions[hash % m_positions.size()]; }
+
+    QList<Row> m_rows;
+    /// Divided by the hash, because a table of all notes blocks the thread while it grows.
+    std::array<Positions, 64> m_positions;
 };
