@@ -235,40 +235,72 @@ void compareSizes(Benchmark::Report &report) {
                 unit, 1.0});
 }
 
-/// Adds rows of an import of `count` notes into a profile that shows them.
-void measureImport(Benchmark::Report &report, int count, const QString &what) {
-    const double emptyWindow = Computers(0).medianOfWindows();
+/// What an import of notes into a profile costs that shows them, in milliseconds and megabytes.
+struct Import {
+    double block = 0;
+    double work = 0;
+    double memory = 0;
+    /// The longest work when the notes are shown in a window that is there.
+    double shown = 0;
+    /// The CPU time of making a window that shows them.
+    double window = 0;
+};
+
+Import importOf(int count) {
     Computers computers(count);
     computers.synchronize();
     computers.goToOther();
     computers.show();
     malloc_trim(0);
+    Import import;
     StallMeter meter;
     const PeakMemory memory;
     computers.synchronize();
     if (computers.countOfNotes() < count) {
         qFatal("notes were lost");
     }
+    import.block = static_cast<double>(meter.longest());
+    import.work = static_cast<double>(meter.longestWork());
+    import.memory = static_cast<double>(memory.growth());
+    import.shown = computers.showAgain();
+    import.window = computers.medianOfWindows();
+    return import;
+}
+
+/// Adds rows of imports of `counts` notes, the last of which is compared with the reference.
+void addImports(Benchmark::Report &report, const QList<int> &counts, const QString &what) {
+    const double emptyWindow = Computers(0).medianOfWindows();
+    QList<Import> imports;
+    for (const int count : counts) {
+        imports.append(importOf(count));
+    }
+    const auto add = [&](const QString &name, double Import::*value, double reference,
+                         const QString &unit, double target) {
+        QList<Benchmark::Point> points;
+        for (qsizetype i = 0; i < counts.size(); ++i) {
+            points.append({double(counts[i]), imports[i].*value});
+        }
+        report.add({what + name, imports.last().*value, reference, unit, target, points});
+    };
     const auto unit = QStringLiteral("ms");
-    report.add({what + QStringLiteral(" imported, longest block / 16 ms"),
-                static_cast<double>(meter.longest()), LongestBlock, unit, 1.0});
-    report.add({what + QStringLiteral(" imported, longest work of the main thread / 16 ms"),
-                static_cast<double>(meter.longestWork()), LongestBlock, unit, 1.0});
-    report.add({what + QStringLiteral(" imported, more memory / 500 MB"),
-                static_cast<double>(memory.growth()), LargestMemory, QStringLiteral("MB"), 1.0});
-    report.add({what + QStringLiteral(" shown, longest work of the main thread / 16 ms"),
-                computers.showAgain(), LongestBlock, unit, 1.0});
-    report.add({QStringLiteral("Window made with ") + what +
-                    QStringLiteral(", main thread / without notes"),
-                computers.medianOfWindows(), emptyWindow, unit, 1.5});
+    add(QStringLiteral(" imported, longest block / 16 ms"), &Import::block, LongestBlock, unit,
+        1.0);
+    add(QStringLiteral(" imported, longest work of the main thread / 16 ms"), &Import::work,
+        LongestBlock, unit, 1.0);
+    add(QStringLiteral(" imported, more memory / 500 MB"), &Import::memory, LargestMemory,
+        QStringLiteral("MB"), 1.0);
+    add(QStringLiteral(" shown, longest work of the main thread / 16 ms"), &Import::shown,
+        LongestBlock, unit, 1.0);
+    add(QStringLiteral(" in a new window, main thread / without notes"), &Import::window,
+        emptyWindow, unit, 1.5);
 }
 
 void measureImports(Benchmark::Report &report) {
-    measureImport(report, Many, QStringLiteral("100,000 notes"));
+    addImports(report, {Few, Some, Many}, QStringLiteral("100,000 notes"));
 }
 
 void measureVeryMany(Benchmark::Report &report) {
-    measureImport(report, VeryMany, QStringLiteral("1,000,000 notes"));
+    addImports(report, {VeryMany}, QStringLiteral("1,000,000 notes"));
     const Values few = measure(Few);
     malloc_trim(0);
     const Values veryMany = measure(VeryMany);

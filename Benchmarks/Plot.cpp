@@ -32,16 +32,23 @@ QString line(double x1, double y1, double x2, double y2, const char *color) {
 /// A logarithmic axis.
 class Axis {
 public:
-    Axis(double least, double most) : m_first(std::log10(least)), m_last(std::log10(most)) {
+    /// Values below `most` / 10,000, such as 0, are drawn as that.
+    Axis(double least, double most)
+        : m_least(std::max({least, most / 10'000, 1e-9})),
+          m_first(std::log10(m_least)),
+          m_last(std::log10(std::max(most, m_least))) {
         if (m_last - m_first < 0.1) {
             m_first -= 0.5;
             m_last += 0.5;
         }
     }
     /// Returns the place of `value`, from 0 to 1.
-    double place(double value) const { return (std::log10(value) - m_first) / (m_last - m_first); }
+    double place(double value) const {
+        return (std::log10(std::max(value, m_least)) - m_first) / (m_last - m_first);
+    }
 
 private:
+    double m_least;
     double m_first;
     double m_last;
 };
