@@ -8,7 +8,8 @@
 
 /// Base of all class objects. A class object implements the operations of a host class that need no
 /// instance, such as creating one. Each host class with such operations declares them as a nested
-/// `Class`; a host implements that and registers it with HostClassRegistration.
+/// `Class`; a host implements that and registers it with HostClassRegistration under its `Name`,
+/// which is that of the host class.
 class HOST_EXPORT HostClass {
 public:
     virtual ~HostClass();
@@ -30,6 +31,10 @@ public:
     /// with; do not pass it.
     HostClassRegistration(const QString &name, HostClass *classObject,
                           HostVersion version = CurrentHostVersion);
+    /// Registers `classObject` under the `Name` of its class.
+    template <class ClassObject>
+    explicit HostClassRegistration(ClassObject *classObject)
+        : HostClassRegistration(ClassObject::Name, classObject) {}
     ~HostClassRegistration();
     HostClassRegistration(const HostClassRegistration &) = delete;
     HostClassRegistration &operator=(const HostClassRegistration &) = delete;
@@ -42,25 +47,25 @@ private:
 /// or std::nullopt if there is none of that name. Thread-safe.
 HOST_EXPORT std::optional<HostVersion> hostVersionOfClass(const QString &name);
 
-/// Returns the class object registered under `name`, or null if there is none or it is not a
-/// `ClassObject`. For classes that a host may lack.
+/// Returns the class object that is registered under the `Name` of `ClassObject`, or null if there
+/// is none or it is not a `ClassObject`. For classes that a host may leave out.
 template <class ClassObject>
-ClassObject *optionalHostClass(const QString &name) {
-    return dynamic_cast<ClassObject *>(NSClassFromString(name));
+ClassObject *optionalHostClass() {
+    return dynamic_cast<ClassObject *>(NSClassFromString(ClassObject::Name));
 }
 
 /// Raises an AssertionFailure that says that the host has no class `name`. Used by
 /// requiredHostClass().
 [[noreturn]] HOST_EXPORT void failForMissingHostClass(const QString &name);
 
-/// Returns the class object that is registered under `name`. Raises an AssertionFailure if there is
-/// none or if it is not a `ClassObject`. For classes that the pane has found when it was loaded;
-/// use NSClassFromString() for classes that a host may leave out.
+/// Returns the class object that is registered under the `Name` of `ClassObject`. Raises an
+/// AssertionFailure if there is none or if it is not a `ClassObject`. For classes that the pane has
+/// found when it was loaded; use optionalHostClass() for others.
 template <class ClassObject>
-ClassObject &requiredHostClass(const QString &name) {
-    auto *classObject = optionalHostClass<ClassObject>(name);
+ClassObject &requiredHostClass() {
+    auto *classObject = optionalHostClass<ClassObject>();
     if (!classObject) {
-        failForMissingHostClass(name);
+        failForMissingHostClass(ClassObject::Name);
     }
     return *classObject;
 }

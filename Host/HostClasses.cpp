@@ -91,13 +91,11 @@ namespace {
 QVApplication *applicationObject = nullptr;
 
 QVSyncPlugin::Class &syncPluginClass() {
-    return requiredHostClass<QVSyncPlugin::Class>(QStringLiteral("QVSyncPlugin"));
+    return requiredHostClass<QVSyncPlugin::Class>();
 }
 
-const QString ServerClassName = QStringLiteral("QVDirectConnectionServer");
-
 QVDirectConnectionServer::Class *serverClass() {
-    return optionalHostClass<QVDirectConnectionServer::Class>(ServerClassName);
+    return optionalHostClass<QVDirectConnectionServer::Class>();
 }
 
 }  // namespace
@@ -124,23 +122,21 @@ std::shared_ptr<QVDatabase> QVSyncPlugin::databaseForUUID(const QString &UUID,
 }
 
 QList<std::shared_ptr<QVDatabase>> QVDatabase::databases() {
-    const auto *databaseClass = optionalHostClass<QVDatabase::Class>(QStringLiteral("QVDatabase"));
+    const auto *databaseClass = optionalHostClass<QVDatabase::Class>();
     return databaseClass ? databaseClass->databases() : QList<std::shared_ptr<QVDatabase>>();
 }
 
 QVSyncSchedulePtr QVSyncSchedule::newSchedule() {
-    return requiredHostClass<QVSyncSchedule::Class>(QStringLiteral("QVSyncSchedule")).newSchedule();
+    return requiredHostClass<QVSyncSchedule::Class>().newSchedule();
 }
 
 std::unique_ptr<QVSyncLocationFormatter> QVSyncLocationFormatter::formatterForLocationWithURL(
     const Url &URL) {
-    return requiredHostClass<QVSyncLocationFormatter::Class>(
-               QStringLiteral("QVSyncLocationFormatter"))
-        .formatterForLocationWithURL(URL);
+    return requiredHostClass<QVSyncLocationFormatter::Class>().formatterForLocationWithURL(URL);
 }
 
 std::shared_ptr<PZFuture> PZFuture::future() {
-    return requiredHostClass<PZFuture::Class>(QStringLiteral("PZFuture")).future();
+    return requiredHostClass<PZFuture::Class>().future();
 }
 
 QString QVDirectConnectionServer::URLScheme() {

@@ -9,9 +9,10 @@
 /// Every function is thread-safe, returns at once, and may be called from within a handler.
 class HOST_EXPORT PZFuture {
 public:
-    /// Registered as "PZFuture".
+    /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        static constexpr QLatin1StringView Name{"PZFuture"};
         /// Implements PZFuture::future().
         virtual std::shared_ptr<PZFuture> future() const = 0;
     };

@@ -19,9 +19,10 @@ struct HourAndMinute {
 /// the first of two equal times, and after the gap for a time that is skipped.
 class HOST_EXPORT QVDailySchedule : public QVSyncSchedule {
 public:
-    /// Registered as "QVDailySchedule".
+    /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        static constexpr QLatin1StringView Name{"QVDailySchedule"};
         /// Returns a new schedule. If `hourAndMinute` is std::nullopt or not a valid time of day,
         /// the host's default time is used. Never null.
         virtual std::shared_ptr<const QVDailySchedule> initWithHourAndMinute(

@@ -14,9 +14,10 @@ class HOST_EXPORT QVDatabase : public QObject {
     Q_PROPERTY(QString UUID READ UUID CONSTANT)
     Q_PROPERTY(QString name READ name NOTIFY nameChanged)
 public:
-    /// Registered as "QVDatabase".
+    /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        static constexpr QLatin1StringView Name{"QVDatabase"};
         /// Implements QVDatabase::databases().
         virtual QList<std::shared_ptr<QVDatabase>> databases() const = 0;
     };

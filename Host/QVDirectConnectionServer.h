@@ -17,9 +17,10 @@ class HOST_EXPORT QVDirectConnectionServer : public QObject {
     Q_PROPERTY(QString addressText READ addressText NOTIFY addressTextChanged)
     Q_PROPERTY(QVariantList databases READ databases NOTIFY databasesChanged)
 public:
-    /// Registered as "QVDirectConnectionServer".
+    /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        static constexpr QLatin1StringView Name{"QVDirectConnectionServer"};
         /// Implements QVDirectConnectionServer::URLScheme().
         virtual QString URLScheme() const = 0;
         /// Implements QVDirectConnectionServer::defaultPort().

@@ -27,10 +27,11 @@ public:
     virtual void authorizeWithFuture(const std::shared_ptr<PZFuture> &future, Handler handler) = 0;
 };
 
-/// Creates authorization sessions. Registered as "QVDropboxSessionManager". Must be used on the
+/// Creates authorization sessions. It is its own class object, see HostClass. Must be used on the
 /// main thread.
 class HOST_EXPORT QVDropboxSessionManager : public HostClass {
 public:
+    static constexpr QLatin1StringView Name{"QVDropboxSessionManager"};
     /// Returns a new session for the location with this URL; a nil URL stands for a location that
     /// is not configured yet. Never null.
     virtual std::shared_ptr<QVDropboxSession> sessionWithURL(const Url &URL) = 0;

@@ -6,9 +6,10 @@
 /// fires in both of the equal hours.
 class HOST_EXPORT QVHourlySchedule : public QVSyncSchedule {
 public:
-    /// Registered as "QVHourlySchedule".
+    /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        static constexpr QLatin1StringView Name{"QVHourlySchedule"};
         /// Returns a new schedule with the host's default offset. Never null.
         virtual std::shared_ptr<const QVHourlySchedule> newHourlySchedule() const = 0;
         /// Returns a new schedule that fires `hourlyOffset` minutes past each full hour of the

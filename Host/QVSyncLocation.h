@@ -18,9 +18,10 @@ class HOST_EXPORT QVSyncLocation : public QObject {
     Q_PROPERTY(QVSyncStates synchronizationStates READ synchronizationStates NOTIFY
                    synchronizationStatesChanged)
 public:
-    /// Registered as "QVSyncLocation".
+    /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        static constexpr QLatin1StringView Name{"QVSyncLocation"};
         /// Returns a new location that is in no list yet. `URL` may be nil; the location is then
         /// not configured until setURL() is called. Never null.
         virtual std::shared_ptr<QVSyncLocation> syncLocationWithURL(const Url &URL) const = 0;

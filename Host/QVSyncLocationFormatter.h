@@ -12,9 +12,10 @@ class QPixmap;
 /// caller owns it. Must be used on the main thread.
 class HOST_EXPORT QVSyncLocationFormatter {
 public:
-    /// Registered as "QVSyncLocationFormatter".
+    /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        static constexpr QLatin1StringView Name{"QVSyncLocationFormatter"};
         /// Implements QVSyncLocationFormatter::formatterForLocationWithURL().
         virtual std::unique_ptr<QVSyncLocationFormatter> formatterForLocationWithURL(
             const Url &URL) const = 0;

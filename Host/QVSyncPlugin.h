@@ -20,9 +20,10 @@ class HOST_EXPORT QVSyncPlugin : public QObject {
     Q_PROPERTY(QVSyncDispatcher *dispatcher READ dispatcher CONSTANT)
     Q_PROPERTY(bool usesSandboxedAccess READ usesSandboxedAccess)
 public:
-    /// Registered as "QVSyncPlugin".
+    /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        static constexpr QLatin1StringView Name{"QVSyncPlugin"};
         /// Implements QVSyncPlugin::isAvailable().
         virtual bool isAvailable() const = 0;
         /// Implements QVSyncPlugin::plugin().

@@ -11,9 +11,10 @@
 /// QVDailySchedule and QVWeeklySchedule do.
 class HOST_EXPORT QVSyncSchedule {
 public:
-    /// Registered as "QVSyncSchedule".
+    /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        static constexpr QLatin1StringView Name{"QVSyncSchedule"};
         /// Implements QVSyncSchedule::newSchedule().
         virtual std::shared_ptr<const QVSyncSchedule> newSchedule() const = 0;
     };

@@ -6,9 +6,10 @@
 /// as by QVDailySchedule.
 class HOST_EXPORT QVWeeklySchedule : public QVSyncSchedule {
 public:
-    /// Registered as "QVWeeklySchedule".
+    /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        static constexpr QLatin1StringView Name{"QVWeeklySchedule"};
         /// Returns a new schedule. If `hourAndMinute` is std::nullopt or not a valid time of day,
         /// the host's default time is used. Bits of `daysOfWeek` above 6 are kept but have no
         /// effect. Never null.

@@ -85,14 +85,14 @@ QVSyncDispatcher &Checking::dispatcher() {
 }
 
 QList<std::shared_ptr<QVDatabase>> Checking::openDatabases() {
-    classObject<QVDatabase::Class>("QVDatabase");
+    classObject<QVDatabase::Class>();
     auto databases = QVDatabase::databases();
     requireOffer(!databases.contains(nullptr));
     return databases;
 }
 
 std::shared_ptr<QVSyncLocation> Checking::newLocation(const Url &URL) {
-    auto location = classObject<QVSyncLocation::Class>("QVSyncLocation").syncLocationWithURL(URL);
+    auto location = classObject<QVSyncLocation::Class>().syncLocationWithURL(URL);
     require(location != nullptr, "no location was made");
     return location;
 }

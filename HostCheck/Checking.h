@@ -47,10 +47,10 @@ public:
 /// Returns the host's plug-in. Throws NotOffered if it is not known.
 QVHostPlugIn &host();
 
-/// Returns the class object `name`. Throws NotOffered if the host has none.
+/// Returns the class object. Throws NotOffered if the host has none.
 template <class ClassObject>
-ClassObject &classObject(const char *name) {
-    auto *found = optionalHostClass<ClassObject>(QString::fromUtf8(name));
+ClassObject &classObject() {
+    auto *found = optionalHostClass<ClassObject>();
     requireOffer(found != nullptr);
     return *found;
 }

@@ -81,7 +81,7 @@ void passwordIsNotSentUnasked() {
 }
 
 void serviceOfClientsHasAName() {
-    classObject<QVDirectConnectionServer::Class>("QVDirectConnectionServer");
+    classObject<QVDirectConnectionServer::Class>();
     require(!QVDirectConnectionClientAuthorizationServiceName().isEmpty(), "it is empty");
 }
 

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "Host/ClassRegistry.h"
+#include "Host/QVSyncPlugin.h"
 #include "HostCheck/CrashReport.h"
 #include "HostCheck/HostCheck.h"
 
@@ -22,7 +23,7 @@ Expected<bool> HostRun::run() {
     if (const Expected<void> begun = m_plugIn.begin(folder); !begun) {
         return failure(begun.error());
     }
-    const auto version = hostVersionOfClass(QStringLiteral("QVSyncPlugin"));
+    const auto version = hostVersionOfClass(QVSyncPlugin::Class::Name);
     if (version && version->major != CurrentHostVersion.major) {
         end();
         return failure({.localizedDescription =

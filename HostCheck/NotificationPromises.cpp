@@ -125,7 +125,7 @@ void renamingIsAnnounced() {
 }
 
 void firingIsPosted() {
-    auto &schedules = classObject<QVHourlySchedule::Class>("QVHourlySchedule");
+    auto &schedules = classObject<QVHourlySchedule::Class>();
     const InboxInFolder scheduled;
     scheduled.state->setSchedule(schedules.initWithHourlyOffset(0));
     int count = 0;

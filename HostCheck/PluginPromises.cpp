@@ -134,7 +134,7 @@ void missingFoldersAreMounted() {
 }
 
 void databasesAreNotNull() {
-    classObject<QVDatabase::Class>("QVDatabase");
+    classObject<QVDatabase::Class>();
     require(!QVDatabase::databases().contains(nullptr), "an entry is null");
 }
 

@@ -18,22 +18,20 @@ constexpr char Weekly[] = "Host/QVWeeklySchedule.h";
 constexpr quint64 EveryDay = 0x7f;
 
 std::shared_ptr<const QVHourlySchedule> hourly(quint32 offset) {
-    auto made =
-        classObject<QVHourlySchedule::Class>("QVHourlySchedule").initWithHourlyOffset(offset);
+    auto made = classObject<QVHourlySchedule::Class>().initWithHourlyOffset(offset);
     require(made != nullptr, "no hourly schedule was made");
     return made;
 }
 
 std::shared_ptr<const QVDailySchedule> daily(const std::optional<HourAndMinute> &time) {
-    auto made = classObject<QVDailySchedule::Class>("QVDailySchedule").initWithHourAndMinute(time);
+    auto made = classObject<QVDailySchedule::Class>().initWithHourAndMinute(time);
     require(made != nullptr, "no daily schedule was made");
     return made;
 }
 
 std::shared_ptr<const QVWeeklySchedule> weekly(const std::optional<HourAndMinute> &time,
                                                quint64 days) {
-    auto made =
-        classObject<QVWeeklySchedule::Class>("QVWeeklySchedule").initWithHourAndMinute(time, days);
+    auto made = classObject<QVWeeklySchedule::Class>().initWithHourAndMinute(time, days);
     require(made != nullptr, "no weekly schedule was made");
     return made;
 }
@@ -77,7 +75,7 @@ void weeklyScheduleIsOne() {
 }
 
 void defaultOffsetIsValid() {
-    const auto made = classObject<QVHourlySchedule::Class>("QVHourlySchedule").newHourlySchedule();
+    const auto made = classObject<QVHourlySchedule::Class>().newHourlySchedule();
     require(made != nullptr, "no schedule was made");
     require(made->hourlyOffset() < 60, "its offset is above 59");
 }

@@ -20,7 +20,7 @@ namespace {
 constexpr char Server[] = "Host/QVDirectConnectionServer.h";
 
 QVDirectConnectionServer &server() {
-    classObject<QVDirectConnectionServer::Class>("QVDirectConnectionServer");
+    classObject<QVDirectConnectionServer::Class>();
     auto *found = QVSyncPlugin::plugin()->server();
     requireOffer(found != nullptr);
     return *found;
@@ -259,7 +259,7 @@ void servedDatabaseIsAnnounced() {
 }
 
 void cancelledSignInEndsOnce() {
-    auto &manager = classObject<QVDropboxSessionManager>("QVDropboxSessionManager");
+    auto &manager = classObject<QVDropboxSessionManager>();
     const auto session = manager.sessionWithURL(Url());
     requireOffer(session != nullptr);
     // Before, so that nothing is opened in which the user could sign in.
@@ -276,7 +276,7 @@ void cancelledSignInEndsOnce() {
 }
 
 void sessionsAreNotNull() {
-    auto &manager = classObject<QVDropboxSessionManager>("QVDropboxSessionManager");
+    auto &manager = classObject<QVDropboxSessionManager>();
     for (const char *text : {"", "dropbox://person@localhost"}) {
         require(manager.sessionWithURL(Url::fromString(QString::fromUtf8(text))) != nullptr,
                 "it is null");

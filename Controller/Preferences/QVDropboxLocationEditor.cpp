@@ -8,8 +8,7 @@
 namespace {
 /// Returns null if the host provides no Dropbox sessions.
 std::shared_ptr<QVDropboxSession> sessionWithURL(const Url &URL) {
-    auto *manager =
-        optionalHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"));
+    auto *manager = optionalHostClass<QVDropboxSessionManager>();
     return manager ? manager->sessionWithURL(URL) : nullptr;
 }
 }  // namespace

@@ -24,8 +24,7 @@ constexpr char commandsSourceFile[] = "Controller/Preferences/QVSyncPreferences"
 
 /// Returns a new location without URL; null if the host provides no such class.
 std::shared_ptr<QVSyncLocation> newLocation() {
-    const auto *locationClass =
-        optionalHostClass<QVSyncLocation::Class>(QStringLiteral("QVSyncLocation"));
+    const auto *locationClass = optionalHostClass<QVSyncLocation::Class>();
     return locationClass ? locationClass->syncLocationWithURL({}) : nullptr;
 }
 

@@ -13,28 +13,24 @@ constexpr quint64 workdays = 62;
 // A schedule of a class that the host lacks is null.
 
 QVSyncSchedulePtr newHourlySchedule() {
-    const auto *scheduleClass =
-        optionalHostClass<QVHourlySchedule::Class>(QStringLiteral("QVHourlySchedule"));
+    const auto *scheduleClass = optionalHostClass<QVHourlySchedule::Class>();
     return scheduleClass ? scheduleClass->newHourlySchedule() : nullptr;
 }
 
 QVSyncSchedulePtr hourlyScheduleAt(qint32 offset) {
-    const auto *scheduleClass =
-        optionalHostClass<QVHourlySchedule::Class>(QStringLiteral("QVHourlySchedule"));
+    const auto *scheduleClass = optionalHostClass<QVHourlySchedule::Class>();
     return scheduleClass ? scheduleClass->initWithHourlyOffset(static_cast<quint32>(offset))
                          : nullptr;
 }
 
 QVSyncSchedulePtr dailyScheduleAt(const std::optional<HourAndMinute> &hourAndMinute) {
-    const auto *scheduleClass =
-        optionalHostClass<QVDailySchedule::Class>(QStringLiteral("QVDailySchedule"));
+    const auto *scheduleClass = optionalHostClass<QVDailySchedule::Class>();
     return scheduleClass ? scheduleClass->initWithHourAndMinute(hourAndMinute) : nullptr;
 }
 
 QVSyncSchedulePtr weeklyScheduleAt(const std::optional<HourAndMinute> &hourAndMinute,
                                    quint64 daysOfWeek) {
-    const auto *scheduleClass =
-        optionalHostClass<QVWeeklySchedule::Class>(QStringLiteral("QVWeeklySchedule"));
+    const auto *scheduleClass = optionalHostClass<QVWeeklySchedule::Class>();
     return scheduleClass ? scheduleClass->initWithHourAndMinute(hourAndMinute, daysOfWeek)
                          : nullptr;
 }

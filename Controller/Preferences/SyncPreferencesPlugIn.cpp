@@ -4,16 +4,21 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Host/ClassRegistry.h"
+#include "Host/PZFuture.h"
+#include "Host/QVSyncLocationFormatter.h"
+#include "Host/QVSyncPlugin.h"
+#include "Host/QVSyncSchedule.h"
 #include "Host/SyncStrings.h"
 
 namespace {
 
 QStringList missingHostClasses() {
     QStringList missing;
-    for (const char *name :
-         {"QVSyncPlugin", "QVSyncLocationFormatter", "QVSyncSchedule", "PZFuture"}) {
-        if (!NSClassFromString(QLatin1StringView(name))) {
-            missing.append(QLatin1StringView(name));
+    for (const QLatin1StringView name :
+         {QVSyncPlugin::Class::Name, QVSyncLocationFormatter::Class::Name,
+          QVSyncSchedule::Class::Name, PZFuture::Class::Name}) {
+        if (!NSClassFromString(name)) {
+            missing.append(name);
         }
     }
     return missing;
@@ -25,7 +30,7 @@ Error unusableError(const QString &description) {
 
 /// Fails if the host was compiled for another interface.
 Expected<void> checkHostVersion() {
-    const auto version = hostVersionOfClass(QStringLiteral("QVSyncPlugin"));
+    const auto version = hostVersionOfClass(QVSyncPlugin::Class::Name);
     if (version && version->major == CurrentHostVersion.major) {
         return {};
     }

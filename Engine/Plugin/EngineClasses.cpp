@@ -138,8 +138,8 @@ class DirectConnectionServerClass : public QVDirectConnectionServer::Class {
 template <class ClassObject>
 struct Registered {
     template <class... Arguments>
-    explicit Registered(const QString &name, Arguments &&...arguments)
-        : object(std::forward<Arguments>(arguments)...), registration(name, &object) {}
+    explicit Registered(Arguments &&...arguments)
+        : object(std::forward<Arguments>(arguments)...), registration(&object) {}
     ClassObject object;
     HostClassRegistration registration;
 };
@@ -148,22 +148,19 @@ struct Registered {
 
 struct EngineClasses::Objects {
     explicit Objects(SyncEngine &engine)
-        : plugin(QStringLiteral("QVSyncPlugin"), engine),
-          database(QStringLiteral("QVDatabase"), engine),
-          location(QStringLiteral("QVSyncLocation"), engine.plugin()),
-          formatter(QStringLiteral("QVSyncLocationFormatter"), engine.plugin()) {}
+        : plugin(engine), database(engine), location(engine.plugin()), formatter(engine.plugin()) {}
 
     Registered<SyncPluginClass> plugin;
     Registered<DatabaseClass> database;
     Registered<SyncLocationClass> location;
     Registered<SyncLocationFormatterClass> formatter;
-    Registered<SyncScheduleClass> schedule{QStringLiteral("QVSyncSchedule")};
-    Registered<HourlyScheduleClass> hourly{QStringLiteral("QVHourlySchedule")};
-    Registered<DailyScheduleClass> daily{QStringLiteral("QVDailySchedule")};
-    Registered<WeeklyScheduleClass> weekly{QStringLiteral("QVWeeklySchedule")};
-    Registered<FutureClass> future{QStringLiteral("PZFuture")};
-    Registered<DropboxSessionManager> dropbox{QStringLiteral("QVDropboxSessionManager")};
-    Registered<DirectConnectionServerClass> server{QStringLiteral("QVDirectConnectionServer")};
+    Registered<SyncScheduleClass> schedule;
+    Registered<HourlyScheduleClass> hourly;
+    Registered<DailyScheduleClass> daily;
+    Registered<WeeklyScheduleClass> weekly;
+    Registered<FutureClass> future;
+    Registered<DropboxSessionManager> dropbox;
+    Registered<DirectConnectionServerClass> server;
 };
 
 EngineClasses::EngineClasses(SyncEngine &engine) : m_objects(std::make_unique<Objects>(engine)) {}

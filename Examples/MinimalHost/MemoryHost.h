@@ -266,10 +266,10 @@ struct Classes : QVSyncPlugin::Class,
     MemoryApplication m_application;
     mutable MemoryPlugin m_plugin;
     HostClassRegistration m_registrations[6] = {
-        {"QVSyncPlugin", static_cast<QVSyncPlugin::Class *>(this)},
-        {"QVDatabase", static_cast<QVDatabase::Class *>(this)},
-        {"QVSyncLocation", static_cast<QVSyncLocation::Class *>(this)},
-        {"QVSyncLocationFormatter", static_cast<QVSyncLocationFormatter::Class *>(this)},
-        {"QVSyncSchedule", static_cast<QVSyncSchedule::Class *>(this)},
-        {"PZFuture", static_cast<PZFuture::Class *>(this)}};
+        HostClassRegistration(static_cast<QVSyncPlugin::Class *>(this)),
+        HostClassRegistration(static_cast<QVDatabase::Class *>(this)),
+        HostClassRegistration(static_cast<QVSyncLocation::Class *>(this)),
+        HostClassRegistration(static_cast<QVSyncLocationFormatter::Class *>(this)),
+        HostClassRegistration(static_cast<QVSyncSchedule::Class *>(this)),
+        HostClassRegistration(static_cast<PZFuture::Class *>(this))};
 };

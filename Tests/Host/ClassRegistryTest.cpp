@@ -6,14 +6,16 @@
 #include "Support/TestMain.h"
 
 namespace {
-struct FirstClass : HostClass {};
+struct FirstClass : HostClass {
+    static constexpr QLatin1StringView Name{"QVTestClass"};
+};
 struct SecondClass : HostClass {};
 }  // namespace
 
 class ClassRegistryTest : public QObject {
     Q_OBJECT
 
-    const QString m_name = QStringLiteral("QVTestClass");
+    const QString m_name = FirstClass::Name;
 
 private Q_SLOTS:
     void anUnknownNameHasNoClass() {
@@ -43,20 +45,20 @@ private Q_SLOTS:
 
     void aRequiredClassIsGivenAsWhatItIs() {
         FirstClass object;
-        const HostClassRegistration registration(m_name, &object);
-        QCOMPARE(&requiredHostClass<FirstClass>(m_name), &object);
+        const HostClassRegistration registration(&object);
+        QCOMPARE(&requiredHostClass<FirstClass>(), &object);
     }
 
     void aRequiredClassThatIsMissingOrAnotherIsLoudByName() {
         try {
-            requiredHostClass<FirstClass>(m_name);
+            requiredHostClass<FirstClass>();
             QFAIL("a missing class was found");
         } catch (const AssertionFailure &failure) {
             QVERIFY(failure.message().contains(m_name));
         }
         SecondClass object;
         const HostClassRegistration registration(m_name, &object);
-        QVERIFY_THROWS_EXCEPTION(AssertionFailure, requiredHostClass<FirstClass>(m_name));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, requiredHostClass<FirstClass>());
     }
 
     void aClassHasTheVersionOfTheHeadersThatItsHostWasCompiledWith() {

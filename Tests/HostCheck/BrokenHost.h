@@ -991,12 +991,9 @@ private:
     QList<std::pair<Database, bool>> m_opened;
     BrokenServer::Class m_serverClass;
     BrokenSessionManager m_sessionManager;
-    const HostClassRegistration m_servers{"QVDirectConnectionServer", &m_serverClass};
-    const HostClassRegistration m_sessions{"QVDropboxSessionManager", &m_sessionManager};
-    const HostClassRegistration m_hourly{"QVHourlySchedule",
-                                         static_cast<QVHourlySchedule::Class *>(this)};
-    const HostClassRegistration m_daily{"QVDailySchedule",
-                                        static_cast<QVDailySchedule::Class *>(this)};
-    const HostClassRegistration m_weekly{"QVWeeklySchedule",
-                                         static_cast<QVWeeklySchedule::Class *>(this)};
+    const HostClassRegistration m_servers{&m_serverClass};
+    const HostClassRegistration m_sessions{&m_sessionManager};
+    const HostClassRegistration m_hourly{static_cast<QVHourlySchedule::Class *>(this)};
+    const HostClassRegistration m_daily{static_cast<QVDailySchedule::Class *>(this)};
+    const HostClassRegistration m_weekly{static_cast<QVWeeklySchedule::Class *>(this)};
 };

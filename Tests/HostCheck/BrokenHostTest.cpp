@@ -317,7 +317,7 @@ private Q_SLOTS:
 
     void anExceptionIsReportedWithItsMessage() {
         RaisingFutures futures;
-        const HostClassRegistration registration("PZFuture", &futures);
+        const HostClassRegistration registration(&futures);
         QStringList reasons;
         for (const HostPromise &promise : HostCheck::promises()) {
             if (qstrcmp(promise.key, "PZFuture.future") == 0) {

@@ -8,8 +8,7 @@
 std::shared_ptr<QVDropboxSession> DropboxTestCase::newSession(const QString &account) {
     const Url URL =
         account.isEmpty() ? Url() : Url::fromString(QLatin1StringView("dropbox://") + account);
-    return requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
-        .sessionWithURL(URL);
+    return requiredHostClass<QVDropboxSessionManager>().sessionWithURL(URL);
 }
 
 void DropboxTestCase::signIn(const QString &account) {

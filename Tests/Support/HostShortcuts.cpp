@@ -15,8 +15,8 @@ void setDebugging(Debugging debugging) {
 }
 
 QVSyncSchedulePtr dailySchedule(int hour, int minute) {
-    return requiredHostClass<QVDailySchedule::Class>(QStringLiteral("QVDailySchedule"))
-        .initWithHourAndMinute(HourAndMinute{hour, minute});
+    return requiredHostClass<QVDailySchedule::Class>().initWithHourAndMinute(
+        HourAndMinute{hour, minute});
 }
 
 void putDatabaseRecord(const std::shared_ptr<QVSyncLocation> &location, const QString &UUID,

@@ -161,10 +161,9 @@ struct ScriptedHost::Objects {
     ScriptedPluginClass pluginClass;
     ScriptedConnectionServerClass serverClass;
     ScriptedFutureClass futureClass;
-    HostClassRegistration pluginRegistration{QStringLiteral("QVSyncPlugin"), &pluginClass};
-    HostClassRegistration serverRegistration{QStringLiteral("QVDirectConnectionServer"),
-                                             &serverClass};
-    HostClassRegistration futureRegistration{QStringLiteral("PZFuture"), &futureClass};
+    HostClassRegistration pluginRegistration{&pluginClass};
+    HostClassRegistration serverRegistration{&serverClass};
+    HostClassRegistration futureRegistration{&futureClass};
 };
 
 ScriptedHost::ScriptedHost() : m_objects(std::make_unique<Objects>(this)) {}

@@ -63,7 +63,7 @@ class QVDropboxLocationEditorTest : public QObject {
 
     struct Manager {
         ScriptedSessionManager manager;
-        HostClassRegistration registration{QStringLiteral("QVDropboxSessionManager"), &manager};
+        HostClassRegistration registration{&manager};
     };
 
     // Without the engine, which has a manager of its own.

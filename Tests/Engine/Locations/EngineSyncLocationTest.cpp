@@ -20,8 +20,7 @@ class EngineSyncLocationTest : public QObject {
 private Q_SLOTS:
     void aNewLocationIsInNoList() {
         TestHost host;
-        const auto &locations =
-            requiredHostClass<QVSyncLocation::Class>(QStringLiteral("QVSyncLocation"));
+        const auto &locations = requiredHostClass<QVSyncLocation::Class>();
         QVERIFY(locations.syncLocationWithURL(Url())->URL().isNil());
         const Url url = Url::fromString(QStringLiteral("velmora://desk.local:8442"));
         QCOMPARE(locations.syncLocationWithURL(url)->URL(), url);

@@ -165,15 +165,12 @@ private Q_SLOTS:
     void theClassesMakeSchedulesWithTheirDefaults() {
         TestHost host;
         QVERIFY(!QVSyncSchedule::newSchedule()->isHourly());
-        const auto &hourly =
-            requiredHostClass<QVHourlySchedule::Class>(QStringLiteral("QVHourlySchedule"));
+        const auto &hourly = requiredHostClass<QVHourlySchedule::Class>();
         QCOMPARE(hourly.newHourlySchedule()->hourlyOffset(), 0U);
         QCOMPARE(hourly.initWithHourlyOffset(75)->hourlyOffset(), 15U);
-        const auto &daily =
-            requiredHostClass<QVDailySchedule::Class>(QStringLiteral("QVDailySchedule"));
+        const auto &daily = requiredHostClass<QVDailySchedule::Class>();
         QCOMPARE(daily.initWithHourAndMinute({})->hourAndMinute(), (HourAndMinute{9, 0}));
-        const auto &weekly =
-            requiredHostClass<QVWeeklySchedule::Class>(QStringLiteral("QVWeeklySchedule"));
+        const auto &weekly = requiredHostClass<QVWeeklySchedule::Class>();
         QCOMPARE(weekly.initWithHourAndMinute(HourAndMinute{14, 37}, 62)->hourAndMinute(),
                  (HourAndMinute{14, 37}));
         QCOMPARE(weekly.initWithHourAndMinute({}, 62)->daysOfWeek(), 62U);

@@ -390,9 +390,7 @@ private Q_SLOTS:
         server.configure();
         DropboxBrowser browser;
         browser.onlyRemember();
-        const auto session =
-            requiredHostClass<QVDropboxSessionManager>(QStringLiteral("QVDropboxSessionManager"))
-                .sessionWithURL(Url());
+        const auto session = requiredHostClass<QVDropboxSessionManager>().sessionWithURL(Url());
         session->authorizeWithFuture(PZFuture::future(), [](const auto &, const auto &) {});
         QTRY_VERIFY(!browser.opened().isEmpty());
         const qint64 time = quit();
