@@ -26,7 +26,7 @@ Error CombinedErrors::of(const QList<Error> &errors) {
         descriptions.append(localizedString(PlatformTable, "Further failures: %1").arg(more));
     }
     details.removeAll(QString());
-    return {.domain = QStringLiteral("SyncPreferences"),
+    return {.domain = errors.first().domain,
             .localizedDescription = descriptions.join(QStringLiteral("\n\n")),
             .details = details.join(QStringLiteral("\n\n"))};
 }
