@@ -210,7 +210,7 @@ private:
 
 void runningOperationIsCancelled() {
     PendingStore pending;
-    require(pending.isOpening(), "opening ends although the server does not answer");
+    require(pending.isOpening(), "opening ends although the server does not respond");
     pending.future()->cancel();
     pending.requireCancellation();
 }
