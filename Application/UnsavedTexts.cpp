@@ -69,7 +69,9 @@ Expected<QStringList> namesIn(const QString &folder) {
     for (files::directory_iterator entry(QFile::encodeName(folder).constData(), error), end;
          !error && entry != end; entry.increment(error)) {
         std::error_code ofType;
-        if (entry->is_regular_file(ofType)) {
+        // Reading a file of unknown type reports why it cannot be read.
+        if (entry->is_regular_file(ofType) ||
+            (ofType && ofType != std::errc::no_such_file_or_directory)) {
             names.append(QFile::decodeName(entry->path().filename().c_str()));
         }
     }

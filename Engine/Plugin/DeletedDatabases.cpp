@@ -1,7 +1,5 @@
 #include "Engine/Plugin/DeletedDatabases.h"
 
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <utility>
@@ -18,6 +16,7 @@
 #include "Host/QVJobLog.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/MainQueue.h"
 
 namespace {
@@ -29,16 +28,6 @@ void logFailureOf(const Expected<void> &result) {
     if (!result) {
         QVJobLog::logMessage(result.error().localizedDescription);
     }
-}
-
-/// Removes what is at `path`, if anything. Returns whether nothing is left. Does not follow
-/// symbolic links.
-bool removePath(const QString &path) {
-    const QFileInfo info(path);
-    if (!info.exists() && !info.isSymLink()) {
-        return true;
-    }
-    return info.isDir() && !info.isSymLink() ? QDir(path).removeRecursively() : QFile::remove(path);
 }
 
 }  // namespace
@@ -170,19 +159,25 @@ void DeletedDatabases::moveLog() {
 
 Expected<void> DeletedDatabases::deleteServed(const QString &UUID) const {
     const QString store = DirectConnectionPackage::pathInProfile(m_profile.directory());
-    if (!DatabaseRecord::isUUID(UUID) || !QFileInfo::exists(store)) {
+    // A path contains it.
+    if (!DatabaseRecord::isUUID(UUID)) {
         return {};
     }
-    const QStringList paths{
-        QStringLiteral("%1/%2/%3.json").arg(store, SyncStoreLayout::DatabasesFolder, UUID),
-        QStringLiteral("%1/%2/%3").arg(store, SyncStoreLayout::TransactionsFolder, UUID)};
-    for (const QString &path : paths) {
-        if (!removePath(path)) {
-            return failure(engineError(EngineErrorCode::AccessDenied,
-                                       "“%1” belongs to a deleted database and cannot be deleted. "
-                                       "Velmora tries again when it starts. Check the permissions.",
-                                       path));
-        }
-    }
-    return {};
+    const QString record =
+        QStringLiteral("%1/%2/%3.json").arg(store, SyncStoreLayout::DatabasesFolder, UUID);
+    const QString transactions =
+        QStringLiteral("%1/%2/%3").arg(store, SyncStoreLayout::TransactionsFolder, UUID);
+    const auto notDeleted = [](const QString &path) {
+        return engineError(EngineErrorCode::AccessDenied,
+                           "“%1” belongs to a deleted database and cannot be deleted. "
+                           "Velmora tries again when it starts. Check the permissions.",
+                           path);
+    };
+    return FileManager::removeFile(record)
+        .map_error([&](const Error &) { return notDeleted(record); })
+        .and_then([&] {
+            return FileManager::removeFolder(transactions).map_error([&](const Error &) {
+                return notDeleted(transactions);
+            });
+        });
 }

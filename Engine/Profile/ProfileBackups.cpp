@@ -114,6 +114,12 @@ Error damagedBackup(const QString &path) {
                        "The backup “%1” is damaged. Use another backup.", path);
 }
 
+/// Returns whether `error`, of ProfileBackups::verify(), means that the backup is of no use.
+bool isDamage(const Error &error) {
+    return isEngineError(error, EngineErrorCode::ProfileDamaged) ||
+           isEngineError(error, EngineErrorCode::BackupFailed);
+}
+
 Expected<void> checkNotEmpty(const QString &path, const std::atomic_bool *isCancelled) {
     return ReadOnlyConnection::open(path, ReadOnlyConnection::Sharing::Immutable, isCancelled)
         .and_then(
@@ -168,10 +174,21 @@ Expected<QList<ProfileBackups::Backup>> ProfileBackups::all(const QDate &today) 
 
 Expected<std::optional<ProfileBackups::Backup>> ProfileBackups::newestSound(
     const QDate &today) const {
-    return all(today).map([](const QList<Backup> &backups) {
-        const auto sound = std::find_if(backups.begin(), backups.end(),
-                                        [](const Backup &each) { return verify(each.path); });
-        return sound == backups.end() ? std::nullopt : std::optional(*sound);
+    using Result = Expected<std::optional<Backup>>;
+    return all(today).and_then([](const QList<Backup> &backups) -> Result {
+        Result none = std::nullopt;
+        for (const Backup &backup : backups) {
+            const Expected<void> verified = verify(backup.path);
+            if (verified) {
+                return backup;
+            }
+            if (isEngineError(verified.error(), EngineErrorCode::ProfileUnreadable)) {
+                none = failure(verified.error());
+            } else if (!isDamage(verified.error())) {
+                return failure(verified.error());
+            }
+        }
+        return none;
     });
 }
 
@@ -238,15 +255,20 @@ Expected<void> ProfileBackups::publish(const QString &unfinished, const QString 
 }
 
 Expected<void> ProfileBackups::checkSpace() const {
-    const qint64 size =
-        QFileInfo(m_profile).size() + QFileInfo(ProfileFolder::logOf(m_profile)).size();
+    const Expected<qint64> sizeOfProfile = FileManager::size(m_profile);
+    const Expected<qint64> sizeOfLog = FileManager::size(ProfileFolder::logOf(m_profile));
+    const QStorageInfo disk(m_folder);
+    if (!sizeOfProfile || !sizeOfLog || !disk.isValid()) {
+        return failure(ProfileInspection::unreadable(m_profile));
+    }
+    const qint64 size = *sizeOfProfile + *sizeOfLog;
     if (size > m_limits.bytes) {
         return notMade(m_profile, localizedSyncString(
                                       "Its size is %1, and all backups together may have %2. Quit "
                                       "Velmora and copy the profile yourself.")
                                       .arg(sizeText(size), sizeText(m_limits.bytes)));
     }
-    const qint64 available = QStorageInfo(m_folder).bytesAvailable();
+    const qint64 available = disk.bytesAvailable();
     if (available < size + m_limits.free) {
         return notMade(m_profile,
                        localizedSyncString("The disk has only %1 left, and %2 are needed. Delete "
@@ -306,12 +328,16 @@ Expected<void> ProfileBackups::removeUnfinished() const {
 }
 
 Expected<void> ProfileBackups::removeBeyondLimits(const QDate &today) const {
-    return all(today).and_then([&](const QList<Backup> &backups) {
+    return all(today).and_then([&](const QList<Backup> &backups) -> Expected<void> {
         qint64 bytes = 0;
         int count = 0;
         Expected<void> removed;
         for (const Backup &backup : backups) {
-            bytes += QFileInfo(backup.path).size();
+            const Expected<qint64> size = FileManager::size(backup.path);
+            if (!size) {
+                return failure(size.error());
+            }
+            bytes += *size;
             ++count;
             if (backup.date != today && (count > m_limits.count || bytes > m_limits.bytes)) {
                 removed = removeOld(backup.path).and_then([&] { return removed; });
@@ -346,7 +372,7 @@ Expected<void> ProfileBackups::keepBeforeDamage(const QDate &today, const QStrin
 }
 
 Expected<void> ProfileBackups::verify(const QString &path, const std::atomic_bool *isCancelled) {
-    return ProfileInspection::check(path, isCancelled)
+    return ProfileInspection::checkReadable(path, isCancelled)
         .map_error([&](const Error &error) {
             return isEngineError(error, EngineErrorCode::IndexesDamaged) ? damagedBackup(path)
                                                                          : error;

@@ -45,8 +45,10 @@ public:
     /// Returns the backups, newest first. They may be damaged. Those of days after `today` come
     /// last: the clock was ahead when they were made. Fails if the folder cannot be read.
     Expected<QList<Backup>> all(const QDate &today) const;
-    /// Returns the newest backup that verify() accepts, in the order of all(), or std::nullopt.
-    /// Fails if the folder cannot be read.
+    /// Returns the newest backup that verify() accepts, in the order of all(), or std::nullopt if
+    /// all are damaged. Fails if the folder cannot be read, or if a newer backup cannot, for
+    /// example for want of permission: an older one would lose notes. One whose disk reports an
+    /// error is passed over, but if there is no other, that error is returned.
     Expected<std::optional<Backup>> newestSound(const QDate &today) const;
     /// Returns whether there is no backup of the day `today`. Fails if the folder cannot be read.
     Expected<bool> isDue(const QDate &today) const;
@@ -66,9 +68,9 @@ public:
         const Inspection &inspect = [](const QString & /*path*/) { return QString(); }) const;
 
     /// Checks the whole backup at `path`: that it is a profile, and SQLite finds no damage. Errors
-    /// also have the codes of ProfileInspection::check(). Fails soon after `isCancelled`, which may
-    /// be null, has become true. The backup must not be in use. Reads all of it, so it takes
-    /// seconds for large profiles.
+    /// also have the codes of ProfileInspection::checkReadable(). Fails soon after `isCancelled`,
+    /// which may be null, has become true. The backup must not be in use. Reads all of it, so it
+    /// takes seconds for large profiles.
     static Expected<void> verify(const QString &path,
                                  const std::atomic_bool *isCancelled = nullptr);
 

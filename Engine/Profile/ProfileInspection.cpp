@@ -11,21 +11,34 @@
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Engine/Profile/SqliteCode.h"
+#include "Platform/Foundation/FileManager.h"
 
 namespace {
 
 /// SQLite must not create a log if there is none. Otherwise it needs the log to see the latest
 /// state; a read-only connection does not change it.
-ReadOnlyConnection::Sharing sharingFor(const QString &path) {
-    return QFileInfo(ProfileFolder::logOf(path)).size() > 0
-               ? ReadOnlyConnection::Sharing::Shared
-               : ReadOnlyConnection::Sharing::Immutable;
+ReadOnlyConnection::Sharing sharingFor(qint64 sizeOfLog) {
+    return sizeOfLog > 0 ? ReadOnlyConnection::Sharing::Shared
+                         : ReadOnlyConnection::Sharing::Immutable;
 }
 
-/// Returns whether the database is empty, but not its log, which SQLite deletes then when it opens
-/// the database. A first start writes the log after the first page of the database.
-bool hasLogOnly(const QString &path) {
-    return QFileInfo(path).size() == 0 && QFileInfo(ProfileFolder::logOf(path)).size() > 0;
+/// The sizes of a database and of its log.
+struct Sizes {
+    qint64 database;
+    qint64 log;
+    /// SQLite deletes the log then when it opens the database. A first start writes the log after
+    /// the first page of the database.
+    bool areLogOnly() const { return database == 0 && log > 0; }
+};
+
+Expected<Sizes> readSizes(const QString &path) {
+    return FileManager::size(path)
+        .and_then([&](qint64 database) {
+            return FileManager::size(ProfileFolder::logOf(path)).map([&](qint64 log) {
+                return Sizes{database, log};
+            });
+        })
+        .map_error([&](const Error & /*error*/) { return ProfileInspection::unreadable(path); });
 }
 
 tl::unexpected<Error> unusable(const char *text, const QString &path) {
@@ -89,9 +102,13 @@ Expected<Header> readHeader(const QString &path, const ReadOnlyConnection &datab
 
 /// Returns an error unless the empty database at `path` is what an interrupted first start leaves.
 Expected<void> checkNeverUsed(const QString &path) {
+    const Expected<Sizes> sizes = readSizes(path);
+    if (!sizes) {
+        return failure(sizes.error());
+    }
     return ProfileFolder::isUnusedSinceCreation(QFileInfo(path).path())
         .and_then([&](bool isUnused) -> Expected<void> {
-            if (isUnused && !hasLogOnly(path)) {
+            if (isUnused && !sizes->areLogOnly()) {
                 return {};
             }
             return failure(engineError(
@@ -161,7 +178,7 @@ bool areTablesReadable(const ReadOnlyConnection &database) {
            });
 }
 
-Expected<void> checkAccess(const QString &path) {
+Expected<void> checkReadAccess(const QString &path) {
     const QFileInfo file(path);
     if (!file.isFile()) {
         return unusable(
@@ -174,6 +191,11 @@ Expected<void> checkAccess(const QString &path) {
             "another profile.",
             path);
     }
+    return {};
+}
+
+Expected<void> checkWriteAccess(const QString &path) {
+    const QFileInfo file(path);
     if (!file.isWritable()) {
         return unusable(
             "The profile “%1” is read-only. Change its permissions or use another profile.", path);
@@ -233,13 +255,21 @@ Expected<void> ProfileInspection::checkIntegrity(const QString &path,
                                                                           : damaged(path);
 }
 
-Expected<void> ProfileInspection::check(const QString &path, const std::atomic_bool *isCancelled) {
-    if (Expected<void> accessible = checkAccess(path); !accessible) {
-        return accessible;
+Expected<void> ProfileInspection::check(const QString &path) {
+    return checkReadAccess(path).and_then([&] { return checkWriteAccess(path); }).and_then([&] {
+        return checkReadable(path);
+    });
+}
+
+Expected<void> ProfileInspection::checkReadable(const QString &path,
+                                                const std::atomic_bool *isCancelled) {
+    const Expected<Sizes> sizes = checkReadAccess(path).and_then([&] { return readSizes(path); });
+    if (!sizes) {
+        return failure(sizes.error());
     }
-    if (hasLogOnly(path)) {
+    if (sizes->areLogOnly()) {
         return checkNeverUsed(path);
     }
-    const auto database = ReadOnlyConnection::open(path, sharingFor(path), isCancelled);
+    const auto database = ReadOnlyConnection::open(path, sharingFor(sizes->log), isCancelled);
     return database ? checkContents(path, **database) : notRead(path, database.error());
 }

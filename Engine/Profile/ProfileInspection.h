@@ -42,8 +42,11 @@ Expected<void> checkIntegrity(const QString &path, const ReadOnlyConnection &dat
 /// and ProfileUnusable if it is read-only, of an unsupported version, or of another program, or
 /// cannot be read now, for example because it is locked. An empty database is damaged too, unless
 /// its folder contains nothing else than what an interrupted first start leaves. Reads the whole
-/// file, so it may block for some seconds; fails soon after `isCancelled`, which may be null, has
-/// become true.
-Expected<void> check(const QString &path, const std::atomic_bool *isCancelled = nullptr);
+/// file, so it may block for some seconds.
+Expected<void> check(const QString &path);
+
+/// As check(), but accepts a database and a folder that are read-only. Fails soon after
+/// `isCancelled`, which may be null, has become true.
+Expected<void> checkReadable(const QString &path, const std::atomic_bool *isCancelled = nullptr);
 
 }  // namespace ProfileInspection

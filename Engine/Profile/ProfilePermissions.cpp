@@ -3,10 +3,10 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Host/SyncStrings.h"
@@ -17,27 +17,28 @@ namespace {
 constexpr mode_t PermissionsOfOthers = S_IRWXG | S_IRWXO;
 
 /// Returns whether other users have no permission for `path` any more.
-bool isPrivate(const QByteArray &path) {
+bool isPrivate(const std::filesystem::path &path) {
     struct stat status = {};
-    if (lstat(path.constData(), &status) != 0) {
+    if (lstat(path.c_str(), &status) != 0) {
         return errno == ENOENT;
     }
     const bool isOpen = !S_ISLNK(status.st_mode) && (status.st_mode & PermissionsOfOthers) != 0;
-    return !isOpen || chmod(path.constData(), status.st_mode & S_IRWXU) == 0;
+    return !isOpen || chmod(path.c_str(), status.st_mode & S_IRWXU) == 0;
 }
 
 }  // namespace
 
 Expected<void> ProfilePermissions::removeForOthers(const QString &directory) {
-    const QDir folder(directory);
+    namespace files = std::filesystem;
+    std::error_code error;
     // The last part of the path may be a symbolic link.
-    bool arePrivate = isPrivate(QFile::encodeName(folder.canonicalPath()));
-    const QStringList names =
-        folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System);
-    for (const QString &name : names) {
-        arePrivate = isPrivate(QFile::encodeName(folder.filePath(name))) && arePrivate;
+    const files::path folder = files::canonical(QFile::encodeName(directory).toStdString(), error);
+    bool arePrivate = !error && isPrivate(folder);
+    files::directory_iterator entries(folder, error);
+    for (; !error && entries != files::directory_iterator(); entries.increment(error)) {
+        arePrivate = isPrivate(entries->path()) && arePrivate;
     }
-    if (arePrivate) {
+    if (arePrivate && !error) {
         return {};
     }
     return failure(engineError(

@@ -11,6 +11,7 @@
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/Retries.h"
 
 namespace {
@@ -27,11 +28,16 @@ bool isInUse(const Error &error) {
 /// Copies the profile if its first transaction is committed; returns whether it is.
 Expected<bool> copy(const QString &path, const QString &target, bool isLocked) {
     // SQLite would delete the log of a database without a page.
-    if (QFileInfo(path).size() == 0) {
+    const Expected<qint64> size = FileManager::size(path);
+    const Expected<qint64> sizeOfLog = FileManager::size(ProfileFolder::logOf(path));
+    if (!size || !sizeOfLog) {
+        return failure(ProfileInspection::unreadable(path));
+    }
+    if (*size == 0) {
         return false;
     }
     // A locked profile has no other user. Without a log, SQLite need not create its files then.
-    const bool isImmutable = isLocked && QFileInfo(ProfileFolder::logOf(path)).size() == 0;
+    const bool isImmutable = isLocked && *sizeOfLog == 0;
     const auto database =
         ReadOnlyConnection::open(path, isImmutable ? ReadOnlyConnection::Sharing::Immutable
                                                    : ReadOnlyConnection::Sharing::Shared);

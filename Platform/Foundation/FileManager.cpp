@@ -21,6 +21,13 @@ Error errorOf(const std::error_code &error, const char *text, const QString &pat
     return systemError(error.value(), localizedString(PlatformTable, text).arg(path));
 }
 
+Error notReached(const std::error_code &error, const QString &path) {
+    return errorOf(error,
+                   "“%1” cannot be reached. Check the permissions of the folders that contain it "
+                   "and its disk.",
+                   path);
+}
+
 Error notRemoved(const std::error_code &error, const QString &path) {
     return errorOf(error,
                    "“%1” could not be removed. Check the permissions of its folder and its disk.",
@@ -55,10 +62,16 @@ Expected<bool> FileManager::exists(const QString &path) {
     if (isNone(error)) {
         return false;
     }
-    return failure(errorOf(error,
-                           "“%1” cannot be reached. Check the permissions of the folders that "
-                           "contain it and its disk.",
-                           path));
+    return failure(notReached(error, path));
+}
+
+Expected<qint64> FileManager::size(const QString &path) {
+    struct stat found {};
+    if (stat(QFile::encodeName(path).constData(), &found) == 0) {
+        return found.st_size;
+    }
+    const std::error_code error(errno, std::generic_category());
+    return isNone(error) ? Expected<qint64>(0) : failure(notReached(error, path));
 }
 
 Expected<QStringList> FileManager::names(const QString &path, std::filesystem::file_type type) {
@@ -67,7 +80,13 @@ Expected<QStringList> FileManager::names(const QString &path, std::filesystem::f
     std::error_code error;
     for (Entries each(toPath(path), error); !error && each != Entries(); each.increment(error)) {
         std::error_code unknown;
-        if (each->symlink_status(unknown).type() == type) {
+        const std::filesystem::file_type found = each->symlink_status(unknown).type();
+        // The entry may have been removed meanwhile.
+        if (unknown && !isNone(unknown)) {
+            return failure(notReached(
+                unknown, path + u'/' + QFile::decodeName(each->path().filename().c_str())));
+        }
+        if (found == type) {
             names.append(QFile::decodeName(each->path().filename().c_str()));
         }
     }

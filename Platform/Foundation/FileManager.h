@@ -20,10 +20,14 @@ PLATFORM_EXPORT Expected<void> createDirectory(const QString &path);
 /// return that there is none. The error's reason is that of the system.
 PLATFORM_EXPORT Expected<bool> exists(const QString &path);
 
+/// Returns the size of the file `path` in bytes, or 0 if there is none. Returns an error if that
+/// cannot be determined, where QFileInfo would return 0. The error's reason is that of the system.
+PLATFORM_EXPORT Expected<qint64> size(const QString &path);
+
 /// Returns the names of the entries of the folder `path` that have the type `type`, in no order;
 /// none if the folder does not exist. A symbolic link has a type of its own. Returns an error if
-/// the folder cannot be read, of which QDir would return no names. The error's reason is that of
-/// the system.
+/// the folder or the type of an entry cannot be read; QDir would leave them out. The error's reason
+/// is that of the system.
 PLATFORM_EXPORT Expected<QStringList> names(const QString &path, std::filesystem::file_type type);
 
 /// Removes the file or symbolic link `path`. Has no effect if there is none. Fails if it is a

@@ -1,9 +1,12 @@
 #include <sys/syscall.h>
 
+#include <QtCore/QtEndian>
+
 #include "Engine/Notes/NoteInspection.h"
 #include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Profile/BackupSchedule.h"
 #include "Engine/Profile/ProfileBackups.h"
+#include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ProfileRecovery.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Host/InboxUUID.h"
@@ -15,6 +18,7 @@
 #include "Support/RunSession.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+#include "Support/Umask.h"
 
 /// The daily backups of a real profile, and how they replace a damaged one.
 class ProfileBackupsTest : public QObject {
@@ -64,6 +68,15 @@ private:
         }
     }
 
+    static void setVersion(const QString &path, int version) {
+        // The number is at a fixed place of the file.
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.seek(60));
+        const quint32 number = qToBigEndian(static_cast<quint32>(version));
+        QCOMPARE(file.write(reinterpret_cast<const char *>(&number), sizeof number),
+                 qint64(sizeof number));
+    }
     static bool executeIn(const QString &directory, const QString &statement) {
         ProfileDatabase profile;
         const auto nothing = [] { return Expected<void>(); };
@@ -437,6 +450,46 @@ private Q_SLOTS:
         QVERIFY(QDir(directory)
                     .entryList({QStringLiteral(".velmora-recovery-*")}, QDir::Dirs | QDir::Hidden)
                     .isEmpty());
+    }
+
+    void aReadOnlyBackupIsRestoredAsAProfileThatCanBeWritten() {
+        const QString directory = m_host->directory();
+        QVERIFY(ProfileBackups(directory).make(m_today));
+        QVERIFY(QFile::setPermissions(pathFor(m_today), QFile::ReadOwner));
+        m_host->goToComputer(QStringLiteral("Other"));
+        overwrite(directory + QStringLiteral("/profile.sqlite"), 4096, 20000);
+        // Root may write everything.
+        runWithFailingSystemCall(SYS_faccessat2, EACCES, [&] {
+            QVERIFY(!QFileInfo(pathFor(m_today)).isWritable());
+            QCOMPARE(description(ProfileRecovery::restoreBackup(directory)), QString());
+        });
+        QCOMPARE(permissionsOf(directory + QStringLiteral("/profile.sqlite")), 0600U);
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QCOMPARE(titles(), QStringList{QStringLiteral("first")});
+    }
+
+    void anOlderBackupIsNotUsedInPlaceOfOneThatAnotherVersionCanUse() {
+        const QString directory = m_host->directory();
+        const ProfileBackups backups(directory);
+        QVERIFY(backups.make(m_today.addDays(-1)));
+        QVERIFY(backups.make(m_today));
+        setVersion(pathFor(m_today), ProfileInspection::SchemaVersion + 1);
+        const auto newest = backups.newestSound(m_today);
+        QCOMPARE(code(newest), EngineErrorCode::ProfileUnusable);
+        QVERIFY2(description(newest).contains(pathFor(m_today)), qPrintable(description(newest)));
+    }
+
+    void backupsThatTheirDiskCannotReadAreNotMissing() {
+        const ProfileBackups backups(m_host->directory());
+        QVERIFY(backups.make(m_today.addDays(-1)));
+        QVERIFY(backups.make(m_today));
+        const QString directory = m_host->directory();
+        m_host->goToComputer(QStringLiteral("Other"));
+        runWithFailingSystemCall(SYS_pread64, EIO, [&] {
+            QCOMPARE(code(backups.newestSound(m_today)), EngineErrorCode::ProfileUnreadable);
+            QCOMPARE(code(ProfileRecovery::restoreBackup(directory)),
+                     EngineErrorCode::ProfileUnreadable);
+        });
     }
 
     void anEmptiedProfileIsRestoredAndAnEmptiedBackupIsNot() {

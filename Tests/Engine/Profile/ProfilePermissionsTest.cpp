@@ -1,9 +1,13 @@
 #include "Engine/Profile/ProfilePermissions.h"
 
+#include <sys/syscall.h>
+
 #include <QtCore/QDirIterator>
+#include <QtCore/QTemporaryDir>
 
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/Foundation/EngineFuture.h"
+#include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -93,6 +97,15 @@ private Q_SLOTS:
                  EngineErrorCode::ProfileUnusable);
         QVERIFY(description(ProfilePermissions::removeForOthers(QStringLiteral("/proc/self")))
                     .contains(QStringLiteral("Other users of this computer may be able to read")));
+    }
+
+    void aProfileWhoseFilesCannotBeListedIsReported() {
+        const QTemporaryDir folder;
+        QVERIFY(ProfilePermissions::removeForOthers(folder.path()));
+        runWithFailingSystemCall(SYS_getdents64, EIO, [&] {
+            QCOMPARE(code(ProfilePermissions::removeForOthers(folder.path())),
+                     EngineErrorCode::ProfileUnusable);
+        });
     }
 };
 

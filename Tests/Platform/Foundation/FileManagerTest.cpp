@@ -45,6 +45,17 @@ private Q_SLOTS:
                                       .arg(path("file"))));
     }
 
+    void theSizeOfAFileThatCannotBeReachedIsAnError() {
+        makeFile("file");
+        const qint64 size = QFileInfo(path("file")).size();
+        QCOMPARE(FileManager::size(path("file")).value(), size);
+        QCOMPARE(FileManager::size(path("missing")).value(), 0);
+        Expected<qint64> found;
+        runWithFailingSystemCall(SYS_newfstatat, EIO,
+                                 [&] { found = FileManager::size(path("file")); });
+        QVERIFY(!found);
+    }
+
     void theNamesAreThoseOfOneType() {
         makeFile("file");
         makeFile(".hidden");
