@@ -66,16 +66,10 @@ Expected<HttpResponse> HttpConnection::exchange(const HttpRequest &request,
                                                 const EngineFuture &future) {
     m_request = &request;
     m_options = &options;
-    m_response = {};
-    m_headerSize = 0;
-    m_receivedBefore = m_sockets.received();
-    m_areHeadersComplete = false;
-    m_transferred = 0;
-    m_error.reset();
-    configure(request);
-    const CURLcode code = m_isConfigured ? run(future) : CURLE_FAILED_INIT;
-    // A kept connection has no secret of the request.
-    m_headers.reset();
+    CURLcode code = attempt(future);
+    if (canRepeat(code)) {
+        code = attempt(future);
+    }
     if (m_error) {
         return failure(*m_error);
     }
@@ -92,6 +86,32 @@ Expected<HttpResponse> HttpConnection::exchange(const HttpRequest &request,
     }
     m_response.status = static_cast<int>(status);
     return std::move(m_response);
+}
+
+CURLcode HttpConnection::attempt(const EngineFuture &future) {
+    m_response = {};
+    m_headerSize = 0;
+    m_receivedBefore = m_sockets.received();
+    m_areHeadersComplete = false;
+    m_transferred = 0;
+    m_error.reset();
+    configure(*m_request);
+    const CURLcode code = m_isConfigured ? run(future) : CURLE_FAILED_INIT;
+    // A kept connection has no secret of the request.
+    m_headers.reset();
+    return code;
+}
+
+bool HttpConnection::canRepeat(CURLcode code) const {
+    static const QByteArrayList idempotent{"GET", "PROPFIND", "PUT", "DELETE"};
+    const bool isLost =
+        code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR || code == CURLE_GOT_NOTHING;
+    if (m_error || !isLost || m_headerSize > 0 || !idempotent.contains(m_request->method)) {
+        return false;
+    }
+    long connects = 1;
+    curl_easy_getinfo(m_easy.get(), CURLINFO_NUM_CONNECTS, &connects);
+    return connects == 0;
 }
 
 template <class Value>

@@ -92,6 +92,12 @@ private:
     /// Sets the error if libcurl has reported one and none is set.
     void check(CURLMcode code);
     Error unreachable(const QString &reason) const;
+    /// Configures and performs the request. Blocks. Sets the error, unless it is one of libcurl.
+    CURLcode attempt(const EngineFuture &future);
+    /// Returns whether the attempt failed because the server had closed a kept connection, which it
+    /// may do at any time, and the request can be sent again without harm. libcurl sends it again
+    /// only if the connection was closed before all of the request was sent.
+    bool canRepeat(CURLcode code) const;
     /// Performs the request. Blocks.
     CURLcode run(const EngineFuture &future);
     /// Returns why the request, which is not complete, must end now; empty if it may go on.
