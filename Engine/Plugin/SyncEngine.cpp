@@ -100,7 +100,10 @@ SyncEngine::SyncEngine()
     : m_library(m_profile),
       m_plugin(m_profile, m_library),
       m_triggers(*m_plugin.locationsController(), *m_plugin.dispatcher(), m_library),
-      m_pruning(m_profile) {}
+      m_pruning(m_profile) {
+    // The question of the first start is asked before a profile is opened.
+    installTranslation();
+}
 
 SyncEngine::~SyncEngine() {
     saveLastCheck();
@@ -110,7 +113,6 @@ SyncEngine::~SyncEngine() {
 
 Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents contents,
                                        ProfileUse use) {
-    installTranslation();
     m_directory = QDir(directory).absolutePath();
     Expected<void> opened = use == ProfileUse::Snapshot
                                 ? openSnapshot(directory, contents)

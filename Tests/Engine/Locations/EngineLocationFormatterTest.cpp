@@ -3,6 +3,7 @@
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Plugin/BuiltInLocationKinds.h"
 #include "Engine/Plugin/EngineContext.h"
+#include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Localization.h"
@@ -92,6 +93,16 @@ private Q_SLOTS:
             QCOMPARE(localizedString(PlatformTable, "The keyring is locked."),
                      QStringLiteral("Der Schlüsselbund ist gesperrt."));
             QCOMPARE(host.library().knownDatabases().at(1)->name(), QStringLiteral("Projekte"));
+        }
+        QLocale::setDefault(QLocale::c());
+        QCOMPARE(localizedSyncString("Unavailable"), QStringLiteral("Unavailable"));
+    }
+
+    void usesTheLanguageOfTheUserBeforeAProfileIsOpened() {
+        QLocale::setDefault(QLocale(QLocale::German));
+        {
+            const SyncEngine engine;
+            QCOMPARE(localizedSyncString("Unavailable"), QStringLiteral("nicht verfügbar"));
         }
         QLocale::setDefault(QLocale::c());
         QCOMPARE(localizedSyncString("Unavailable"), QStringLiteral("Unavailable"));
