@@ -67,8 +67,9 @@ void ListScrollArea::keyPressEvent(QKeyEvent *event) {
         openMenu();
         return;
     }
-    if (list() && ((isPlain && (moveSelection(event->key()) || useSelectedRow(event->key()))) ||
-                   (isTyped && selectByName(*event)))) {
+    const bool isUsed = isPlain && list() && !isBlankOfName(*event) &&
+                        (moveSelection(event->key()) || useSelectedRow(event->key()));
+    if (isUsed || (list() && isTyped && selectByName(*event))) {
         return;
     }
     QScrollArea::keyPressEvent(event);
@@ -119,13 +120,24 @@ bool ListScrollArea::useSelectedRow(int key) {
     return box != nullptr;
 }
 
+bool ListScrollArea::continuesTyping(const QKeyEvent &event) const {
+    const auto interval = static_cast<quint64>(QApplication::keyboardInputInterval());
+    return !m_typed.isEmpty() && event.timestamp() - m_lastTyped <= interval;
+}
+
+bool ListScrollArea::isBlankOfName(const QKeyEvent &event) {
+    const ListSelection selection(list());
+    return event.key() == Qt::Key_Space && continuesTyping(event) &&
+           selection.rowWithPrefix(m_typed + event.text(), selection.row()) >= 0;
+}
+
 bool ListScrollArea::selectByName(const QKeyEvent &event) {
     const QString text = event.text();
-    if (text.isEmpty() || !text.at(0).isPrint() || text.at(0).isSpace()) {
+    if (text.isEmpty() || !text.at(0).isPrint() ||
+        (text.at(0).isSpace() && !isBlankOfName(event))) {
         return false;
     }
-    const auto interval = static_cast<quint64>(QApplication::keyboardInputInterval());
-    const bool continues = !m_typed.isEmpty() && event.timestamp() - m_lastTyped <= interval;
+    const bool continues = continuesTyping(event);
     m_lastTyped = event.timestamp();
     // The same letter again selects the next row that begins with it.
     const bool isRepeated = continues && m_typed == text;

@@ -273,6 +273,30 @@ private Q_SLOTS:
         QCOMPARE(selected(), 4);
     }
 
+    void aBlankWithinANameTicksNothing() {
+        fill({QStringLiteral("a"), QStringLiteral("a b"), QStringLiteral("a c")});
+        const auto typeBlank = [this](quint64 time) {
+            QKeyEvent event(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+            event.setTimestamp(time);
+            QCoreApplication::sendEvent(m_area, &event);
+        };
+        const auto ticked = [this](int index) {
+            return row(index)->findChild<QCheckBox *>()->isChecked();
+        };
+        m_list->setSelectionIndexes({0});
+        type(QStringLiteral("a"), 1000);
+        QCOMPARE(selected(), 1);
+        typeBlank(1010);
+        type(QStringLiteral("c"), 1020);
+        QCOMPARE(selected(), 2);
+        QVERIFY(!ticked(0) && !ticked(1) && !ticked(2));
+        // No name goes on with it.
+        typeBlank(1030);
+        QVERIFY(ticked(2));
+        typeBlank(90000);
+        QVERIFY(!ticked(2));
+    }
+
     void theSameLetterAgainSelectsTheNextSuchRow() {
         fill({QStringLiteral("Alba"), QStringLiteral("Anna"), QStringLiteral("Berta")});
         type(QStringLiteral("a"), 1000);
