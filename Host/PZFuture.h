@@ -12,6 +12,7 @@ public:
     /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        /// The name under which a host registers the class object.
         static constexpr QLatin1StringView Name{"PZFuture"};
         /// Implements PZFuture::future().
         virtual std::shared_ptr<PZFuture> future() const = 0;

@@ -22,6 +22,7 @@ public:
     /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        /// The name under which a host registers the class object.
         static constexpr QLatin1StringView Name{"QVDailySchedule"};
         /// Returns a new schedule. If `hourAndMinute` is std::nullopt or not a valid time of day,
         /// the host's default time is used. Never null.

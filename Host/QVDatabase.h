@@ -17,6 +17,7 @@ public:
     /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        /// The name under which a host registers the class object.
         static constexpr QLatin1StringView Name{"QVDatabase"};
         /// Implements QVDatabase::databases().
         virtual QList<std::shared_ptr<QVDatabase>> databases() const = 0;

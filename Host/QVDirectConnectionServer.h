@@ -20,6 +20,7 @@ public:
     /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        /// The name under which a host registers the class object.
         static constexpr QLatin1StringView Name{"QVDirectConnectionServer"};
         /// Implements QVDirectConnectionServer::URLScheme().
         virtual QString URLScheme() const = 0;

@@ -31,6 +31,7 @@ public:
 /// main thread.
 class HOST_EXPORT QVDropboxSessionManager : public HostClass {
 public:
+    /// The name under which a host registers the class object.
     static constexpr QLatin1StringView Name{"QVDropboxSessionManager"};
     /// Returns a new session for the location with this URL; a nil URL stands for a location that
     /// is not configured yet. Never null.

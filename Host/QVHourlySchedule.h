@@ -9,6 +9,7 @@ public:
     /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        /// The name under which a host registers the class object.
         static constexpr QLatin1StringView Name{"QVHourlySchedule"};
         /// Returns a new schedule with the host's default offset. Never null.
         virtual std::shared_ptr<const QVHourlySchedule> newHourlySchedule() const = 0;

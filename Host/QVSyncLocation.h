@@ -21,6 +21,7 @@ public:
     /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        /// The name under which a host registers the class object.
         static constexpr QLatin1StringView Name{"QVSyncLocation"};
         /// Returns a new location that is in no list yet. `URL` may be nil; the location is then
         /// not configured until setURL() is called. Never null.

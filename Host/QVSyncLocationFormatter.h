@@ -15,6 +15,7 @@ public:
     /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        /// The name under which a host registers the class object.
         static constexpr QLatin1StringView Name{"QVSyncLocationFormatter"};
         /// Implements QVSyncLocationFormatter::formatterForLocationWithURL().
         virtual std::unique_ptr<QVSyncLocationFormatter> formatterForLocationWithURL(

@@ -23,6 +23,7 @@ public:
     /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        /// The name under which a host registers the class object.
         static constexpr QLatin1StringView Name{"QVSyncPlugin"};
         /// Implements QVSyncPlugin::isAvailable().
         virtual bool isAvailable() const = 0;

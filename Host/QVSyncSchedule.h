@@ -14,6 +14,7 @@ public:
     /// The class object, see HostClass.
     class HOST_EXPORT Class : public HostClass {
     public:
+        /// The name under which a host registers the class object.
         static constexpr QLatin1StringView Name{"QVSyncSchedule"};
         /// Implements QVSyncSchedule::newSchedule().
         virtual std::shared_ptr<const QVSyncSchedule> newSchedule() const = 0;
