@@ -39,7 +39,7 @@ private Q_SLOTS:
         use(locale);
         // Its engine has the translations.
         const TestHost host;
-        for (const int size : {10, 14, 18}) {
+        for (const int size : {9, 14, 18}) {
             setFontSize(size);
             const std::unique_ptr<QWidget> window = windowWith(Nib::makeForm(form));
             window->show();
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QFETCH(const QLocale, locale);
         use(locale);
         const TestHost host;
-        for (const int size : {10, 14, 18}) {
+        for (const int size : {9, 14, 18}) {
             setFontSize(size);
             const auto controller = QVImportDatabasesController::newController();
             QWidget *window = controller->window();
