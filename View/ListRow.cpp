@@ -1,12 +1,20 @@
 #include "View/ListRow.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QPainter>
 #include <QtGui/QResizeEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QStyle>
+
+#include "Platform/Interface/Contrast.h"
 
 namespace {
 
 constexpr int textSpacing = 1;
+/// Of the ring of the focus: from the child to the middle of its line.
+constexpr int RingDistance = 3;
+constexpr int RingWidth = 2;
+constexpr int RingRadius = 3;
 
 enum class Place { None, Leading, Text, Trailing };
 
@@ -136,6 +144,35 @@ void ListRow::changeEvent(QEvent *event) {
             break;
     }
     QVSelectedItemBackgroundView::changeEvent(event);
+}
+
+void ListRow::childEvent(QChildEvent *event) {
+    if (event->added()) {
+        event->child()->installEventFilter(this);
+    }
+    QVSelectedItemBackgroundView::childEvent(event);
+}
+
+bool ListRow::eventFilter(QObject *object, QEvent *event) {
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        update();
+    }
+    return QVSelectedItemBackgroundView::eventFilter(object, event);
+}
+
+void ListRow::paintEvent(QPaintEvent *event) {
+    QVSelectedItemBackgroundView::paintEvent(event);
+    const QWidget *child = QApplication::focusWidget();
+    if (!child || child->parentWidget() != this) {
+        return;
+    }
+    const QColor color = isSelected() ? palette().color(QPalette::Active, QPalette::HighlightedText)
+                                      : Contrast::focus(palette());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, RingWidth));
+    painter.drawRoundedRect(QRectF(child->geometry()).marginsAdded(QMarginsF() + RingDistance),
+                            RingRadius, RingRadius);
 }
 
 void ListRow::hideEvent(QHideEvent *event) {

@@ -16,6 +16,9 @@
 /// unless a text then needs more lines. Children without "rowPlace" are not moved. The row must not
 /// be given a layout. Must be used on the main thread.
 ///
+/// The child with the focus has a ring around it, in the color of selected texts if the row is
+/// selected: styles show the focus in colors that are hardly seen on the selection.
+///
 /// The height is set when the row first gets a parent. When it changes later, the parent receives a
 /// layout request, after which a ListScrollArea stacks the rows again. O(number of children) each
 /// time.
@@ -32,7 +35,11 @@ protected:
     /// changes its size hint or is shown or hidden.
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void childEvent(QChildEvent *event) override;
+    /// Repaints the row when the focus comes to a child or leaves it.
+    bool eventFilter(QObject *object, QEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
 

@@ -5,6 +5,7 @@
 
 #include "Application/VelmoraApplication.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Platform/Interface/Contrast.h"
 #include "Platform/Interface/Nib.h"
 #include "Scenarios/EveryQuestion.h"
 #include "Scenarios/EveryWindow.h"
@@ -29,6 +30,17 @@ QPalette highContrastPalette() {
     palette.setColor(QPalette::Highlight, Qt::yellow);
     palette.setColor(QPalette::HighlightedText, Qt::black);
     return palette;
+}
+
+int countOfContrastingPixels(const QImage &one, const QImage &other) {
+    int count = 0;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const double ratio = Contrast::ratio(one.pixelColor(x, y), other.pixelColor(x, y));
+            count += ratio >= Contrast::OfOutline ? 1 : 0;
+        }
+    }
+    return count;
 }
 
 /// Returns the spacings of a layout; none for that of a bar.
@@ -72,6 +84,32 @@ class AccessibleWindowsTest : public QObject {
     Languages m_languages;
 
     static VelmoraApplication &application() { return *static_cast<VelmoraApplication *>(qApp); }
+
+    static QList<std::pair<const char *, std::function<void()>>> looks() {
+        return {{"light", [] { application().setDarkAppearance(false); }},
+                {"dark", [] { application().setDarkAppearance(true); }},
+                {"high contrast", [] { QApplication::setPalette(highContrastPalette()); }}};
+    }
+
+    /// Returns a line for each control of the selected `row` on which the focus cannot be seen, and
+    /// adds its name to `names`.
+    static QStringList unseenFocus(QWidget &row, QSet<QString> &names) {
+        QStringList problems;
+        for (QWidget *child : row.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (child->focusPolicy() == Qt::NoFocus || !child->isVisible() || !child->isEnabled()) {
+                continue;
+            }
+            names.insert(child->objectName());
+            child->clearFocus();
+            const QImage before = row.grab().toImage();
+            child->setFocus(Qt::TabFocusReason);
+            const int changed = countOfContrastingPixels(before, row.grab().toImage());
+            if (changed < 2 * child->width()) {
+                problems.append(QStringLiteral("%1: %2").arg(child->objectName()).arg(changed));
+            }
+        }
+        return problems;
+    }
 
     static void addWindows(const QList<QLocale> &locales) {
         QTest::addColumn<EveryWindow::MakeWindow>("makeWindow");
@@ -175,12 +213,8 @@ private Q_SLOTS:
         QFont large = usual;
         large.setPointSize(14);
         QApplication::setFont(large);
-        const std::pair<const char *, std::function<void()>> looks[] = {
-            {"light", [] { application().setDarkAppearance(false); }},
-            {"dark", [] { application().setDarkAppearance(true); }},
-            {"high contrast", [] { QApplication::setPalette(highContrastPalette()); }}};
         QStringList problems;
-        for (const auto &[look, apply] : looks) {
+        for (const auto &[look, apply] : looks()) {
             apply();
             TestHost host;
             EventLog log;
@@ -193,6 +227,34 @@ private Q_SLOTS:
         }
         QApplication::setFont(usual);
         QVERIFY2(problems.isEmpty(), qPrintable(problems.join(u'\n')));
+    }
+
+    void theFocusInASelectedRowCanBeSeen_data() {
+        QTest::addColumn<std::function<void()>>("apply");
+        for (const auto &[look, apply] : looks()) {
+            QTest::newRow(look) << apply;
+        }
+    }
+    void theFocusInASelectedRowCanBeSeen() {
+        QFETCH(const std::function<void()>, apply);
+        apply();
+        TestHost host;
+        EventLog log;
+        const std::unique_ptr<QWidget> window = EveryWindow::failedSynchronization(host, log);
+        QVERIFY(window);
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QSet<QString> names;
+        QStringList problems = unseenFocus(*Panel::databaseRow(QStringLiteral("Projects")), names);
+        for (int i = 0; i < Panel::countOfLocations(); ++i) {
+            Panel::select(Panel::locationRow(i));
+            problems += unseenFocus(*Panel::locationRow(i), names);
+        }
+        window->close();
+        QCOMPARE(problems.join(u'\n'), QString());
+        QCOMPARE(names,
+                 QSet<QString>({QStringLiteral("rowSyncButton"), QStringLiteral("rowWarningButton"),
+                                QStringLiteral("rowCheckBox")}));
     }
 
     void everySpacingIsInTheScale_data() {
