@@ -160,7 +160,10 @@ int OutlineStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
         case PM_IndicatorWidth:
         case PM_IndicatorHeight:
         case PM_ExclusiveIndicatorWidth:
-        case PM_ExclusiveIndicatorHeight: {
+        case PM_ExclusiveIndicatorHeight:
+        case PM_SmallIconSize:
+        case PM_ListViewIconSize:
+        case PM_ButtonIconSize: {
             const QFontMetrics font = option   ? option->fontMetrics
                                       : widget ? widget->fontMetrics()
                                                : QFontMetrics(QApplication::font());

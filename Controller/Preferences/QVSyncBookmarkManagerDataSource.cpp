@@ -1,7 +1,9 @@
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
 
 #include <QtGui/QPixmap>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QStyle>
 
 #include "Host/QVSyncPlugin.h"
 #include "Host/SyncLog.h"
@@ -13,8 +15,6 @@
 #include "Platform/Interface/Workspace.h"
 
 namespace {
-
-constexpr int IconSize = 16;
 
 QString pathOf(const QVariant &row) {
     return row.toMap().value(QStringLiteral("path")).toString();
@@ -56,10 +56,10 @@ void QVSyncBookmarkManagerDataSource::setCanRemove(bool canRemove) {
 
 QVariantMap QVSyncBookmarkManagerDataSource::dictionaryForPath(const QString &path) const {
     const QString name = PathComponents::withoutExtension(PathComponents::last(path));
-    return {
-        {QStringLiteral("image"), Workspace::iconForFile(path).pixmap(QSize(IconSize, IconSize))},
-        {QStringLiteral("name"), name},
-        {QStringLiteral("path"), path}};
+    const int side = QApplication::style()->pixelMetric(QStyle::PM_SmallIconSize);
+    return {{QStringLiteral("image"), Workspace::iconForFile(path).pixmap(QSize(side, side))},
+            {QStringLiteral("name"), name},
+            {QStringLiteral("path"), path}};
 }
 
 bool QVSyncBookmarkManagerDataSource::containsRow(const QVariantMap &row) const {

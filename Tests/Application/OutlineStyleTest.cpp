@@ -5,6 +5,7 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTableWidget>
+#include <QtWidgets/QToolButton>
 #include <QtWidgets/QVBoxLayout>
 
 #include "Platform/Interface/Contrast.h"
@@ -39,6 +40,30 @@ class OutlineStyleTest : public QObject {
             }
         }
         return last - first + 1;
+    }
+
+    /// Returns the height of the icon of the first row of a table.
+    int heightOfIcon(int pointSize) {
+        QTableWidget table(1, 1);
+        table.setStyle(&m_style);
+        QFont font = table.font();
+        font.setPointSize(pointSize);
+        table.setFont(font);
+        QPixmap icon(64, 64);
+        icon.fill(Qt::magenta);
+        table.setItem(0, 0, new QTableWidgetItem(QIcon(icon), QString()));
+        table.setRowHeight(0, icon.height());
+        const QImage picture = table.grab(table.rect()).toImage();
+        int height = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y) == Qt::magenta) {
+                    ++height;
+                    break;
+                }
+            }
+        }
+        return height;
     }
 
     /// A window with two tables, the first of which has the focus at first.
@@ -122,6 +147,17 @@ private Q_SLOTS:
         QVERIFY(heightOfMark<QCheckBox>(18) >= 20);
         QVERIFY(heightOfMark<QRadioButton>(9) >= 13);
         QVERIFY(heightOfMark<QRadioButton>(18) >= 20);
+    }
+
+    void iconsGrowWithTheFont() {
+        QCOMPARE(heightOfIcon(9), 16);
+        QVERIFY(heightOfIcon(18) >= 20);
+        QToolButton button;
+        button.setStyle(&m_style);
+        QFont font = button.font();
+        font.setPointSize(18);
+        button.setFont(font);
+        QVERIFY(button.iconSize().height() >= 20);
     }
 };
 
