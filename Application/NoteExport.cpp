@@ -1,6 +1,7 @@
 #include "Application/NoteExport.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
@@ -41,6 +42,23 @@ QString fileName(const NoteExport::Contents &contents) {
         name.remove(0, 1);
     }
     return name.isEmpty() ? tr("Notes") : name;
+}
+
+/// Returns the user's documents, or the home folder if there are none.
+QString folder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+/// Gives the chosen name another suffix. A default suffix alone would not be added to a name with a
+/// period, such as “Plan 2.0”.
+void replaceSuffix(QFileDialog &dialog, const QString &suffix) {
+    const QString before = u'.' + dialog.defaultSuffix();
+    const QString name = QFileInfo(dialog.selectedFiles().value(0)).fileName();
+    dialog.setDefaultSuffix(suffix);
+    if (name.endsWith(before)) {
+        dialog.selectFile(name.chopped(before.size()) + u'.' + suffix);
+    }
 }
 
 }  // namespace
@@ -98,10 +116,10 @@ void NoteExport::ask(const Contents &contents, QWidget *parent) {
     dialog.setNameFilters(filters);
     dialog.setDefaultSuffix(MarkdownSuffix);
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &filter) {
-        dialog.setDefaultSuffix(filter == filters.last() ? JsonSuffix : MarkdownSuffix);
+        replaceSuffix(dialog, filter == filters.last() ? JsonSuffix : MarkdownSuffix);
     });
-    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    dialog.selectFile(fileName(contents));
+    dialog.setDirectory(folder());
+    dialog.selectFile(fileName(contents) + u'.' + MarkdownSuffix);
     if (dialog.exec() == QDialog::Accepted) {
         presentIfFailed(write(contents, dialog.selectedFiles().value(0)));
     }

@@ -4,6 +4,9 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QFileDialog>
 
 #include "Support/TestMain.h"
 
@@ -61,6 +64,21 @@ private Q_SLOTS:
                                            ? NoteExport::json(contents)
                                            : NoteExport::markdown(contents));
         }
+    }
+
+    void theNameMayHaveAPeriod() {
+        const QString usualHome = qEnvironmentVariable("HOME");
+        // A home without a folder for documents.
+        qputenv("HOME", m_folder.path().toUtf8());
+        QTimer::singleShot(0, qApp, [] {
+            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            dialog->selectNameFilter(dialog->nameFilters().last());
+            Q_EMIT dialog->filterSelected(dialog->nameFilters().last());
+            static_cast<QDialog *>(dialog)->accept();
+        });
+        NoteExport::ask({.database = QStringLiteral("Plan 2.0"), .notes = {m_shed}}, nullptr);
+        qputenv("HOME", usualHome.toUtf8());
+        QVERIFY(contentsOf(m_folder.filePath(QStringLiteral("Plan 2.0.json"))).startsWith('{'));
     }
 
     void aFileThatCannotBeWrittenIsNamedAndStaysAsItWas() {
