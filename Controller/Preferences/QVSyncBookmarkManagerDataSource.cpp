@@ -28,6 +28,7 @@ QWidget *makeBookmarkCell(TableView &tableView, const QString &identifier, QObje
     auto &textField = requiredChild<QLabel>(*view, QStringLiteral("textField"));
     textField.setText(PlainText::message(row.value(QStringLiteral("name")).toString()));
     view->setAccessibleName(textField.text());
+    view->setAccessibleDescription(PlainText::message(pathOf(row)));
     // A name that is cut short would show itself.
     const QString toolTip = PlainText::toolTip(pathOf(row));
     textField.setToolTip(toolTip);

@@ -1,5 +1,7 @@
 #include "Platform/Interface/AccessibleTableRow.h"
 
+#include <QtWidgets/QAbstractButton>
+
 #include "Platform/Interface/TableView.h"
 
 AccessibleTableRow::AccessibleTableRow(TableView *table, int row) : m_table(table), m_row(row) {}
@@ -18,11 +20,14 @@ QAccessibleInterface *AccessibleTableRow::parent() const {
 
 QString AccessibleTableRow::text(QAccessible::Text kind) const {
     const QTableWidgetItem *item = isValid() ? m_table->item(m_row, 0) : nullptr;
-    if (!item || kind != QAccessible::Name) {
-        return {};
+    switch (kind) {
+        case QAccessible::Name:
+            return item ? m_table->nameOfRow(m_row) : QString();
+        case QAccessible::Description:
+            return item ? item->data(Qt::AccessibleDescriptionRole).toString() : QString();
+        default:
+            return {};
     }
-    const QString name = item->data(Qt::AccessibleTextRole).toString();
-    return name.isEmpty() ? item->text() : name;
 }
 
 QRect AccessibleTableRow::rect() const {
@@ -60,7 +65,19 @@ void *AccessibleTableRow::interface_cast(QAccessible::InterfaceType type) {
 }
 
 QStringList AccessibleTableRow::actionNames() const {
-    return isCheckable() ? QStringList{pressAction(), toggleAction()} : QStringList{pressAction()};
+    QStringList names{pressAction()};
+    if (isCheckable()) {
+        names.append(toggleAction());
+    }
+    if (const QString removal = removeAction(); !removal.isEmpty()) {
+        names.append(removal);
+    }
+    return names;
+}
+
+QString AccessibleTableRow::removeAction() const {
+    const QAbstractButton *button = isValid() ? m_table->buttonThatRemoves() : nullptr;
+    return button ? QString(button->text()).remove(u'&') : QString();
 }
 
 void AccessibleTableRow::doAction(const QString &name) {
@@ -69,9 +86,14 @@ void AccessibleTableRow::doAction(const QString &name) {
     } else if (name == toggleAction() && isCheckable()) {
         QTableWidgetItem *item = m_table->item(m_row, 0);
         item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+    } else if (!name.isEmpty() && name == removeAction()) {
+        m_table->setCurrentCell(m_row, 0);
+        m_table->buttonThatRemoves()->click();
     }
 }
 
-QStringList AccessibleTableRow::keyBindingsForAction(const QString & /*name*/) const {
-    return {};
+QStringList AccessibleTableRow::keyBindingsForAction(const QString &name) const {
+    return !name.isEmpty() && name == removeAction()
+               ? QStringList{QKeySequence(Qt::Key_Delete).toString(QKeySequence::NativeText)}
+               : QStringList();
 }

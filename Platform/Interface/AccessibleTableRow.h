@@ -8,7 +8,8 @@
 class TableView;
 
 /// A row of a TableView as assistive technologies see it: an item of a list that can be selected,
-/// and ticked if it has a check box. Owned by its AccessibleTable.
+/// ticked if it has a check box, and removed if the table has a button for that. Owned by its
+/// AccessibleTable.
 class PLATFORM_EXPORT AccessibleTableRow : public QAccessibleInterface,
                                            public QAccessibleActionInterface {
 public:
@@ -38,6 +39,8 @@ public:
 private:
     /// Returns whether the row has a check box.
     bool isCheckable() const;
+    /// Returns the text of the button that removes the selected row; empty if there is none.
+    QString removeAction() const;
 
     const QPointer<TableView> m_table;
     const int m_row;

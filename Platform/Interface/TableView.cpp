@@ -59,6 +59,7 @@ void TableView::setContent(const QVariantList &content) {
     }
     setSelectionIndexes(selected);
     m_isRebuilding = false;
+    KeyValue::announce<&TableView::selectedNameChanged>(this);
 }
 
 int TableView::heightOfRow() const {
@@ -163,6 +164,7 @@ void TableView::reloadData() {
     if (selectionIndexes() != selected) {
         selectionDidChange();
     }
+    KeyValue::announce<&TableView::selectedNameChanged>(this);
 }
 
 void TableView::reloadCell(int row, int column) {
@@ -173,6 +175,7 @@ void TableView::reloadCell(int row, int column) {
     m_reusableView = nullptr;
     auto *item = new QTableWidgetItem;
     item->setData(Qt::AccessibleTextRole, view ? view->accessibleName() : QString());
+    item->setData(Qt::AccessibleDescriptionRole, view ? view->accessibleDescription() : QString());
     setItem(row, column, item);
     if (view == before) {
         return;
@@ -197,6 +200,15 @@ QWidget *TableView::makeViewWithIdentifier(const QString &identifier, QObject *o
 int TableView::selectedRow() const {
     const IndexSet rows = selectionIndexes();
     return rows.empty() ? -1 : static_cast<int>(*rows.begin());
+}
+
+QString TableView::nameOfRow(int row) const {
+    const QTableWidgetItem *shown = item(row, 0);
+    if (!shown) {
+        return {};
+    }
+    const QString name = shown->data(Qt::AccessibleTextRole).toString();
+    return name.isEmpty() ? shown->text() : name;
 }
 
 void TableView::announceRow(int row, QAccessible::Event event) {
@@ -239,16 +251,16 @@ QModelIndex TableView::moveCursor(CursorAction action, Qt::KeyboardModifiers mod
     return QTableWidget::moveCursor(action, isEnd ? modifiers | Qt::ControlModifier : modifiers);
 }
 
-void TableView::clickRemoveButton() const {
-    if (auto *button = window()->findChild<QAbstractButton *>(m_removeButton)) {
-        button->click();
-    }
+QAbstractButton *TableView::buttonThatRemoves() const {
+    return m_removeButton.isEmpty() ? nullptr
+                                    : window()->findChild<QAbstractButton *>(m_removeButton);
 }
 
 // Makes the action available from the keyboard.
 void TableView::keyPressEvent(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Delete && !m_removeButton.isEmpty()) {
-        clickRemoveButton();
+    QAbstractButton *button = event->key() == Qt::Key_Delete ? buttonThatRemoves() : nullptr;
+    if (button) {
+        button->click();
         return;
     }
     QTableWidget::keyPressEvent(event);
@@ -277,6 +289,7 @@ void TableView::selectionDidChange() {
     if (m_delegate) {
         m_delegate->tableViewSelectionDidChange(this);
     }
+    KeyValue::announce<&TableView::selectedNameChanged>(this);
     KeyValue::announce<&TableView::selectionIndexesChanged>(this);
 }
 

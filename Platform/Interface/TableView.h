@@ -8,6 +8,7 @@
 #include "Platform/KeyValue/IndexSet.h"
 #include "Platform/KeyValue/KeyValue.h"
 
+class QAbstractButton;
 class TableViewDelegate;
 
 /// A table whose columns have identifiers but no titles. Its rows come either from the key
@@ -19,9 +20,9 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     /// One column for each identifier. A new table has one column with an empty identifier. Must be
     /// set before reloadData().
     Q_PROPERTY(QStringList columnIdentifiers READ columnIdentifiers WRITE setColumnIdentifiers)
-    /// The objects of the rows. Setting it keeps the selected rows by position and announces
-    /// nothing: an ArrayController announces the positions of the selected objects afterwards.
-    /// O(n).
+    /// The objects of the rows. Setting it keeps the selected rows by position and does not
+    /// announce them: an ArrayController announces the positions of the selected objects
+    /// afterwards. O(n).
     Q_PROPERTY(QVariantList content READ content WRITE setContent)
     /// The key path of a row's text. "self", the default, is the object itself. Must be set before
     /// the content.
@@ -40,6 +41,9 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     /// The object name of the button in the same window that the key Delete clicks; empty if there
     /// is none.
     Q_PROPERTY(QString removeButton MEMBER m_removeButton)
+    /// The name of the first selected row; empty if none is selected. Announced also when its row
+    /// gets another content.
+    Q_PROPERTY(QString selectedName READ selectedName NOTIFY selectedNameChanged)
     /// The selected rows. Rows out of range are ignored; setting an equal set has no effect. A
     /// change, also one by the user, calls the delegate and is announced.
     Q_PROPERTY(IndexSet selectionIndexes READ selectionIndexes WRITE setSelectionIndexes NOTIFY
@@ -79,6 +83,11 @@ public:
     int clickedRow() const { return m_clickedRow; }
     /// Returns the first selected row, or -1 if none is selected.
     int selectedRow() const;
+    QString selectedName() const { return nameOfRow(selectedRow()); }
+    /// Returns what assistive technologies call the row; empty if there is none.
+    QString nameOfRow(int row) const;
+    /// Returns the button named `removeButton`; null if there is none.
+    QAbstractButton *buttonThatRemoves() const;
 
 Q_SIGNALS:
     /// Emitted when the table is clicked, on a row or below the rows, and when the space bar is
@@ -86,6 +95,7 @@ Q_SIGNALS:
     void action();
     /// Emitted after the delegate was called.
     void selectionIndexesChanged();
+    void selectedNameChanged();
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -99,8 +109,6 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-    /// Clicks the button `removeButton`, if it is enabled.
-    void clickRemoveButton() const;
     void selectReachedRow(const QKeyEvent &event);
     /// Reports an event of the item of a row.
     void announceRow(int row, QAccessible::Event event);

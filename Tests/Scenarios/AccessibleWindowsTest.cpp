@@ -142,7 +142,12 @@ private Q_SLOTS:
     void initTestCase() { registerSyncPreferencesInterface(); }
     void cleanup() { m_languages.reset(); }
 
-    void everyControlCanBeReachedAndIsNamed_data() { addWindows(Languages::all()); }
+    void everyControlCanBeReachedAndIsNamed_data() {
+        addWindows(Languages::all());
+        // The colors of its icons are the desktop's.
+        QTest::newRow("folder access") << EveryWindow::MakeWindow(EveryWindow::folderAccess)
+                                       << QString() << QLocale(QLocale::English);
+    }
     void everyControlCanBeReachedAndIsNamed() {
         QFETCH(const EveryWindow::MakeWindow, makeWindow);
         QFETCH(const QString, sheet);

@@ -21,6 +21,7 @@
 #include "Application/RemovalDialog.h"
 #include "Application/SynchronizationMonitor.h"
 #include "Controller/Preferences/QVServerPreferencesController.h"
+#include "Controller/Preferences/QVSyncBookmarkManager.h"
 #include "Controller/QVImportDatabasesController.h"
 #include "Platform/Interface/TableView.h"
 #include "Scenarios/Panel.h"
@@ -169,6 +170,15 @@ inline std::unique_ptr<QWidget> serverSheet(TestHost &host, EventLog & /*log*/) 
     auto window = windowOf(std::move(controller));
     window->findChild<TableView *>(QStringLiteral("clientsTable"))->selectRow(0);
     return window;
+}
+
+inline std::unique_ptr<QWidget> folderAccess(TestHost & /*host*/, EventLog & /*log*/) {
+    std::shared_ptr<QVSyncBookmarkManager> manager = QVSyncBookmarkManager::bookmarkManager();
+    manager->window();
+    manager->addBookmarksObject(QStringLiteral("/home/kim/Sync Stores/Work.qvSyncStore"));
+    manager->addBookmarksObject(QStringLiteral("/home/kim/Shared.qvSyncStore"));
+    manager->tableView()->selectRow(1);
+    return windowOf(std::move(manager));
 }
 
 /// A database that could be synchronized with one of its two locations.

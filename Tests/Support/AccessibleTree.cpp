@@ -16,6 +16,8 @@
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QToolBar>
 
+#include "Platform/Interface/TableView.h"
+
 namespace {
 
 const QSet<QAccessible::Role> &rolesOfControls() {
@@ -101,6 +103,9 @@ private:
         if (rolesOfControls().contains(each->role())) {
             checkNames(each);
         }
+        if (const auto *table = qobject_cast<const TableView *>(each->object())) {
+            checkRemoval(*table, *each);
+        }
         for (int i = 0; i < each->childCount() && !isWhole; ++i) {
             QAccessibleInterface *child = each->child(i);
             const auto *widget = child ? qobject_cast<QWidget *>(child->object()) : nullptr;
@@ -134,6 +139,25 @@ private:
         if (widget && control->role() != QAccessible::ListItem &&
             control->role() != QAccessible::ProgressBar) {
             m_controls.append(widget);
+        }
+    }
+
+    /// What the button of a list removes is named, and each row offers it.
+    void checkRemoval(const TableView &table, const QAccessibleInterface &list) {
+        QAbstractButton *button = table.buttonThatRemoves();
+        for (int row = 0; button && row < list.childCount(); ++row) {
+            QAccessibleInterface *item = list.child(row);
+            if (!item->actionInterface()->actionNames().contains(plainText(button->text()))) {
+                m_problems.append(
+                    QStringLiteral("cannot be removed: %1").arg(item->text(QAccessible::Name)));
+            }
+        }
+        const QString selected = table.nameOfRow(table.selectedRow());
+        if (button && !QAccessible::queryAccessibleInterface(button)
+                           ->text(QAccessible::Description)
+                           .contains(selected)) {
+            m_problems.append(QStringLiteral("does not say that it is about “%1”: %2")
+                                  .arg(selected, describe(*button)));
         }
     }
 

@@ -11,8 +11,9 @@ namespace AccessibleTree {
 /// Returns a line for each control in the accessible tree of `window`, which must be shown and
 /// active, that has no name or one without its visible text, that has the same name and description
 /// as another one, that Tab does not reach, or reaches after one that is read later, or whose
-/// mnemonic presses another one as well; and if the window itself is none to assistive
-/// technologies. Moves the focus.
+/// mnemonic presses another one as well; for each row of a list without the action of the button
+/// that removes it; if that button does not name the selected row; and if the window itself is none
+/// to assistive technologies. Moves the focus.
 QStringList problems(QWidget &window);
 
 }  // namespace AccessibleTree

@@ -1,5 +1,8 @@
 #include "Platform/Interface/AccessibleTable.h"
 
+#include <QtTest/QSignalSpy>
+#include <QtWidgets/QPushButton>
+
 #include "Platform/Interface/TableView.h"
 #include "Support/TestMain.h"
 
@@ -82,6 +85,33 @@ private Q_SLOTS:
         actions->doAction(QAccessibleActionInterface::toggleAction());
         QVERIFY(m_second->isTicked());
         QVERIFY(!m_first->isTicked());
+    }
+
+    void anItemIsRemovedByTheActionOfTheButton() {
+        QWidget window;
+        m_table->setParent(&window);
+        QPushButton button(QStringLiteral("&Revoke"), &window);
+        button.setObjectName(QStringLiteral("revokeButton"));
+        m_table->setProperty("removeButton", button.objectName());
+        QString removed;
+        connect(&button, &QPushButton::clicked, this, [&] { removed = m_table->selectedName(); });
+        QAccessibleActionInterface *actions = list()->child(1)->actionInterface();
+        QVERIFY(actions->actionNames().contains(QStringLiteral("Revoke")));
+        QCOMPARE(actions->keyBindingsForAction(QStringLiteral("Revoke")).size(), 1);
+        actions->doAction(QStringLiteral("Revoke"));
+        QCOMPARE(removed, QStringLiteral("Texts"));
+        m_table->setParent(nullptr);
+    }
+
+    void theNameOfTheSelectedRowFollowsItsContent() {
+        QSignalSpy changes(m_table.get(), &TableView::selectedNameChanged);
+        QCOMPARE(m_table->selectedName(), QString());
+        m_table->selectRow(0);
+        QCOMPARE(changes.size(), 1);
+        QCOMPARE(m_table->selectedName(), QStringLiteral("Photos"));
+        m_table->setContent({QVariant::fromValue(m_second)});
+        QCOMPARE(changes.size(), 2);
+        QCOMPARE(m_table->selectedName(), QStringLiteral("Texts"));
     }
 };
 
