@@ -40,7 +40,7 @@ Expected<void> checkItems(QCborStreamReader &reader, int depth, qsizetype &memor
 /// Skips one item. Fails if it is not within the limits.
 Expected<void> checkItem(QCborStreamReader &reader, int depth, qsizetype &memoryLeft) {
     const bool isString = reader.isString() || reader.isByteArray();
-    const Expected<void> length =
+    Expected<void> length =
         isString ? checkLength(reader, LongestString) : validIf(!reader.isTag());
     if (!length) {
         return length;

@@ -92,7 +92,7 @@ Expected<bool> eraseUntil(const ProfileDatabase &profile, const QString &deletio
 Expected<bool> eraseAllUntil(const ProfileDatabase &profile, qint64 database,
                              const QDeadlineTimer &deadline) {
     for (const QString &deletion : deletions()) {
-        const Expected<bool> done = eraseUntil(profile, deletion, database, deadline);
+        Expected<bool> done = eraseUntil(profile, deletion, database, deadline);
         if (!done || !*done) {
             return done;
         }

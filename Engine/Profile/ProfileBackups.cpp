@@ -209,7 +209,7 @@ Expected<void> ProfileBackups::make(const QDate &today, const std::atomic_bool *
     }
     const QString path = m_folder + u'/' + today.toString(Qt::ISODate) + Suffix;
     const QString unfinished = path + UnfinishedSuffix;
-    const Expected<void> removed = removeUnfinished();
+    Expected<void> removed = removeUnfinished();
     QString damaged;
     return checkSpace()
         .and_then([&] { return writeCopy(unfinished, isCancelled); })

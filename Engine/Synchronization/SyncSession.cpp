@@ -325,7 +325,7 @@ Expected<void> SyncSession::chooseToReadAgain(const QSet<QString> &listed) {
     m_damagedOperations.removeIf(
         [&](const OperationId &id) { return !present->operations.contains(id); });
     QSet<QString> needed;
-    const Expected<void> chosen =
+    Expected<void> chosen =
         known().visitParts([&](const QString &name, const KnownTransactions::Contents &part) {
             if (listed.contains(name) && isNeeded(name, part, *present)) {
                 needed.insert(name);
