@@ -71,6 +71,18 @@ QByteArrayList HostileStore::conflictingEdits(int count) {
     return records;
 }
 
+QByteArrayList HostileStore::smallRecords(int count) {
+    QByteArrayList records;
+    for (int i = 0; i < count; ++i) {
+        Transaction transaction;
+        transaction.operations.append(
+            Operation::make(QUuid::createUuid().toString(QUuid::WithoutBraces),
+                            QStringLiteral("Note %1").arg(i), {}, i, {}));
+        records.append(transaction.encoded());
+    }
+    return records;
+}
+
 void HostileStore::writeRecords(const QString &path, const QByteArrayList &records) {
     const QString folder = path + QStringLiteral("/transactions/@inbox/");
     QDir().mkpath(folder);

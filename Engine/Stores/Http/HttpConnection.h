@@ -16,8 +16,10 @@
 /// A connection of HttpClients, used by one thread at a time, not necessarily always the same. It
 /// sends requests and receives responses with libcurl (HTTP/1.1 only), and keeps the network
 /// connection open for the next request; if the server has closed it, or the next request is for
-/// another server, libcurl opens a new one. If the server closes a kept connection while a request
-/// is sent, and nothing of the response has arrived, libcurl sends the request again on a new one.
+/// another server, libcurl opens a new one. If the server closes a kept connection before anything
+/// of the response has arrived, the request is sent again on a new one, by libcurl or, where it
+/// does not, by canRepeat(). libcurl does that with any method, so callers must be prepared that a
+/// server has carried out a request that is sent to it a second time.
 ///
 /// libcurl decides nothing by itself: redirects, challenges of servers, cookies, proxies of the
 /// environment, compression and its own verification of certificates are off. The proxy is that of
@@ -95,8 +97,8 @@ private:
     /// Configures and performs the request. Blocks. Sets the error, unless it is one of libcurl.
     CURLcode attempt(const EngineFuture &future);
     /// Returns whether the attempt failed because the server had closed a kept connection, which it
-    /// may do at any time, and the request can be sent again without harm. libcurl sends it again
-    /// only if the connection was closed before all of the request was sent.
+    /// may do at any time, and the request has a method that can be repeated without harm. libcurl
+    /// repeats requests itself if it notices when it reads, but not when it sends.
     bool canRepeat(CURLcode code) const;
     /// Performs the request. Blocks.
     CURLcode run(const EngineFuture &future);

@@ -13,8 +13,8 @@ class QSslCertificate;
 
 /// Every request has a deadline, even if the server sends data slowly. Must be positive. Both
 /// end a request with StoreUnreachable. They apply to each exchange with the server: a
-/// redirection and the answer to a challenge begin anew, so that a call of HttpClient::send() can
-/// take several times as long.
+/// redirection, the answer to a challenge and a repetition after a lost connection begin anew, so
+/// that a call of HttpClient::send() can take several times as long.
 struct HttpTimeouts {
     /// Maximum time without sent or received data, including connection setup.
     std::chrono::milliseconds idle = std::chrono::seconds(30);

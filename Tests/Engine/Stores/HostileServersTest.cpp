@@ -448,6 +448,11 @@ class HostileServersTest : public QObject {
              [&] {
                  return webDAV(endlessly("100 Continue\r\n", "HTTP/1.1 100 Continue\r\n\r\n"));
              }},
+            {QStringLiteral("WebDAV: endless extensions of chunks"),
+             [&] {
+                 return webDAV(endlessly("207 Multi-Status\r\nTransfer-Encoding: chunked\r\n",
+                                         "1;" + QByteArray(9000, 'x') + "\r\nx\r\n"));
+             }},
             {QStringLiteral("WebDAV: changing challenges"),
              [&] { return webDAV(changingChallenges()); }},
             {QStringLiteral("WebDAV: redirects without end"),
@@ -696,6 +701,7 @@ private Q_SLOTS:
         QTest::newRow("WebDAV: endless body of a challenge") << Code::BlobRefused << 5000;
         QTest::newRow("WebDAV: endless header fields") << Code::StoreUnreachable << 5000;
         QTest::newRow("WebDAV: endless provisional responses") << Code::StoreUnreachable << 5000;
+        QTest::newRow("WebDAV: endless extensions of chunks") << Code::StoreUnreachable << 60000;
         QTest::newRow("WebDAV: changing challenges") << Code::AccessDenied << 5000;
         QTest::newRow("WebDAV: redirects without end") << Code::StoreUnreachable << 5000;
         QTest::newRow("WebDAV: 200,000 attributes") << Code::StoreUnreachable << 5000;
@@ -928,6 +934,21 @@ private Q_SLOTS:
             return [isFound] { return isFound; };
         };
         measure(lookUp, 5000);
+    }
+
+    /// VELMORA_RECORDS is their number. Twice as many must take about twice as long.
+    void manySmallRecordsAreBounded_data() {
+        const int set = qEnvironmentVariableIntValue("VELMORA_RECORDS");
+        const int records = set > 0 ? set : 5000;
+        QTest::addColumn<int>("records");
+        QTest::addRow("Folder: %d small sound records", records) << records;
+    }
+    void manySmallRecordsAreBounded() {
+        QFETCH(const int, records);
+        folder([](const QString &) {});
+        HostileStore::writeRecords(m_location->URL().path(), HostileStore::smallRecords(records));
+        measureSynchronization(0, 300'000);
+        QCOMPARE(m_host->inbox()->notes().value().size(), records);
     }
 
     void damagedRecordsAreSetAsideInBounds_data() {
