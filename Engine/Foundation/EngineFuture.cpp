@@ -57,7 +57,10 @@ void EngineFuture::passControlToFuture(const std::shared_ptr<PZFuture> &future) 
 void EngineFuture::cancelOverdue() {
     {
         const std::lock_guard lock(mutex);
-        m_isOverdue = m_isOverdue || (!m_isCancelled && !m_isFinished);
+        if (m_isFinished) {
+            return;
+        }
+        m_isOverdue = m_isOverdue || !m_isCancelled;
     }
     cancel();
 }

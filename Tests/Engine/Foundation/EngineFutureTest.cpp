@@ -43,9 +43,12 @@ private Q_SLOTS:
         cancelled->cancelOverdue();
         QVERIFY(!cancelled->isOverdue());
         const auto finished = newFuture();
+        const auto other = newFuture();
+        finished->cascadeCancellationToFuture(other);
         finished->finish();
         finished->cancelOverdue();
         QVERIFY(!finished->isCancelled() && !finished->isOverdue());
+        QVERIFY(!other->isCancelled());
     }
 
     void cancellingReachesWhatIsAttached() {
