@@ -1,7 +1,9 @@
 #include "Application/HistoryDialog.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QEvent>
 #include <QtCore/QLocale>
+#include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QHBoxLayout>
@@ -28,6 +30,8 @@
 namespace {
 
 constexpr int MostDays = 3650;
+/// How long notes are restored before the window is drawn again.
+constexpr std::chrono::milliseconds RestoringDuration(50);
 constexpr int MostMegabytes = 100000;
 
 }  // namespace
@@ -135,6 +139,10 @@ Expected<QList<NoteVersion>> HistoryDialog::read(const VersionsPart &part) const
 }
 
 void HistoryDialog::showVersions() {
+    // Each restored note changes the list. It is read once, after the last one.
+    if (!m_toRestore.isEmpty()) {
+        return;
+    }
     // At its end it would go on reading.
     m_list->scrollToTop();
     if (!presentIfFailed(m_versions->reload())) {
@@ -191,20 +199,34 @@ void HistoryDialog::showText() {
 }
 
 void HistoryDialog::restore() {
+    if (!m_toRestore.isEmpty()) {
+        return;
+    }
     QModelIndexList rows = m_list->selectionModel()->selectedRows();
     std::sort(rows.begin(), rows.end());
     QList<NoteVersion> chosen;
     for (const QModelIndex &row : std::as_const(rows)) {
         chosen.append(m_versions->version(row.row()));
     }
+    m_toRestore = chosen;
+    restoreNext();
+}
+
+void HistoryDialog::restoreNext() {
+    const QDeadlineTimer end(RestoringDuration);
     // The last one stays if several versions of one note are chosen.
-    for (auto version = chosen.crbegin(); version != chosen.crend(); ++version) {
-        const Expected<Note> note = restoreVersion(*version);
+    while (!m_toRestore.isEmpty() && !end.hasExpired()) {
+        const Expected<Note> note = restoreVersion(m_toRestore.takeLast());
         if (!note) {
+            m_toRestore.clear();
+            showVersions();
             NSApp()->presentError(note.error());
             return;
         }
         Q_EMIT restored(*note);
+    }
+    if (!m_toRestore.isEmpty()) {
+        QTimer::singleShot(0, this, &HistoryDialog::restoreNext);
     }
 }
 
@@ -276,6 +298,7 @@ bool HistoryDialog::isRemovalWanted(qint64 count) {
 }
 
 void HistoryDialog::done(int result) {
+    m_toRestore.clear();
     if (shownLimits() != m_shownLimits) {
         saveLimits();
     }

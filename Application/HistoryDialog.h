@@ -13,10 +13,10 @@ class QPushButton;
 class QSpinBox;
 
 /// A sheet that lists notes that were replaced or deleted, shows their texts and restores them. It
-/// also changes how long they are kept, when it is closed. Must be used on the main thread. It
-/// reads the beginning of the list again whenever the notes of the database change, and the rest as
-/// the user scrolls to it. The texts are shown as plain
-/// text.
+/// also changes how long they are kept, when it is closed. Many are restored in short steps;
+/// closing the dialog ends that, and those that are left stay as they were. Must be used on the
+/// main thread. It reads the beginning of the list again whenever the notes of the database change,
+/// and the rest as the user scrolls to it. The texts are shown as plain text.
 class HistoryDialog : public QDialog {
     Q_OBJECT
 public:
@@ -58,8 +58,11 @@ private:
     QString changeText(const NoteVersion &version) const;
     /// Shows the text of the current version.
     void showText();
-    /// Saves the selected versions as new edits.
+    /// Saves the selected versions as new edits. Has no effect while others are being saved.
     void restore();
+    /// Saves the next of the versions to restore for a short time, and goes on in the next turn of
+    /// the event loop.
+    void restoreNext();
     /// Saves the version as a new edit, with the current time, and returns it.
     Expected<Note> restoreVersion(const NoteVersion &version);
     HistoryLimits shownLimits() const;
@@ -72,6 +75,8 @@ private:
     const std::shared_ptr<NoteDatabase> m_database;
     /// The note that is shown in the main window; no UUID if the dialog lists deleted notes.
     Note m_note;
+    /// The versions that are still to be restored, the last one first.
+    QList<NoteVersion> m_toRestore;
     NoteVersionsModel *m_versions;
     NoteVersionsList *m_list;
     QPlainTextEdit *m_text;
