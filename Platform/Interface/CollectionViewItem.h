@@ -19,7 +19,7 @@ class QWidget;
 /// view() makes a new one.
 ///
 /// A list of many items has views for those only that can be seen: makeView() makes a view that
-/// discardView() may delete, as long as nobody has asked for it with view().
+/// discardView() may delete, as long as view() has not been called.
 class PLATFORM_EXPORT CollectionViewItem : public QObject {
     Q_OBJECT
     /// The object that the item shows; a shared pointer in it keeps the object alive. Announced
