@@ -33,6 +33,9 @@ constexpr int MostDays = 3650;
 /// How long notes are restored before the window is drawn again.
 constexpr std::chrono::milliseconds RestoringDuration(50);
 constexpr int MostMegabytes = 100000;
+/// A changed list is read that far to find the selected versions again, which takes a fraction of a
+/// second.
+constexpr int MostRowsReadAgain = 20 * NoteVersionsModel::RowsAtOnce;
 
 }  // namespace
 
@@ -143,6 +146,9 @@ void HistoryDialog::showVersions() {
     if (!m_toRestore.isEmpty()) {
         return;
     }
+    const QSet<qint64> selected = selectedVersions();
+    const QModelIndex before = m_list->currentIndex();
+    const qint64 current = before.isValid() ? m_versions->version(before.row()).identifier : 0;
     // At its end it would go on reading.
     m_list->scrollToTop();
     if (!presentIfFailed(m_versions->reload())) {
@@ -150,8 +156,46 @@ void HistoryDialog::showVersions() {
     }
     adjustColumns();
     m_list->setCurrentIndex(m_versions->index(0, 0));
+    selectAgain(selected, current);
     m_explanation->setText(explanation());
     showText();
+}
+
+QSet<qint64> HistoryDialog::selectedVersions() const {
+    QSet<qint64> identifiers;
+    const QModelIndexList rows = m_list->selectionModel()->selectedRows();
+    for (const QModelIndex &row : rows) {
+        identifiers.insert(m_versions->version(row.row()).identifier);
+    }
+    return identifiers;
+}
+
+void HistoryDialog::selectAgain(const QSet<qint64> &selected, qint64 current) {
+    if (selected.isEmpty()) {
+        return;
+    }
+    const qint64 last = *std::min_element(selected.begin(), selected.end());
+    QItemSelection found;
+    QModelIndex currentRow;
+    for (int row = 0; row < m_versions->rowCount(); ++row) {
+        const qint64 identifier = m_versions->version(row).identifier;
+        if (identifier < last) {
+            break;
+        }
+        const QModelIndex index = m_versions->index(row, 0);
+        if (selected.contains(identifier)) {
+            found.select(index, index.siblingAtColumn(m_versions->columnCount() - 1));
+            currentRow = identifier == current || !currentRow.isValid() ? index : currentRow;
+        }
+        if (row + 1 == m_versions->rowCount() && row < MostRowsReadAgain) {
+            m_versions->readMore();
+        }
+    }
+    if (!found.isEmpty()) {
+        m_list->selectionModel()->setCurrentIndex(currentRow, QItemSelectionModel::NoUpdate);
+        m_list->selectionModel()->select(found, QItemSelectionModel::ClearAndSelect);
+        m_list->scrollTo(currentRow);
+    }
 }
 
 void HistoryDialog::adjustColumns() {
@@ -209,6 +253,8 @@ void HistoryDialog::restore() {
         chosen.append(m_versions->version(row.row()));
     }
     m_toRestore = chosen;
+    // The first version of the new list is selected next.
+    m_list->selectionModel()->reset();
     restoreNext();
 }
 

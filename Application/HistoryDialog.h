@@ -50,6 +50,11 @@ private:
     Expected<QList<NoteVersion>> read(const VersionsPart &part) const;
     /// Reads the versions again. Presents an error if they cannot be read.
     void showVersions();
+    /// Returns the identifiers of the selected versions.
+    QSet<qint64> selectedVersions() const;
+    /// Selects those of the versions that are still in the list, in its first thousands of rows,
+    /// and makes `current` the current one if it is among them. Has no effect if none is.
+    void selectAgain(const QSet<qint64> &selected, qint64 current);
     void adjustColumns();
     QString explanation() const;
     /// Returns the texts of a row.

@@ -165,6 +165,32 @@ private Q_SLOTS:
         QCOMPARE(text()->toPlainText(), QStringLiteral("Text 0"));
     }
 
+    void theSelectionStaysWhenTheListChanges() {
+        for (int i = 0; i < 4; ++i) {
+            press(m_window.get(), QStringLiteral("Delete Note"));
+        }
+        action(QStringLiteral("Deleted Notes…"))->trigger();
+        auto *dialog = openDialog<HistoryDialog>();
+        QVERIFY(dialog);
+        list(dialog)->setCurrentIndex(list(dialog)->model()->index(2, 0));
+        QTest::keyClick(list(dialog), Qt::Key_Up, Qt::ShiftModifier);
+        QCOMPARE(preview(dialog), QStringLiteral("Text 2"));
+        QVERIFY(inbox()->removeNote(inbox()->notes().value().last()).value());
+        QCOMPARE(rowsOf(dialog), 5);
+        const QModelIndexList rows = list(dialog)->selectionModel()->selectedRows();
+        QCOMPARE(rows.size(), 2);
+        for (const QModelIndex &row : rows) {
+            QVERIFY(row.row() == 2 || row.row() == 3);
+        }
+        QCOMPARE(list(dialog)->currentIndex().row(), 2);
+        QCOMPARE(preview(dialog), QStringLiteral("Text 2"));
+        press(dialog, QStringLiteral("Restore"));
+        QTRY_COMPARE(rowsOf(dialog), 3);
+        QCOMPARE(list(dialog)->selectionModel()->selectedRows().size(), 1);
+        QCOMPARE(list(dialog)->currentIndex().row(), 0);
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    }
+
     void anEarlierVersionIsRestored() {
         text()->selectAll();
         QTest::keyClicks(text(), QStringLiteral("nothing"));
