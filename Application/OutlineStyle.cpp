@@ -14,6 +14,8 @@ namespace {
 constexpr double Radius = 2;
 constexpr double RoundWidth = 1.5;
 constexpr int ButtonPadding = 6;
+/// Between the text of an item of a menu and its shortcut, in letters.
+constexpr int GapOfShortcut = 3;
 // Of layouts, in the scale of 4, 8, 12 and 16.
 constexpr int Margin = 12;
 constexpr int Spacing = 8;
@@ -185,5 +187,9 @@ int OutlineStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
 QSize OutlineStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
                                      const QSize &contents, const QWidget *widget) const {
     const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    if (type == CT_MenuItem && item && item->text.contains(u'\t')) {
+        return size + QSize(GapOfShortcut * item->fontMetrics.averageCharWidth(), 0);
+    }
     return type == CT_PushButton ? size + QSize(2 * ButtonPadding, 0) : size;
 }

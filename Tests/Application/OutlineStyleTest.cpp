@@ -3,6 +3,7 @@
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <QtWidgets/QCheckBox>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTableWidget>
 #include <QtWidgets/QToolButton>
@@ -147,6 +148,33 @@ private Q_SLOTS:
         QVERIFY(heightOfMark<QCheckBox>(18) >= 20);
         QVERIFY(heightOfMark<QRadioButton>(9) >= 13);
         QVERIFY(heightOfMark<QRadioButton>(18) >= 20);
+    }
+
+    void shortcutsStandApartFromTheTexts_data() {
+        QTest::addColumn<int>("size");
+        QTest::newRow("usual") << 9;
+        QTest::newRow("large") << 18;
+    }
+    void shortcutsStandApartFromTheTexts() {
+        QFETCH(const int, size);
+        QMenu menu;
+        menu.setStyle(&m_style);
+        QFont font = menu.font();
+        font.setPointSize(size);
+        menu.setFont(font);
+        const QKeySequence shortcut(Qt::CTRL | Qt::Key_Z);
+        const QString text = QStringLiteral("Löschen der Notiz rückgängig machen");
+        menu.addAction(text)->setShortcut(shortcut);
+        const QFontMetrics metrics = menu.fontMetrics();
+        const int texts = metrics.horizontalAdvance(text) +
+                          metrics.horizontalAdvance(shortcut.toString(QKeySequence::NativeText));
+        QMenu other;
+        other.setStyle(&m_style);
+        other.setFont(font);
+        other.addAction(text);
+        const int frame = other.sizeHint().width() - metrics.horizontalAdvance(text);
+        const int gap = menu.sizeHint().width() - texts - frame;
+        QVERIFY2(gap >= 2 * metrics.averageCharWidth(), qPrintable(QString::number(gap)));
     }
 
     void iconsGrowWithTheFont() {
