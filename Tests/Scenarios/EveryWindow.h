@@ -44,6 +44,12 @@ inline std::unique_ptr<QWidget> narrowMainWindow(TestHost &host, EventLog &log) 
     return window;
 }
 
+inline std::unique_ptr<QWidget> deletedDatabase(TestHost &host, EventLog &log) {
+    const auto projects = host.addDatabase(QStringLiteral("Projects"));
+    auto window = mainWindow(host, log);
+    return host.library().deleteDatabase(projects) ? std::move(window) : nullptr;
+}
+
 inline std::unique_ptr<QWidget> logWindow(TestHost & /*host*/, EventLog &log) {
     log.append(QStringLiteral("Sync:"),
                QStringLiteral("“Projects” could not be synchronized with “localhost – Shared”: The "
@@ -223,7 +229,8 @@ inline std::unique_ptr<QWidget> busyLocation(TestHost &host, EventLog & /*log*/)
 
 /// Returns the functions of further contents of windows, and of sheets with rows in their lists.
 inline QList<std::pair<const char *, MakeWindow>> further() {
-    return {{"removal bar", removalBar},
+    return {{"deleted database", deletedDatabase},
+            {"removal bar", removalBar},
             {"new database", newDatabase},
             {"import", importSheet},
             {"server", serverSheet}};
