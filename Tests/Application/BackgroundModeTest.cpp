@@ -3,6 +3,7 @@
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Support/AccessibleScreen.h"
 #include "Support/AskedUser.h"
+#include "Support/DisplayTest.h"
 #include "Support/EventTimeout.h"
 #include "Support/FreePort.h"
 #include "Support/NotificationService.h"
@@ -10,7 +11,6 @@
 #include "Support/ShownProgram.h"
 #include "Support/StatusNotifierWatcher.h"
 #include "Support/TestHost.h"
-#include "Support/TestMain.h"
 
 /// The program stays in the background if the user wants that, with an icon in the desktop's panel.
 class BackgroundModeTest : public QObject {
@@ -82,9 +82,7 @@ private Q_SLOTS:
         m_watcher = std::make_unique<StatusNotifierWatcher>(m_desktop.busAddress());
         m_notifications = std::make_unique<NotificationService>(m_desktop.busAddress());
         m_program = std::make_unique<ShownProgram>(QStringLiteral(VELMORA), m_display);
-        m_program->setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_desktop.busAddress());
-        m_program->setVariable(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"),
-                               QStringLiteral("1"));
+        m_program->useSession(m_desktop.busAddress());
     }
     void cleanup() {
         m_program.reset();
@@ -232,12 +230,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_PROGRAM(BackgroundModeTest)(int argumentCount, char **arguments) {
-    VirtualDisplay::require();
-    AccessibleScreen::require();
-    prepareTestProcess();
-    const QApplication application(argumentCount, arguments);
-    BackgroundModeTest test;
-    return QTest::qExec(&test, argumentCount, arguments);
-}
+VELMORA_DISPLAY_TEST(BackgroundModeTest, AccessibleScreen::require())
 #include "BackgroundModeTest.moc"

@@ -13,12 +13,12 @@
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 #include "Support/AccessibleScreen.h"
 #include "Support/BusService.h"
+#include "Support/DisplayTest.h"
 #include "Support/EventTimeout.h"
 #include "Support/PrivateBus.h"
 #include "Support/SessionManager.h"
 #include "Support/ShownProgram.h"
 #include "Support/TestApplication.h"
-#include "Support/TestMain.h"
 
 namespace {
 
@@ -182,9 +182,7 @@ private Q_SLOTS:
         const AccessibleScreen screen(bus.address());
         ShownProgram program(QStringLiteral(VELMORA), m_display);
         program.setVariable(QStringLiteral("SESSION_MANAGER"), session.address());
-        program.setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus.address());
-        program.setVariable(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"),
-                            QStringLiteral("1"));
+        program.useSession(bus.address());
         program.start();
         program.awaitWindows();
         QCOMPARE(ticks(program.profile()), 0);
@@ -289,12 +287,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_PROGRAM(EndOfProgramTest)(int argumentCount, char **arguments) {
-    VirtualDisplay::require();
-    AccessibleScreen::require();
-    prepareTestProcess();
-    const QApplication application(argumentCount, arguments);
-    EndOfProgramTest test;
-    return QTest::qExec(&test, argumentCount, arguments);
-}
+VELMORA_DISPLAY_TEST(EndOfProgramTest, AccessibleScreen::require())
 #include "EndOfProgramTest.moc"

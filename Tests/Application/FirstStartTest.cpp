@@ -1,11 +1,14 @@
 #include <QtCore/QDir>
+#include <QtCore/QXmlStreamReader>
 #include <QtWidgets/QRadioButton>
 
 #include "Application/FirstStartDialog.h"
 #include "Application/PlugIns.h"
 #include "Engine/Plugin/SyncEngine.h"
+#include "Support/AccessibleScreen.h"
+#include "Support/DisplayTest.h"
+#include "Support/PrivateBus.h"
 #include "Support/ShownProgram.h"
-#include "Support/TestMain.h"
 
 /// The question of the first start, in the dialog itself and in the program as a user starts it.
 class FirstStartTest : public QObject {
@@ -41,6 +44,43 @@ class FirstStartTest : public QObject {
             names.append(database->name());
         }
         return names;
+    }
+
+    /// Returns the German texts by the English ones that differ from them, without mnemonics.
+    static QMap<QString, QString> germanTexts() {
+        QMap<QString, QString> texts;
+        for (const char *table : {"Velmora", "Sync"}) {
+            QFile file(QStringLiteral(VELMORA_SOURCE_DIR "/Resources/Translations/%1_de.ts")
+                           .arg(QLatin1StringView(table)));
+            file.open(QIODevice::ReadOnly);
+            QXmlStreamReader reader(&file);
+            QString source;
+            while (!reader.atEnd()) {
+                if (reader.readNext() != QXmlStreamReader::StartElement) {
+                    continue;
+                }
+                if (reader.name() == u"source") {
+                    source = reader.readElementText().remove(u'&');
+                } else if (reader.name() == u"translation") {
+                    const QString german =
+                        reader.readElementText(QXmlStreamReader::IncludeChildElements);
+                    texts.insert(source, QString(german).remove(u'&'));
+                }
+            }
+        }
+        texts.removeIf([](const auto &each) { return each.key() == each.value(); });
+        return texts;
+    }
+    /// Returns which of the texts that are shown are English ones.
+    static QStringList englishOnes(const AccessibleScreen &screen,
+                                   const QMap<QString, QString> &german) {
+        QStringList found;
+        for (QString text : screen.texts()) {
+            if (german.contains(text.remove(u'&')) && !german.values().contains(text)) {
+                found.append(text);
+            }
+        }
+        return found;
     }
 
 private Q_SLOTS:
@@ -148,6 +188,28 @@ private Q_SLOTS:
         m_program->kill();
     }
 
+    void theFirstWindowsAreInTheLanguageOfTheUser() {
+        const QMap<QString, QString> german = germanTexts();
+        QVERIFY(german.size() > 500);
+        const PrivateBus bus;
+        const AccessibleScreen screen(bus.address());
+        m_program->useSession(bus.address());
+        m_program->setVariable(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
+        m_program->setVariable(QStringLiteral("LANGUAGE"), QStringLiteral("de"));
+        m_program->start({});
+        QVERIFY(screen.awaitText(
+            german.value(QStringLiteral("You can change this later in Sync Preferences."))));
+        QCOMPARE(englishOnes(screen, german), QStringList());
+        m_display.focus(
+            window(qPrintable(u'^' + german.value(QStringLiteral("Welcome to Velmora")) + u'$')));
+        m_display.press({QStringLiteral("Down"), QStringLiteral("Down"), QStringLiteral("Return")});
+        for (const char *text : {"Direct Connections…", "New Note", "Store name:"}) {
+            QVERIFY2(screen.awaitText(german.value(QString::fromLatin1(text))), text);
+        }
+        QCOMPARE(englishOnes(screen, german), QStringList());
+        m_program->kill();
+    }
+
     void anOptionAnswersTheQuestion() {
         m_program->start({QStringLiteral("--begin"), QStringLiteral("empty")});
         QVERIFY(QTest::qWaitFor([this] { return isMainWindowShown(); }, EventTimeout));
@@ -157,11 +219,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_PROGRAM(FirstStartTest)(int argumentCount, char **arguments) {
-    VirtualDisplay::require();
-    prepareTestProcess();
-    const QApplication application(argumentCount, arguments);
-    FirstStartTest test;
-    return QTest::qExec(&test, argumentCount, arguments);
-}
+VELMORA_DISPLAY_TEST(FirstStartTest, AccessibleScreen::require())
 #include "FirstStartTest.moc"

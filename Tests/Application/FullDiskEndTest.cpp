@@ -1,10 +1,10 @@
 #include "Engine/Plugin/SyncEngine.h"
+#include "Support/DisplayTest.h"
 #include "Support/EventTimeout.h"
 #include "Support/PrivateVolume.h"
 #include "Support/SessionManager.h"
 #include "Support/ShownProgram.h"
 #include "Support/TestApplication.h"
-#include "Support/TestMain.h"
 #include "Support/Verification.h"
 
 /// The program is ended while the disk of its profile is full: what was typed is kept elsewhere and
@@ -107,12 +107,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_PROGRAM(FullDiskEndTest)(int argumentCount, char **arguments) {
-    VirtualDisplay::require();
-    enterPrivateMounts();
-    prepareTestProcess();
-    const QApplication application(argumentCount, arguments);
-    FullDiskEndTest test;
-    return QTest::qExec(&test, argumentCount, arguments);
-}
+VELMORA_DISPLAY_TEST(FullDiskEndTest, enterPrivateMounts())
 #include "FullDiskEndTest.moc"

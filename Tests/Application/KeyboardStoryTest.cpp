@@ -5,11 +5,11 @@
 #include <QtSql/QSqlQuery>
 
 #include "Support/AccessibleScreen.h"
+#include "Support/DisplayTest.h"
 #include "Support/HeardNotifications.h"
 #include "Support/ProgramRun.h"
 #include "Support/SecretService.h"
 #include "Support/ShownProgram.h"
-#include "Support/TestMain.h"
 
 /// A user with a keyboard and a screen reader, without a mouse or a screen: every step is made by
 /// keys, and all that is known of the windows is what they tell assistive technology.
@@ -98,9 +98,7 @@ class KeyboardStoryTest : public QObject {
 private Q_SLOTS:
     void init() {
         m_program = std::make_unique<ShownProgram>(QStringLiteral(VELMORA), m_display);
-        m_program->setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_desktop.busAddress());
-        m_program->setVariable(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"),
-                               QStringLiteral("1"));
+        m_program->useSession(m_desktop.busAddress());
         makeProfile();
         m_program->start({});
     }
@@ -151,12 +149,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_PROGRAM(KeyboardStoryTest)(int argumentCount, char **arguments) {
-    VirtualDisplay::require();
-    AccessibleScreen::require();
-    prepareTestProcess();
-    const QApplication application(argumentCount, arguments);
-    KeyboardStoryTest test;
-    return QTest::qExec(&test, argumentCount, arguments);
-}
+VELMORA_DISPLAY_TEST(KeyboardStoryTest, AccessibleScreen::require())
 #include "KeyboardStoryTest.moc"

@@ -3,10 +3,10 @@
 
 #include "Engine/Plugin/SyncEngine.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
+#include "Support/DisplayTest.h"
 #include "Support/EventTimeout.h"
 #include "Support/ShownProgram.h"
 #include "Support/TestApplication.h"
-#include "Support/TestMain.h"
 
 /// The program is used with the keyboard and killed at a random moment, again and again. What was
 /// shown as saved is in the profile, and so is what was typed since, up to the last half second.
@@ -275,11 +275,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_PROGRAM(KilledProgramTest)(int argumentCount, char **arguments) {
-    VirtualDisplay::require();
-    prepareTestProcess();
-    const QApplication application(argumentCount, arguments);
-    KilledProgramTest test;
-    return QTest::qExec(&test, argumentCount, arguments);
-}
+VELMORA_DISPLAY_TEST(KilledProgramTest)
 #include "KilledProgramTest.moc"

@@ -10,13 +10,13 @@
 #include "Platform/Foundation/MainQueue.h"
 #include "Support/AccessibleScreen.h"
 #include "Support/AskedUser.h"
+#include "Support/DisplayTest.h"
 #include "Support/FreePort.h"
 #include "Support/NameOfProgram.h"
 #include "Support/ProgramMemory.h"
 #include "Support/SecretService.h"
 #include "Support/ShownProgram.h"
 #include "Support/TestHost.h"
-#include "Support/TestMain.h"
 
 /// Looks for the secret of a pairing in the memory of the program, right after its user has paired
 /// it with this process, which is the other computer.
@@ -82,8 +82,7 @@ private Q_SLOTS:
         m_settings = std::make_unique<QTemporaryDir>();
         m_program = std::make_unique<ShownProgram>(QStringLiteral(VELMORA), m_display);
         m_program->setVariable(QStringLiteral("XDG_CONFIG_HOME"), m_settings->path());
-        m_program->setVariable(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"),
-                               QStringLiteral("1"));
+        m_program->useSession(m_secrets.busAddress());
         m_program->setVariable(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
                                QStringLiteral("unix:path=/there/is/no/bus"));
     }
@@ -143,12 +142,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_PROGRAM(NewPairingTest)(int argumentCount, char **arguments) {
-    VirtualDisplay::require();
-    AccessibleScreen::require();
-    prepareTestProcess();
-    const QApplication application(argumentCount, arguments);
-    NewPairingTest test;
-    return QTest::qExec(&test, argumentCount, arguments);
-}
+VELMORA_DISPLAY_TEST(NewPairingTest, AccessibleScreen::require())
 #include "NewPairingTest.moc"

@@ -5,12 +5,12 @@
 
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Support/AccessibleScreen.h"
+#include "Support/DisplayTest.h"
 #include "Support/FreePort.h"
 #include "Support/HeardNotifications.h"
 #include "Support/ProgramRun.h"
 #include "Support/SecretService.h"
 #include "Support/ShownProgram.h"
-#include "Support/TestMain.h"
 
 /// The windows of the program show what is happening, what failed and what to do next. They are
 /// read and used as assistive technology does.
@@ -121,9 +121,7 @@ private:
 private Q_SLOTS:
     void init() {
         m_program = std::make_unique<ShownProgram>(QStringLiteral(VELMORA), m_display);
-        m_program->setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_desktop.busAddress());
-        m_program->setVariable(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"),
-                               QStringLiteral("1"));
+        m_program->useSession(m_desktop.busAddress());
         m_program->setVariable(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
                                QStringLiteral("unix:path=/there/is/no/bus"));
         makeProfile();
@@ -332,12 +330,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_PROGRAM(ShownStateTest)(int argumentCount, char **arguments) {
-    VirtualDisplay::require();
-    AccessibleScreen::require();
-    prepareTestProcess();
-    const QApplication application(argumentCount, arguments);
-    ShownStateTest test;
-    return QTest::qExec(&test, argumentCount, arguments);
-}
+VELMORA_DISPLAY_TEST(ShownStateTest, AccessibleScreen::require())
 #include "ShownStateTest.moc"

@@ -1,10 +1,10 @@
 #include <atomic>
 
+#include "Support/DisplayTest.h"
 #include "Support/ProgramMemory.h"
 #include "Support/ScriptedServer.h"
 #include "Support/SecretService.h"
 #include "Support/ShownProgram.h"
-#include "Support/TestMain.h"
 
 /// Looks for a password in the memory of the program, after the user has typed it into the sheet of
 /// a WebDAV location and the location was checked with it.
@@ -73,11 +73,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_TEST_PROGRAM(TypedPasswordTest)(int argumentCount, char **arguments) {
-    VirtualDisplay::require();
-    prepareTestProcess();
-    const QApplication application(argumentCount, arguments);
-    TypedPasswordTest test;
-    return QTest::qExec(&test, argumentCount, arguments);
-}
+VELMORA_DISPLAY_TEST(TypedPasswordTest)
 #include "TypedPasswordTest.moc"

@@ -22,7 +22,7 @@ public:
     static void require();
 
     /// Starts the accessibility bus of the session bus. The processes must be started after this
-    /// object, with the variable QT_LINUX_ACCESSIBILITY_ALWAYS_ON.
+    /// object, with the variable QT_LINUX_ACCESSIBILITY_ALWAYS_ON, see ShownProgram::useSession().
     explicit AccessibleScreen(const QString &sessionBus);
     /// Ends the bus.
     ~AccessibleScreen();

@@ -37,6 +37,11 @@ void ShownProgram::setVariable(const QString &name, const QString &value) {
     m_environment.insert(name, value);
 }
 
+void ShownProgram::useSession(const QString &busAddress) {
+    setVariable(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress);
+    setVariable(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
+}
+
 void ShownProgram::start(const QStringList &options) {
     m_process.setProcessEnvironment(m_environment);
     m_process.start(m_program, QStringList{QStringLiteral("--profile"), profile()} + options);

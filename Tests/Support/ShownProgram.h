@@ -27,6 +27,10 @@ public:
     /// Sets a variable of the environment for the next start.
     void setVariable(const QString &name, const QString &value);
 
+    /// Lets the next process use the session bus at this address, and an AccessibleScreen of that
+    /// bus read its windows.
+    void useSession(const QString &busAddress);
+
     /// Starts the process, by default with both windows and, in a new profile, the examples.
     void start(const QStringList &options = {QStringLiteral("--begin"), QStringLiteral("examples"),
                                              QStringLiteral("--preferences")});
