@@ -17,13 +17,9 @@ const QString RewrittenPrefix = QStringLiteral("rewritten ");
 constexpr QChar NameMark = u' ';
 constexpr QChar ListMark = u'\n';
 
-/// Follows the name of a record in the rows of its parts, which are therefore beside its own.
+/// Follows the name of a record in the rows of its parts, which are therefore beside its own. The
+/// index of the other rows names it, too.
 constexpr QChar PartMark = u' ';
-const QString LastPartMark = PartMark + QStringLiteral("last");
-
-/// SQLite stores the end of a row with more identifiers elsewhere, so that reading its size would
-/// read all of them.
-constexpr qsizetype IdentifiersBesideSize = 48;
 
 /// Number of recorded identifiers that are forgotten at once.
 constexpr int ForgottenAtOnce = 2000;
@@ -109,9 +105,9 @@ Expected<void> KnownTransactions::visit(const QString &condition, const QVariant
 Expected<QSet<QString>> KnownTransactions::names() const {
     QSet<QString> names;
     const Expected<void> done =
-        m_profile.read(QStringLiteral("SELECT name FROM known_transactions"
-                                      " WHERE place = ? AND database = ? AND instr(name, ?) = 0"),
-                       {m_store, m_database, QString(PartMark)},
+        m_profile.read(QStringLiteral("SELECT name FROM known_transactions WHERE place = ?"
+                                      " AND database = ? AND instr(name, ' ') = 0"),
+                       {m_store, m_database},
                        [&](const QSqlQuery &row) { names.insert(row.value(0).toString()); });
     if (!done) {
         return failure(done.error());
@@ -122,9 +118,9 @@ Expected<QSet<QString>> KnownTransactions::names() const {
 Expected<QHash<QString, qint64>> KnownTransactions::sizes() const {
     QHash<QString, qint64> sizes;
     const Expected<void> done =
-        m_profile.read(QStringLiteral("SELECT name, size FROM known_transactions"
-                                      " WHERE place = ? AND database = ? AND instr(name, ?) = 0"),
-                       {m_store, m_database, QString(PartMark)}, [&](const QSqlQuery &row) {
+        m_profile.read(QStringLiteral("SELECT name, size FROM known_transactions WHERE place = ?"
+                                      " AND database = ? AND instr(name, ' ') = 0"),
+                       {m_store, m_database}, [&](const QSqlQuery &row) {
                            sizes.insert(row.value(0).toString(), row.value(1).toLongLong());
                        });
     if (!done) {
@@ -136,32 +132,19 @@ Expected<QHash<QString, qint64>> KnownTransactions::sizes() const {
 Expected<void> KnownTransactions::add(const QString &name, const Transaction &transaction,
                                       qint64 size) const {
     const Contents contents = Contents::of(transaction, size);
-    const Rows rows = rowsOf(name, contents);
     // Also the parts of a merge that was interrupted.
     const Expected<QVariant> hasOther = m_profile.value(
         QStringLiteral("SELECT 1 FROM known_transactions WHERE place = ? AND database = ? AND %1"
-                       " AND (name, operations, superseded) NOT IN (VALUES (?, ?, ?), (?, ?, ?))"
-                       " LIMIT 1")
+                       " AND (name, operations, superseded) <> (?, ?, ?) LIMIT 1")
             .arg(ofRecord()),
-        {m_store, m_database, name, name, rows.first().first,
-         Operation::packed(rows.first().second.operations),
-         Operation::packed(rows.first().second.superseded), rows.last().first,
-         Operation::packed(rows.last().second.operations),
-         Operation::packed(rows.last().second.superseded)});
+        {m_store, m_database, name, name, name, Operation::packed(contents.operations),
+         Operation::packed(contents.superseded)});
     if (!hasOther) {
         return failure(hasOther.error());
     }
     return (hasOther->isValid() ? remove({name}) : Expected<void>()).and_then([&] {
-        return insert(rows);
+        return insert(name, contents);
     });
-}
-
-KnownTransactions::Rows KnownTransactions::rowsOf(const QString &name, const Contents &contents) {
-    if (contents.operations.size() + contents.superseded.size() <= IdentifiersBesideSize) {
-        return {{name, contents}};
-    }
-    return {{name + LastPartMark, {contents.operations, contents.superseded, 0}},
-            {name, {{}, {}, contents.size}}};
 }
 
 Expected<void> KnownTransactions::addPart(const QString &name, int number,
@@ -174,16 +157,7 @@ Expected<void> KnownTransactions::addPart(const QString &name, int number,
 
 Expected<void> KnownTransactions::addLastPart(const QString &name, const Transaction &part,
                                               qint64 size) const {
-    return insert(rowsOf(name, Contents::of(part, size)));
-}
-
-Expected<void> KnownTransactions::insert(const Rows &rows) const {
-    for (const auto &[row, contents] : rows) {
-        if (Expected<void> inserted = insert(row, contents); !inserted) {
-            return inserted;
-        }
-    }
-    return {};
+    return insert(name, Contents::of(part, size));
 }
 
 Expected<void> KnownTransactions::insert(const QString &row, const Contents &contents) const {

@@ -119,10 +119,7 @@ private:
                          const PartVisitor &visitPart) const;
     Expected<QHash<QString, Contents>> read(const QString &condition,
                                             const QVariantList &values) const;
-    /// The rows of a record or a part by their names.
-    using Rows = QList<std::pair<QString, Contents>>;
-    static Rows rowsOf(const QString &name, const Contents &contents);
-    Expected<void> insert(const Rows &rows) const;
+    /// Adds the row of a record or a part.
     Expected<void> insert(const QString &row, const Contents &contents) const;
     /// Removes `contents` from what is recorded as unwritten.
     Expected<void> setWritten(const Contents &contents) const;

@@ -84,10 +84,14 @@ void upgrade(const QString &file) {
 
 /// Returns the statements that remove from a current profile what `version` did not have.
 QStringList removals(int version) {
-    QStringList statements{
-        QStringLiteral("DROP INDEX places_of_notes"),
-        QStringLiteral("CREATE INDEX order_of_notes ON operations (database, position)")};
     const QStringList mark(QStringLiteral("PRAGMA user_version = %1").arg(version));
+    QStringList statements{QStringLiteral("DROP INDEX sizes_of_known_transactions")};
+    if (version == 6) {
+        return statements + mark;
+    }
+    statements +=
+        {QStringLiteral("DROP INDEX places_of_notes"),
+         QStringLiteral("CREATE INDEX order_of_notes ON operations (database, position)")};
     if (version == 5) {
         return statements + mark;
     }
