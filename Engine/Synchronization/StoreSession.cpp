@@ -71,6 +71,9 @@ QString StoreSession::path(const QString &name) const {
 }
 
 Expected<void> StoreSession::noteLost(const QStringList &names) {
+    if (names.isEmpty()) {
+        return {};
+    }
     QSet<OperationId> contained;
     for (const QString &name : names) {
         const Expected<KnownTransactions::Contents> contents = known().contents(name);

@@ -262,8 +262,10 @@ Expected<void> SyncSession::takeTransaction(const TransactionRecords &records, c
 Expected<void> SyncSession::handleDamage(BlobStore &store, const EngineFuture &future) {
     m_verification.takeResults(m_damagedRecords);
     return m_damagedRecords.setAside({store, subject().databaseUUID, future}, future)
-        .and_then(
-            [this] { return readProfile([this] { return noteLost(m_damagedRecords.lost()); }); });
+        .and_then([this] {
+            const QStringList &lost = m_damagedRecords.lost();
+            return lost.isEmpty() ? Expected<void>() : readProfile([&] { return noteLost(lost); });
+        });
 }
 
 Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store, const EngineFuture &future) {
@@ -381,7 +383,11 @@ Expected<void> SyncSession::compareTransactions() {
     if (!m_unread.isEmpty()) {
         return {};
     }
-    return readProfile([this] { return checkRemoval(); }).map([this] {
+    // Nothing disappears unless something is superseded.
+    const Expected<void> checked = m_forecast.superseded().isEmpty()
+                                       ? Expected<void>()
+                                       : readProfile([this] { return checkRemoval(); });
+    return checked.map([this] {
         m_pass = Pass::Merging;
         m_unread = m_released.keys();
         progress().begin(SessionProgress::Phase::Merging,
