@@ -15,7 +15,7 @@ public:
         All
     };
     static constexpr int MostRecords = 8;
-    static constexpr qint64 MostBytes = 2LL << 20;
+    static constexpr qint64 MostBytes = 512LL << 10;
 
     explicit RecordVerification(Extent extent) : m_extent(extent) {}
 
