@@ -302,6 +302,11 @@ Expected<QList<NoteRow>> NoteLog::noteRows(const QList<Place> &places) const {
         const qint64 position = first->position;
         const auto end = std::find_if(
             first, places.end(), [&](const Place &place) { return place.position != position; });
+        if (end - first == 1) {
+            found.append({noteOf({first->operation.note, first->operation, {}}), position});
+            first = end;
+            continue;
+        }
         const Expected<QList<NoteRow>> rows = end - first > MostRows
                                                   ? someRowsAt(position)
                                                   : noteRows(position, QList<Place>(first, end));
