@@ -3,6 +3,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 #include <QtCore/QUrl>
 #include <QtCore/QUuid>
 #include <QtSql/QSqlError>
@@ -222,17 +223,19 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
 Expected<void> ProfileDatabase::checkTables() const {
     static const QRegularExpression creation(
         QStringLiteral("^CREATE (TABLE|TRIGGER) IF NOT EXISTS (\\w+)"));
+    QSet<std::pair<QString, QString>> present;
+    const Expected<void> done =
+        read(QStringLiteral("SELECT type, name FROM sqlite_schema"), {}, [&](const QSqlQuery &row) {
+            present.insert({row.value(0).toString(), row.value(1).toString()});
+        });
+    if (!done) {
+        return done;
+    }
     const QStringList statements = ProfileSchema::tables() + ProfileSchema::derivedTables();
     for (const QString &statement : statements) {
         const QRegularExpressionMatch created = creation.match(statement);
-        const QString name = created.captured(2);
-        const Expected<QVariant> count =
-            value(QStringLiteral("SELECT count(*) FROM sqlite_schema WHERE type = ? AND name = ?"),
-                  {created.captured(1).toLower(), name});
-        if (!count) {
-            return failure(count.error());
-        }
-        if (!name.isEmpty() && *count != 1) {
+        if (created.hasMatch() &&
+            !present.contains({created.captured(1).toLower(), created.captured(2)})) {
             return failure(ProfileInspection::damage(path()));
         }
     }
