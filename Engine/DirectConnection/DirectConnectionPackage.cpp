@@ -70,10 +70,7 @@ Expected<void> DirectConnectionPackage::make() const {
             continue;
         }
         if (const Expected<void> made = FileManager::createDirectory(folder); !made) {
-            Error error = engineError(EngineErrorCode::ServerUnusable,
-                                      "The sync store “%1” could not be created. Check the "
-                                      "permissions of the folder that contains it.",
-                                      m_path);
+            Error error = storeNotCreated(EngineErrorCode::ServerUnusable, m_path);
             error.localizedFailureReason = made.error().localizedFailureReason;
             return failure(error);
         }

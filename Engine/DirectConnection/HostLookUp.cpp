@@ -33,12 +33,6 @@ struct LookUp {
     std::optional<Expected<Addresses>> result;
 };
 
-Error notFound(const QString &host) {
-    return engineError(EngineErrorCode::StoreUnreachable,
-                       "The server “%1” was not found. Check its name and the network connection.",
-                       host);
-}
-
 Error notLookedUp(const QString &host, const QString &details) {
     Error error = engineError(EngineErrorCode::StoreUnreachable,
                               "The address of the server “%1” could not be looked up. Check the "
@@ -58,7 +52,7 @@ Error tooManyLookUps(const QString &host) {
 Error errorOf(int code, const QString &host) {
     const bool isUnknown = code == EAI_NONAME || code == EAI_NODATA || code == EAI_ADDRFAMILY;
     return isUnknown
-               ? notFound(host)
+               ? serverNotFound(host)
                : notLookedUp(host, code == EAI_SYSTEM ? qt_error_string(errno)
                                                       : QString::fromLocal8Bit(gai_strerror(code)));
 }

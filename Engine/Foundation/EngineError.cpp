@@ -41,6 +41,26 @@ Error notSyncStore(const QString &place) {
                        place);
 }
 
+Error storeNotCreated(EngineErrorCode code, const QString &path) {
+    return engineError(code,
+                       "The sync store “%1” could not be created. Check the permissions of the "
+                       "folder that contains it.",
+                       path);
+}
+
+Error newerRecord(const QString &place) {
+    return engineError(
+        EngineErrorCode::UnknownVersion,
+        "The record “%1” was created by a newer version of Velmora. Update Velmora to read it.",
+        place);
+}
+
+Error serverNotFound(const QString &name) {
+    return engineError(EngineErrorCode::StoreUnreachable,
+                       "The server “%1” was not found. Check its name and the network connection.",
+                       name);
+}
+
 Error operationCancelled() {
     return engineError(EngineErrorCode::Cancelled,
                        localizedSyncString("The operation was cancelled."));

@@ -86,6 +86,15 @@ Error foreignFile(const QString &place);
 Error invalidBlobName(const QString &name);
 /// Returns an error of the code StoreUnreachable for the folder at `place`, in words for the user.
 Error notSyncStore(const QString &place);
+/// Returns an error of the code `code` for the sync store at `path`, which cannot be created, in
+/// words for the user.
+Error storeNotCreated(EngineErrorCode code, const QString &path);
+/// Returns an error of the code UnknownVersion for the record at `place`, which a newer version of
+/// the program has written, in words for the user.
+Error newerRecord(const QString &place);
+/// Returns an error of the code StoreUnreachable for the server `name`, of which no address is
+/// known, in words for the user.
+Error serverNotFound(const QString &name);
 /// Returns the error of an operation that was cancelled, of the code Cancelled, by which callers
 /// distinguish it from a failure.
 Error operationCancelled();

@@ -40,10 +40,7 @@ Expected<QString> DatabaseRecord::name(const QByteArray &record, const QString &
     const QJsonObject object = ExactText::objectIn(record);
     const QJsonValue version = object.value(RecordVersion);
     if (version.toInteger() > Version) {
-        return failure(engineError(
-            EngineErrorCode::UnknownVersion,
-            "The record “%1” was created by a newer version of Velmora. Update Velmora to read it.",
-            place));
+        return failure(newerRecord(place));
     }
     const QString name = object.value(RecordName).toString();
     const bool isSound = version == Version && object.value(RecordUUID) == databaseUUID &&

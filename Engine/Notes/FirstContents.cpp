@@ -98,10 +98,7 @@ Expected<void> makeFolder(const QString &path) {
     }
     return failure(isDiskFull(created.error())
                        ? engineError(EngineErrorCode::ProfileUnusable, FullDisk::message(path))
-                       : engineError(EngineErrorCode::ProfileUnusable,
-                                     "The sync store “%1” could not be created. Check the "
-                                     "permissions of the folder that contains it.",
-                                     path));
+                       : storeNotCreated(EngineErrorCode::ProfileUnusable, path));
 }
 
 /// Creates a sync store in the profile folder, with which the database `UUID` synchronizes.

@@ -187,10 +187,7 @@ Expected<Transaction> Transaction::decoded(QByteArray record, const QString &nam
     const QJsonObject object = ExactText::objectIn(std::move(record));
     const QJsonValue version = object.value(VersionKey);
     if (version.toInteger() > Version) {
-        return failure(engineError(
-            EngineErrorCode::UnknownVersion,
-            "The record “%1” was created by a newer version of Velmora. Update Velmora to read it.",
-            name));
+        return failure(newerRecord(name));
     }
     try {
         if (version != Version) {

@@ -5,23 +5,13 @@
 #include <algorithm>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/FailureLog.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Locations/EngineLocationKinds.h"
 #include "Engine/Locations/EngineLocationsController.h"
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Profile/ProfileDatabase.h"
-#include "Host/QVJobLog.h"
 #include "Host/SyncStrings.h"
-
-namespace {
-
-void reportIfFailed(const Expected<void> &result) {
-    if (!result) {
-        QVJobLog::logMessage(result.error().localizedDescription);
-    }
-}
-
-}  // namespace
 
 RemovedLocations::RemovedLocations(const ProfileDatabase &profile,
                                    const EngineLocationsController &locations,
@@ -31,7 +21,7 @@ RemovedLocations::RemovedLocations(const ProfileDatabase &profile,
 void RemovedLocations::start() {
     const Expected<QStringList> removed = m_locations.removedLocations();
     if (!removed) {
-        reportIfFailed(failure(removed.error()));
+        logFailureOf(failure(removed.error()));
         return;
     }
     for (const QString &identifier : *removed) {
@@ -51,7 +41,7 @@ void RemovedLocations::didRemoveLocation(const QString &identifier) {
 void RemovedLocations::forget(const QString &identifier) {
     const Expected<std::optional<Url>> removed = m_locations.removedURL(identifier);
     if (!removed || !*removed || isListed(identifier)) {
-        reportIfFailed(removed.map([](const auto &) {}));
+        logFailureOf(removed.map([](const auto &) {}));
         return;
     }
     const Url URL = **removed;
@@ -61,7 +51,7 @@ void RemovedLocations::forget(const QString &identifier) {
             .and_then([&] { return kind.forgetInProfile(identifier); })
             .and_then([&] { return kind.forgetServer(URL, listedURLs(kind)); });
     if (!forgotten) {
-        reportIfFailed(forgotten);
+        logFailureOf(forgotten);
         return;
     }
     if (isNeeded(URL)) {
@@ -85,7 +75,7 @@ std::function<void(const Expected<void> &)> RemovedLocations::finisher(const QSt
             self->finish(identifier);
             return;
         }
-        reportIfFailed(failure(engineError(
+        logFailureOf(failure(engineError(
             EngineErrorCode::AccessDenied,
             localizedSyncString("The keyring still contains what belongs to the removed location "
                                 "“%1”. Velmora deletes it when it starts again. (%2)")
@@ -97,7 +87,7 @@ std::function<void(const Expected<void> &)> RemovedLocations::finisher(const QSt
 }
 
 void RemovedLocations::finish(const QString &identifier) const {
-    reportIfFailed(m_locations.forgetRemoval(identifier));
+    logFailureOf(m_locations.forgetRemoval(identifier));
 }
 
 QList<Url> RemovedLocations::listedURLs(const EngineLocationKind &kind) const {

@@ -123,7 +123,7 @@ bool isDamage(const Error &error) {
 Expected<void> checkNotEmpty(const QString &path, const std::atomic_bool *isCancelled) {
     return ReadOnlyConnection::open(path, ReadOnlyConnection::Sharing::Immutable, isCancelled)
         .and_then(
-            [](const auto &backup) { return backup->value(QStringLiteral("PRAGMA user_version")); })
+            [](const auto &backup) { return backup->value(ProfileInspection::VersionStatement); })
         .and_then([&](const QVariant &version) {
             return version.toInt() == 0 ? failure(damagedBackup(path)) : Expected<void>();
         });

@@ -43,7 +43,9 @@ QStringList connectionSettings() {
 QStringList versionMarks() {
     return {
         QStringLiteral("PRAGMA application_id = %1").arg(ProfileInspection::ApplicationId),
-        QStringLiteral("PRAGMA user_version = %1").arg(ProfileInspection::SchemaVersion),
+        QStringLiteral("%1 = %2")
+            .arg(ProfileInspection::VersionStatement)
+            .arg(ProfileInspection::SchemaVersion),
     };
 }
 
@@ -200,7 +202,7 @@ Expected<void> ProfileDatabase::openFile(const Changes &fill, const Changes &con
     if (Expected<void> set = executeAll(connectionSettings()); !set) {
         return set;
     }
-    const Expected<QVariant> version = value(QStringLiteral("PRAGMA user_version"));
+    const Expected<QVariant> version = value(ProfileInspection::VersionStatement);
     if (!version) {
         return failure(version.error());
     }

@@ -9,6 +9,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileFolder.h"
+#include "Engine/Profile/ProfilePermissions.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Engine/Profile/SqliteCode.h"
 #include "Platform/Foundation/FileManager.h"
@@ -89,9 +90,10 @@ struct Header {
 
 Expected<Header> readHeader(const QString &path, const ReadOnlyConnection &database) {
     QList<int> numbers;
-    for (const char *statement :
-         {"PRAGMA user_version", "SELECT count(*) FROM sqlite_schema", "PRAGMA application_id"}) {
-        const Expected<QVariant> number = database.value(QLatin1StringView(statement));
+    for (const QString &statement :
+         {ProfileInspection::VersionStatement, QStringLiteral("SELECT count(*) FROM sqlite_schema"),
+          QStringLiteral("PRAGMA application_id")}) {
+        const Expected<QVariant> number = database.value(statement);
         if (!number) {
             return notRead(path, number.error());
         }
@@ -201,9 +203,7 @@ Expected<void> checkWriteAccess(const QString &path) {
             "The profile “%1” is read-only. Change its permissions or use another profile.", path);
     }
     if (!QFileInfo(file.path()).isWritable()) {
-        return unusable(
-            "The profile folder “%1” is read-only. Change its permissions or use another profile.",
-            file.path());
+        return failure(ProfilePermissions::readOnly(file.path()));
     }
     return {};
 }

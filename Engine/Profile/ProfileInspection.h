@@ -13,7 +13,9 @@ namespace ProfileInspection {
 
 /// Marks a database file as a profile (SQLite's application_id): "Velm" in ASCII.
 inline constexpr int ApplicationId = 0x56656c6d;
-/// The version of the tables that this program reads and writes (SQLite's user_version).
+/// The statement that returns the version of the tables of a profile.
+inline const QString VersionStatement = QStringLiteral("PRAGMA user_version");
+/// The version that this program reads and writes.
 inline constexpr int SchemaVersion = 7;
 /// The oldest version that ProfileDatabase::open can upgrade.
 inline constexpr int OldestSchemaVersion = 1;

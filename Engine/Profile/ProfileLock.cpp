@@ -12,6 +12,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Profile/FullDisk.h"
+#include "Engine/Profile/ProfilePermissions.h"
 #include "Host/SyncStrings.h"
 
 namespace {
@@ -27,10 +28,7 @@ bool isAt(const QByteArray &path, int file) {
 Error openError(const QString &path, int number) {
     const QString folder = QFileInfo(path).path();
     if (number == EACCES || number == EROFS) {
-        return engineError(
-            EngineErrorCode::ProfileUnusable,
-            "The profile folder “%1” is read-only. Change its permissions or use another profile.",
-            folder);
+        return ProfilePermissions::readOnly(folder);
     }
     if (number == ENOSPC || number == EDQUOT) {
         return engineError(EngineErrorCode::ProfileUnusable, FullDisk::message(folder));

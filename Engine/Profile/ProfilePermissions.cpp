@@ -59,3 +59,10 @@ Expected<void> ProfilePermissions::createFile(const QString &path) {
                                                    "its disk and its permissions, then try again.")
                                    .arg(path, QString::fromLocal8Bit(std::strerror(errno)))));
 }
+
+Error ProfilePermissions::readOnly(const QString &folder) {
+    return engineError(
+        EngineErrorCode::ProfileUnusable,
+        "The profile folder “%1” is read-only. Change its permissions or use another profile.",
+        folder);
+}

@@ -18,4 +18,8 @@ Expected<void> removeForOthers(const QString &directory);
 /// error of the code ProfileUnusable if it cannot be created.
 Expected<void> createFile(const QString &path);
 
+/// Returns the error, of the code ProfileUnusable, for the profile folder `folder`, in which no
+/// file can be written.
+Error readOnly(const QString &folder);
+
 }  // namespace ProfilePermissions

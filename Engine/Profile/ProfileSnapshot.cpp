@@ -44,7 +44,7 @@ Expected<bool> copy(const QString &path, const QString &target, bool isLocked) {
     if (!database) {
         return failure(database.error());
     }
-    const Expected<QVariant> version = (*database)->value(QStringLiteral("PRAGMA user_version"));
+    const Expected<QVariant> version = (*database)->value(ProfileInspection::VersionStatement);
     if (!version) {
         return failure(version.error());
     }

@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/FailureLog.h"
 #include "Engine/Locations/EngineLocationFormatter.h"
 #include "Engine/Locations/EngineLocationsController.h"
 #include "Engine/Locations/EngineSyncLocation.h"
@@ -497,14 +498,11 @@ void EngineDispatcher::saveResult(const EngineSyncState &state) {
     // Only these columns: other changes of the state are saved when the user saves them.
     const QVariant synchronized =
         state.lastSynced().isValid() ? state.lastSynced().toMSecsSinceEpoch() : QVariant();
-    const Expected<void> written = m_profile.run(
+    logFailureOf(m_profile.run(
         QStringLiteral("UPDATE states SET last_synced = ?, database_name = ?, (%1) = (%2)"
                        " WHERE location_uuid = ? AND database_uuid = ?")
             .arg(ResultColumns::Names, ResultColumns::Placeholders),
         QVariantList{synchronized, ProfileDatabase::text(state.databaseName())} +
             ResultColumns::values(state.lastResult()) +
-            QVariantList{location->identifier(), state.databaseUUID()});
-    if (!written) {
-        QVJobLog::logMessage(written.error().localizedDescription);
-    }
+            QVariantList{location->identifier(), state.databaseUUID()}));
 }

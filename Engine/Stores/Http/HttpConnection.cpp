@@ -384,10 +384,7 @@ Error HttpConnection::transportError(CURLcode code) const {
     }
     switch (code) {
         case CURLE_COULDNT_RESOLVE_HOST:
-            return engineError(
-                EngineErrorCode::StoreUnreachable,
-                "The server “%1” was not found. Check its name and the network connection.",
-                server());
+            return serverNotFound(server());
         case CURLE_UNSUPPORTED_PROTOCOL:
         case CURLE_WEIRD_SERVER_REPLY:
         case CURLE_GOT_NOTHING:
