@@ -22,11 +22,13 @@ bool isGrantRefused(const HttpClient::Response &response) {
 Expected<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, const QString &verifier,
                                                        const QString &redirectAddress,
                                                        const EngineFuture &future) {
+    // A server revokes the tokens of a code that arrives twice (RFC 6749, section 4.1.2).
     return ask({{"grant_type", QStringLiteral("authorization_code")},
                 {"code", code},
                 {"code_verifier", verifier},
                 {"redirect_uri", redirectAddress},
                 {"client_id", m_configuration.applicationKey}},
+               Repetition::Harmful,
                engineError(EngineErrorCode::AccessDenied,
                            localizedSyncString("Dropbox rejected the sign-in. Try again.")),
                future);
@@ -35,10 +37,11 @@ Expected<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, cons
 Expected<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &tokens,
                                                       const QString &account,
                                                       const EngineFuture &future) {
-    Expected<DropboxTokens> response = ask({{"grant_type", QStringLiteral("refresh_token")},
-                                            {"refresh_token", tokens.refresh.toText()},
-                                            {"client_id", m_configuration.applicationKey}},
-                                           DropboxError::signInAgain(account), future);
+    Expected<DropboxTokens> response =
+        ask({{"grant_type", QStringLiteral("refresh_token")},
+             {"refresh_token", tokens.refresh.toText()},
+             {"client_id", m_configuration.applicationKey}},
+            Repetition::Harmless, DropboxError::signInAgain(account), future);
     if (response && response->refresh.isEmpty()) {
         response->refresh = tokens.refresh;
     }
@@ -46,14 +49,15 @@ Expected<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &token
 }
 
 Expected<DropboxTokens> DropboxTokenEndpoint::ask(const QList<FormEncoding::Field> &fields,
-                                                  const Error &refusal,
+                                                  Repetition repetition, const Error &refusal,
                                                   const EngineFuture &future) {
     const QUrl address = m_configuration.tokenAddress;
     const Expected<HttpClient::Response> response =
         m_connection.send({.method = "POST",
                            .URL = address,
                            .headers = {{"Content-Type", "application/x-www-form-urlencoded"}},
-                           .body = FormEncoding::encode(fields)},
+                           .body = FormEncoding::encode(fields),
+                           .isUnrepeatable = repetition == Repetition::Harmful},
                           future);
     if (!response) {
         return failure(response.error());

@@ -28,10 +28,13 @@ public:
                                     const EngineFuture &future);
 
 private:
+    /// What happens if the server receives a request twice.
+    enum class Repetition { Harmless, Harmful };
+
     /// Sends a request; returns `refusal` if the server rejects the grant ("invalid_grant", RFC
     /// 6749, section 5.2).
-    Expected<DropboxTokens> ask(const QList<FormEncoding::Field> &fields, const Error &refusal,
-                                const EngineFuture &future);
+    Expected<DropboxTokens> ask(const QList<FormEncoding::Field> &fields, Repetition repetition,
+                                const Error &refusal, const EngineFuture &future);
 
     const DropboxConfiguration &m_configuration;
     DropboxConnection &m_connection;

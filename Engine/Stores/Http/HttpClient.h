@@ -50,8 +50,8 @@ public:
     /// answered one after the other, so that a wrong password is not tried by each of them: what is
     /// accepted or refused for one, is for those that wait.
     ///
-    /// A request may arrive twice: it is sent again if the server has closed a kept connection
-    /// without sending anything. So it must be one that does no harm then.
+    /// Unless it is unrepeatable, a request may arrive twice: it is sent again if the server has
+    /// closed a kept connection without sending anything. So it must be one that does no harm then.
     ///
     /// Errors: StoreUnreachable if the server cannot be reached, redirects too often or to another
     /// server, or does not send a valid response; CertificateUntrusted; BlobRefused if the body of

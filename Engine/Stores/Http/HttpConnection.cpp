@@ -137,6 +137,8 @@ void HttpConnection::configure(const HttpRequest &request) {
     set(CURLOPT_FOLLOWLOCATION, 0L);
     set(CURLOPT_NOSIGNAL, 1L);
     set(CURLOPT_QUICK_EXIT, 1L);
+    // libcurl repeats any request, also POST, for which it finds a kept connection closed.
+    set(CURLOPT_FRESH_CONNECT, request.isUnrepeatable ? 1L : 0L);
     set(CURLOPT_USERAGENT, "Velmora");
     set(CURLOPT_ERRORBUFFER, m_errorText);
     // The certificate is verified by verifyCertificate instead.

@@ -33,6 +33,9 @@ struct HttpRequest {
     /// and challenges. The header fields have the limit HttpConnection::HeaderLimit, and all that
     /// the server sends HttpConnection::transferLimit().
     qint64 limit = 1 << 20;
+    /// Whether the request must not arrive twice. It is sent on a new connection then: after a kept
+    /// one was lost, it would be sent again.
+    bool isUnrepeatable = false;
 };
 
 /// A response of the server.

@@ -180,6 +180,31 @@ private Q_SLOTS:
         QCOMPARE(server.connections(), 2);
     }
 
+    void anUnrepeatableRequestIsSentOnce() {
+        std::atomic<int> posts = 0;
+        const ScriptedServer server(
+            [&](Connection &connection) {
+                QByteArray request = connection.readRequest();
+                if (request.startsWith("GET")) {
+                    connection.answer("200 OK");
+                    request = connection.readRequest();
+                }
+                posts += request.startsWith("POST") ? 1 : 0;
+                connection.close();
+            },
+            ScriptedServer::Order::AllAtOnce);
+        HttpClient client(HttpClient::Options{});
+        QCOMPARE(status(client.send({.method = "GET", .URL = QUrl(server.URLText({}))}, m_future)),
+                 200);
+        QVERIFY(!client.send({.method = "POST",
+                              .URL = QUrl(server.URLText({})),
+                              .body = "code",
+                              .isUnrepeatable = true},
+                             m_future));
+        QCOMPARE(posts.load(), 1);
+        QCOMPARE(server.connections(), 2);
+    }
+
     void aRequestIsNotSentAgainIfANewConnectionBreaks() {
         const ScriptedServer server([&](Connection &connection) {
             connection.awaitBytes();
