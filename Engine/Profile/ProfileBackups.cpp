@@ -258,7 +258,7 @@ Expected<void> ProfileBackups::checkSpace() const {
     const Expected<qint64> sizeOfProfile = FileManager::size(m_profile);
     const Expected<qint64> sizeOfLog = FileManager::size(ProfileFolder::logOf(m_profile));
     const QStorageInfo disk(m_folder);
-    if (!sizeOfProfile || !sizeOfLog || !disk.isValid()) {
+    if (!sizeOfProfile || !sizeOfLog) {
         return failure(ProfileInspection::unreadable(m_profile));
     }
     const qint64 size = *sizeOfProfile + *sizeOfLog;
@@ -269,7 +269,8 @@ Expected<void> ProfileBackups::checkSpace() const {
                                       .arg(sizeText(size), sizeText(m_limits.bytes)));
     }
     const qint64 available = disk.bytesAvailable();
-    if (available < size + m_limits.free) {
+    // Some file systems do not know it. A disk that is full then fails the copy, which is verified.
+    if (disk.isValid() && available >= 0 && available < size + m_limits.free) {
         return notMade(m_profile,
                        localizedSyncString("The disk has only %1 left, and %2 are needed. Delete "
                                            "files that you no longer need.")
