@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QtGlobal>
+#include <atomic>
 #include <mutex>
 #include <stop_token>
 #include <vector>
@@ -39,6 +41,12 @@ public:
     /// not cancelled before.
     bool finish();
 
+    /// Adds `count` to the progress of the operation: what it has received and verified, so that a
+    /// server cannot fake it by sending slowly. Called by the operation itself, which may have
+    /// access to this future only to observe its cancellation.
+    void advance(qint64 count) const { m_progress += count; }
+    /// Returns the sum of the progress so far; 0 if the operation reports none.
+    qint64 progress() const { return m_progress; }
     /// Cancels this future because its operation takes too long, unless it has finished or was
     /// cancelled before.
     void cancelOverdue();
@@ -71,5 +79,6 @@ private:
     bool m_isCancelled = false;
     bool m_isFinished = false;
     bool m_isOverdue = false;
+    mutable std::atomic<qint64> m_progress = 0;
     Attachments m_attachments;
 };

@@ -13,6 +13,8 @@
 namespace {
 
 constexpr qsizetype LongestNamePart = 255;
+/// The progress of an operation by measuring a folder: the listing of one may take minutes.
+constexpr qint64 ProgressOfFolder = 60;
 
 bool isNamePart(QStringView part) {
     const bool isLengthAllowed = !part.isEmpty() && part.toUtf8().size() <= LongestNamePart;
@@ -115,6 +117,7 @@ Expected<std::optional<qint64>> BlobStore::measure(const EngineFuture &future) {
             return size;
         }
         total += **size;
+        future.advance(ProgressOfFolder);
     }
     return total;
 }
@@ -192,6 +195,7 @@ Expected<EngineStore::Fetched> BlobStore::fetch(const EngineFuture &future) {
             if (size > MostBytesOfNames) {
                 return failure(tooManyDatabases());
             }
+            future.advance(1);
             fetched.databases.append(
                 record(file.chopped(SyncStoreLayout::RecordEnding.size()), *name));
         } else if (isOfOneBlob(name.error())) {

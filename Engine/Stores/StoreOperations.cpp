@@ -8,14 +8,21 @@
 
 namespace {
 
-/// Cancels the operation of `future` after `limit` if it still runs then.
-void limitTime(const std::shared_ptr<EngineFuture> &future, std::chrono::milliseconds limit) {
-    MainQueue::dispatchAsync([weakFuture = std::weak_ptr(future), limit] {
-        QTimer::singleShot(limit, QCoreApplication::instance(), [weakFuture] {
-            if (const std::shared_ptr<EngineFuture> running = weakFuture.lock()) {
-                running->cancelOverdue();
-            }
-        });
+/// Cancels the operation of `future`, which has advanced by `before` until now, at the end of the
+/// first time in which it does not advance enough. Must be called on the main thread.
+void limitTime(const std::weak_ptr<EngineFuture> &future, const StoreOperations::TimeLimit &limit,
+               qint64 before = 0) {
+    QTimer::singleShot(limit.duration, QCoreApplication::instance(), [=] {
+        const std::shared_ptr<EngineFuture> running = future.lock();
+        if (!running) {
+            return;
+        }
+        const qint64 progress = running->progress();
+        if (progress - before < limit.leastProgress) {
+            running->cancelOverdue();
+        } else {
+            limitTime(future, limit, progress);
+        }
     });
 }
 
@@ -23,20 +30,28 @@ void limitTime(const std::shared_ptr<EngineFuture> &future, std::chrono::millise
 
 std::shared_ptr<PZFuture> StoreOperations::start(Work work) {
     const auto future = std::make_shared<EngineFuture>();
+    TimeLimit limit;
     {
         const std::lock_guard lock(m_running->mutex);
+        limit = m_running->timeLimit;
         m_running->futures.insert(future);
         if (m_running->isEnding) {
             future->cancel();
         }
     }
-    limitTime(future, m_timeLimit);
+    MainQueue::dispatchAsync(
+        [weakFuture = std::weak_ptr(future), limit] { limitTime(weakFuture, limit); });
     m_threads.start([running = m_running, future, work = std::move(work)] {
         work(*future);
         const std::lock_guard lock(running->mutex);
         running->futures.erase(future);
     });
     return future;
+}
+
+void StoreOperations::setTimeLimit(const TimeLimit &limit) {
+    const std::lock_guard lock(m_running->mutex);
+    m_running->timeLimit = limit;
 }
 
 void StoreOperations::end() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -26,11 +25,17 @@ public:
     /// is cancelled from the start. What `work` owns is released on its thread. The number of
     /// operations is not limited.
     std::shared_ptr<PZFuture> start(Work work);
-    /// Sets the time after which an operation that starts later is cancelled, see
-    /// EngineFuture::cancelOverdue(): it shows no progress. Must be called on the main thread; the
-    /// default is TimeLimit. A main thread without an event loop cancels nothing.
-    void setTimeLimit(std::chrono::milliseconds limit) { m_timeLimit = limit; }
-    static constexpr std::chrono::milliseconds TimeLimit = std::chrono::minutes(30);
+    /// How long an operation may take to advance, see EngineFuture::advance(). One that advances
+    /// by less than `leastProgress` in any `duration` is cancelled at the end of that time. What an
+    /// operation reads is limited, too, so that none goes on for ever.
+    struct TimeLimit {
+        std::chrono::milliseconds duration = std::chrono::minutes(30);
+        /// A small record in ten seconds.
+        qint64 leastProgress = 180;
+    };
+    /// Sets the limit of operations that start later, see EngineFuture::cancelOverdue(). Must be
+    /// called on the main thread. A main thread without an event loop cancels nothing.
+    void setTimeLimit(const TimeLimit &limit);
     /// Cancels all operations, including those that handlers start meanwhile, and blocks until none
     /// is running; operations that have not ended in time are abandoned, see WorkerThreads. Must be
     /// called on the main thread. Operations can be started afterwards. Handlers must not wait for
@@ -46,11 +51,11 @@ private:
         /// Those of the operations that have not ended.
         std::set<std::shared_ptr<PZFuture>> futures;
         bool isEnding = false;
+        TimeLimit timeLimit = {};
     };
 
     /// Shared with the operations.
     const std::shared_ptr<Running> m_running = std::make_shared<Running>();
-    std::atomic<std::chrono::milliseconds> m_timeLimit = TimeLimit;
     Turn m_parsing;
     WorkerThreads m_threads;
 };

@@ -16,8 +16,9 @@ bool isFailing(MemoryStore::Fault found) {
 
 }  // namespace
 
-MemoryStore::MemoryStore(Blobs &blobs, NextFault nextFault)
-    : BlobStore(locationWithoutEngine(), std::make_shared<StoreOperations>()),
+MemoryStore::MemoryStore(Blobs &blobs, NextFault nextFault,
+                         std::shared_ptr<StoreOperations> operations)
+    : BlobStore(locationWithoutEngine(), std::move(operations)),
       m_blobs(blobs),
       m_nextFault(std::move(nextFault)) {}
 

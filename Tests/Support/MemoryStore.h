@@ -32,9 +32,10 @@ public:
     using NextFault = std::function<Fault()>;
 
     /// `blobs` is not owned and must outlive this object. `nextFault` is called before each
-    /// operation; by default, none fails.
+    /// operation; by default, none fails. Shares ownership of `operations`.
     explicit MemoryStore(
-        Blobs &blobs, NextFault nextFault = [] { return Fault::None; });
+        Blobs &blobs, NextFault nextFault = [] { return Fault::None; },
+        std::shared_ptr<StoreOperations> operations = std::make_shared<StoreOperations>());
 
     Expected<void> open(const EngineFuture &future) override;
 

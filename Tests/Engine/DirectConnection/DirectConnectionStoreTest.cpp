@@ -422,16 +422,15 @@ private Q_SLOTS:
     void aResponseWithoutWhatWasRequestedIsNotUnderstood_data() {
         using namespace DirectConnectionMessage;
         using Request = std::function<Expected<void>(BlobStore &)>;
-        const EngineFuture future;
-        const Request list = [=](BlobStore &store) {
-            return store.list(QStringLiteral("databases"), future).map([](const auto &) {});
+        const Request list = [](BlobStore &store) {
+            return store.list(QStringLiteral("databases"), EngineFuture()).map([](const auto &) {});
         };
-        const Request read = [=](BlobStore &store) {
-            return store.read(QStringLiteral("databases/@inbox.json"), 100, future)
+        const Request read = [](BlobStore &store) {
+            return store.read(QStringLiteral("databases/@inbox.json"), 100, EngineFuture())
                 .map([](const auto &) {});
         };
-        const Request write = [=](BlobStore &store) {
-            return store.writeIfAbsent(QStringLiteral("databases/@inbox.json"), "x", future)
+        const Request write = [](BlobStore &store) {
+            return store.writeIfAbsent(QStringLiteral("databases/@inbox.json"), "x", EngineFuture())
                 .map([](const auto &) {});
         };
         QTest::addColumn<Request>("request");

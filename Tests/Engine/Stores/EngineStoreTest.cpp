@@ -229,6 +229,46 @@ private Q_SLOTS:
         QVERIFY(result.error);
     }
 
+    void aSlowCheckIsEndedUnlessItAdvances_data() {
+        QTest::addColumn<qint64>("leastProgress");
+        QTest::addColumn<bool>("isEnded");
+        QTest::newRow("advances") << qint64(1) << false;
+        QTest::newRow("advances too slowly") << qint64(1000) << true;
+    }
+    void aSlowCheckIsEndedUnlessItAdvances() {
+        QFETCH(const qint64, leastProgress);
+        QFETCH(const bool, isEnded);
+        constexpr std::chrono::seconds limit(2);
+        MemoryStore::Blobs blobs;
+        for (qsizetype i = 0; i < 15; ++i) {
+            blobs[recordNumber(i)] = recordNamed(i, QString::number(i));
+        }
+        const auto operations = std::make_shared<StoreOperations>();
+        operations->setTimeLimit({limit, leastProgress});
+        const auto wait = [] {
+            QThread::msleep(200);
+            return MemoryStore::Fault::None;
+        };
+        const auto store = std::make_shared<MemoryStore>(blobs, wait, operations);
+        std::promise<QVSyncStoreCheck> promise;
+        auto result = promise.get_future();
+        QElapsedTimer time;
+        time.start();
+        store->checkWithCompletionHandler(
+            [&](const QVSyncStoreCheck &found) { promise.set_value(found); });
+        QTRY_VERIFY(result.wait_for(std::chrono::seconds(0)) == std::future_status::ready);
+        QCOMPARE_GE(time.elapsed(), std::chrono::milliseconds(limit).count());
+        const QVSyncStoreCheck found = result.get();
+        QCOMPARE(found.error.has_value(), isEnded);
+        if (isEnded) {
+            QVERIFY2(found.error->localizedDescription.contains(QStringLiteral("takes too long")),
+                     qPrintable(found.error->localizedDescription));
+        } else {
+            QCOMPARE(found.databases, 15);
+        }
+        QTRY_COMPARE(store.use_count(), 1);
+    }
+
     void aRecordThatIsListedButNotReturnedIsReported() {
         const QString name = QStringLiteral("databases/%1.json").arg(FirstUUID);
         MemoryStore::Blobs blobs{{name, MemoryStore::Withheld}};

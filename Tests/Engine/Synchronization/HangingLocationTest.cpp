@@ -249,7 +249,8 @@ private Q_SLOTS:
     void anImportThatTakesTooLongIsEnded_data() { addKindsOfServers(); }
     void anImportThatTakesTooLongIsEnded() {
         QFETCH(QByteArray, kind);
-        m_host->engine().plugin().context().storeOperations->setTimeLimit(std::chrono::seconds(1));
+        m_host->engine().plugin().context().storeOperations->setTimeLimit(
+            {std::chrono::seconds(1)});
         const auto location = m_host->addLocation(hangingURL(kind));
         const auto store = location->createStore();
         std::promise<std::optional<Error>> opened;
