@@ -5,9 +5,9 @@
 #include <QtNetwork/QSslConfiguration>
 #include <QtNetwork/QSslSocket>
 #include <QtNetwork/QTcpServer>
-#include <memory>
 
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
+#include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Support/EventTimeout.h"
 
 namespace {
@@ -37,6 +37,15 @@ DirectConnectionPeer::DirectConnectionPeer(const DirectConnectionIdentity &ident
     std::future<quint16> listeningPort = promise.get_future();
     m_thread = std::thread(&serve, identity, responses, step, port, std::move(promise));
     m_port = listeningPort.get();
+}
+
+std::unique_ptr<DirectConnectionPeer> DirectConnectionPeer::dripping(
+    const DirectConnectionIdentity &identity) {
+    // As many bytes as take a minute.
+    QCborMap answer = DirectConnectionMessage::ofType(DirectConnectionMessage::Pair);
+    answer[DirectConnectionMessage::Nonce] = QByteArray(3000, 'x');
+    return std::make_unique<DirectConnectionPeer>(
+        identity, QByteArrayList{DirectConnectionMessage::encode(answer)}, 1);
 }
 
 DirectConnectionPeer::~DirectConnectionPeer() {

@@ -2,6 +2,7 @@
 
 #include <QtCore/QByteArrayList>
 #include <future>
+#include <memory>
 #include <thread>
 
 struct DirectConnectionIdentity;
@@ -14,6 +15,9 @@ public:
     /// `port` is 0, it listens on any.
     DirectConnectionPeer(const DirectConnectionIdentity &identity, const QByteArrayList &responses,
                          qsizetype step, quint16 port = 0);
+    /// Returns one that never completes its response within the deadline of an exchange, although
+    /// it always sends something.
+    static std::unique_ptr<DirectConnectionPeer> dripping(const DirectConnectionIdentity &identity);
     ~DirectConnectionPeer();
     DirectConnectionPeer(const DirectConnectionPeer &) = delete;
     DirectConnectionPeer &operator=(const DirectConnectionPeer &) = delete;

@@ -46,6 +46,7 @@
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "Support/TestWebDAVStore.h"
+#include "Support/TlsServer.h"
 #include "Support/WebDAVServer.h"
 
 namespace {
@@ -263,6 +264,7 @@ class HostileServersTest : public QObject {
     std::unique_ptr<TestHost> m_host;
     std::unique_ptr<ScriptedServer> m_server;
     std::unique_ptr<DirectConnectionPeer> m_peer;
+    std::unique_ptr<TlsServer> m_tlsServer;
     /// The location of the last visit, unless it had none.
     std::shared_ptr<QVSyncLocation> m_location;
     QTemporaryDir m_folder;
@@ -430,6 +432,41 @@ class HostileServersTest : public QObject {
         };
     }
 
+    /// Starts a TLS server and returns its port.
+    quint16 tlsServer(TlsServer::Script script) {
+        const auto identity = DirectConnectionIdentity::load(m_folder.path());
+        m_tlsServer = std::make_unique<TlsServer>(*identity, TLS1_3_VERSION, std::move(script));
+        return m_tlsServer->port();
+    }
+    /// Requests something of a server that has a certificate.
+    static Visit impatientRequest(quint16 port) {
+        return [port](EngineFuture &future) {
+            using namespace std::chrono_literals;
+            HttpClient client({.timeouts = {.idle = 300ms, .total = 1s},
+                               .trusts = [](const auto &, const auto &) { return true; }});
+            const QString address = QStringLiteral("https://127.0.0.1:%1/").arg(port);
+            return code(client.send({.method = "GET", .URL = QUrl(address)}, future));
+        };
+    }
+    static Visit impatientLink(quint16 port) {
+        return [port](EngineFuture &future) {
+            using namespace std::chrono_literals;
+            DirectConnectionLink link;
+            if (!link.connect(QStringLiteral("127.0.0.1"), port, future)) {
+                return EngineErrorCode::InvalidDatabase;
+            }
+            return code(
+                link.exchange(DirectConnectionMessage::encode(
+                                  DirectConnectionMessage::ofType(DirectConnectionMessage::List)),
+                              DirectConnectionMessage::LimitBeforeAuthorization,
+                              {.idle = 300ms, .total = 1s}, future));
+        };
+    }
+    Visit drippingDirectConnection() {
+        m_peer = DirectConnectionPeer::dripping(*DirectConnectionIdentity::load(m_folder.path()));
+        return impatientLink(m_peer->port());
+    }
+
     Visit visit(const QString &name) {
         constexpr qsizetype limit = DirectConnectionMessage::Limit;
         constexpr qsizetype strangersLimit = DirectConnectionMessage::LimitBeforeAuthorization;
@@ -552,6 +589,15 @@ class HostileServersTest : public QObject {
              [&] { return dropbox(endlessly("401 Unauthorized\r\n", "x")); }},
             {QStringLiteral("OAuth: refused for ever"),
              [&] { return dropbox(alikeForAll("401 Unauthorized", "{}")); }},
+            {QStringLiteral("WebDAV: TLS messages without data (deadlines of 0.3 s and 1 s)"),
+             [&] { return impatientRequest(tlsServer(&TlsServer::updateKeys)); }},
+            {QStringLiteral(
+                 "Direct connection: TLS messages without data (deadlines of 0.3 s and 1 s)"),
+             [&] { return impatientLink(tlsServer(&TlsServer::updateKeys)); }},
+            {QStringLiteral("Direct connection: silence (deadlines of 0.3 s and 1 s)"),
+             [&] { return impatientLink(tlsServer(&TlsServer::keepSilent)); }},
+            {QStringLiteral("Direct connection: a byte at a time (deadlines of 0.3 s and 1 s)"),
+             [&] { return drippingDirectConnection(); }},
             {QStringLiteral("Direct connection: 64 MiB before trust"),
              [&] {
                  return directConnection(bomb(QByteArray(1, '\x80'), limit - 9), strangersLimit);
@@ -677,6 +723,7 @@ private Q_SLOTS:
         m_location.reset();
         m_server.reset();
         m_peer.reset();
+        m_tlsServer.reset();
         if (std::exchange(m_hasManyFiles, false)) {
             returnManyFiles();
         }
@@ -729,6 +776,13 @@ private Q_SLOTS:
         QTest::newRow("WebDAV: request that is not read (deadlines of 0.3 s and 1 s)")
             << Code::StoreUnreachable << 5000;
         QTest::newRow("WebDAV: reset after the TLS hello") << Code::StoreUnreachable << 5000;
+        for (const char *name :
+             {"WebDAV: TLS messages without data (deadlines of 0.3 s and 1 s)",
+              "Direct connection: TLS messages without data (deadlines of 0.3 s and 1 s)",
+              "Direct connection: silence (deadlines of 0.3 s and 1 s)",
+              "Direct connection: a byte at a time (deadlines of 0.3 s and 1 s)"}) {
+            QTest::newRow(name) << Code::StoreUnreachable << 5000;
+        }
         QTest::newRow("Dropbox: listing without end") << Code::BlobRefused << 60000;
         QTest::newRow("Dropbox: page of empty lists") << Code::StoreUnreachable << 20000;
         QTest::newRow("OAuth: endless answer of the token endpoint") << Code::BlobRefused << 10000;

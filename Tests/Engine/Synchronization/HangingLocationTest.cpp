@@ -6,7 +6,6 @@
 
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"
-#include "Engine/DirectConnection/DirectConnectionMessage.h"
 #include "Engine/DirectConnection/HostLookUp.h"
 #include "Engine/Notes/Transaction.h"
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
@@ -106,11 +105,8 @@ class HangingLocationTest : public QObject {
                 .arg(m_silent->serverPort());
         }
         if (kind == "dripping direct connection") {
-            QCborMap answer = DirectConnectionMessage::ofType(DirectConnectionMessage::Pair);
-            answer[DirectConnectionMessage::Nonce] = QByteArray(3000, 'x');
-            m_peer = std::make_unique<DirectConnectionPeer>(
-                *DirectConnectionIdentity::load(m_folder->path()),
-                QByteArrayList{DirectConnectionMessage::encode(answer)}, 1);
+            m_peer =
+                DirectConnectionPeer::dripping(*DirectConnectionIdentity::load(m_folder->path()));
             return QStringLiteral("%1://127.0.0.1:%2")
                 .arg(DirectConnection::URLScheme)
                 .arg(m_peer->port());
