@@ -100,19 +100,26 @@ Expected<void> EngineNoteLibrary::createDatabase(const QString &name) {
         .map([&] { add(row); });
 }
 
-Expected<void> EngineNoteLibrary::importDatabase(const QString &UUID, const QString &name) {
+Expected<bool> EngineNoteLibrary::importDatabase(const QString &UUID, const QString &name,
+                                                 std::chrono::milliseconds duration) {
     if (const auto deleted = deletedDatabase(UUID)) {
-        return restoreDatabase(deleted);
+        return restoreDatabase(deleted).map([] { return true; });
+    }
+    const Expected<bool> isErased = DeletedDatabase::eraseSome(m_profile, UUID, duration);
+    if (!isErased || !*isErased) {
+        return isErased;
     }
     EngineDatabase::Row row{.UUID = UUID, .name = name};
     return m_profile
         .write([&] {
-            // What is left of one that can no longer be restored.
-            return DeletedDatabase::erase(m_profile, UUID)
-                .and_then([&] { return NoteLog::insertDatabase(m_profile, UUID, name); })
-                .map([&](qint64 id) { row.id = id; });
+            return NoteLog::insertDatabase(m_profile, UUID, name).map([&](qint64 id) {
+                row.id = id;
+            });
         })
-        .map([&] { add(row); });
+        .map([&] {
+            add(row);
+            return true;
+        });
 }
 
 void EngineNoteLibrary::addDamage(const NoteInspection::Damage &damage) {

@@ -3,6 +3,7 @@
 #include <QtCore/QHash>
 
 #include "Application/Interface/NoteLibrary.h"
+#include "Engine/Notes/DeletedDatabase.h"
 #include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Notes/NoteInspection.h"
 
@@ -36,8 +37,13 @@ public:
     void addDamage(const NoteInspection::Damage &damage);
     /// Creates a local database for one that exists in a store. It has no operations yet. `UUID`
     /// must be valid and not be in use. The database is open afterwards. A deleted database of this
-    /// UUID is restored instead, if it still can be.
-    Expected<void> importDatabase(const QString &UUID, const QString &name);
+    /// UUID is restored instead, if it still can be. If it cannot, it is erased first, for at most
+    /// about `duration`: returns false, without having created the database, if something is left
+    /// of it. The function must then be called again, later, so that the main thread can do other
+    /// things.
+    Expected<bool> importDatabase(
+        const QString &UUID, const QString &name,
+        std::chrono::milliseconds duration = DeletedDatabase::StepDuration);
     /// Calls EngineDatabase::merge for `database`, and posts QVDatabaseRenamedNotification if the
     /// name has changed.
     Expected<void> merge(const std::shared_ptr<EngineDatabase> &database, const Merge &merge,

@@ -159,8 +159,9 @@ Expected<Note> NoteHistory::note(const NoteVersion &version) const {
         return failure(done.error());
     }
     if (!note) {
-        return failure(engineError(EngineErrorCode::InvalidDatabase,
-                                   "This version of “%1” is no longer kept.", version.title));
+        return failure(engineError(
+            EngineErrorCode::InvalidDatabase,
+            "This version of “%1” is no longer kept. Choose another version.", version.title));
     }
     return *note;
 }

@@ -88,8 +88,11 @@ QString selection(const QString &condition, const QString &order = QStringLitera
 
 Expected<void> checkNote(const Note &note) {
     if (!Operation::isUUID(note.UUID)) {
-        return failure(engineError(EngineErrorCode::InvalidDatabase,
-                                   "“%1” is not a valid identifier of a note.", note.UUID));
+        return failure(
+            engineError(EngineErrorCode::InvalidDatabase,
+                        "“%1” is not a valid identifier of a note. Please report this as "
+                        "an error of Velmora.",
+                        note.UUID));
     }
     if (note.title.toUtf8().size() + note.text.toUtf8().size() > Operation::NoteLimit) {
         return failure(engineError(
@@ -832,26 +835,24 @@ Expected<QList<Operation>> NoteLog::select(const QString &condition,
     return operations;
 }
 
-Expected<QList<Operation>> NoteLog::takeOperations(QList<OperationId> &identifiers) const {
+Expected<NoteLog::Portion> NoteLog::firstOperations(const QList<OperationId> &identifiers) const {
     Expected<QSqlQuery> query = m_profile.prepare(selection(QStringLiteral("digest = ?")));
     if (!query) {
         return failure(query.error());
     }
-    QList<Operation> operations;
+    Portion portion;
     qsizetype size = 0;
-    qsizetype taken = 0;
-    for (; taken < identifiers.size() && size < Transaction::UsualSize; ++taken) {
-        const Expected<void> done =
-            m_profile.read(*query, {m_database, identifiers[taken]}, [&](const QSqlQuery &row) {
-                operations.append(operationIn(row));
-                size += roughSize(operations.last());
-            });
+    for (; portion.count < identifiers.size() && size < Transaction::UsualSize; ++portion.count) {
+        const Expected<void> done = m_profile.read(*query, {m_database, identifiers[portion.count]},
+                                                   [&](const QSqlQuery &row) {
+                                                       portion.operations.append(operationIn(row));
+                                                       size += roughSize(portion.operations.last());
+                                                   });
         if (!done) {
             return failure(done.error());
         }
     }
-    identifiers.remove(0, taken);
-    return operations;
+    return portion;
 }
 
 Expected<QList<OperationId>> NoteLog::predecessors(const QList<OperationId> &seen) const {

@@ -127,10 +127,15 @@ public:
     Expected<void> eraseReturned(const QList<OperationId> &returned) const {
         return erase(returned);
     }
-    /// Removes from the beginning of `identifiers` as many as fill one transaction, and returns
-    /// those of these operations that are still current. If it returns an error, `identifiers` is
-    /// unchanged.
-    Expected<QList<Operation>> takeOperations(QList<OperationId> &identifiers) const;
+    /// The operations that fill one transaction.
+    struct Portion {
+        /// Those that are still current.
+        QList<Operation> operations;
+        /// The number of identifiers, from the first on, that were looked up.
+        qsizetype count = 0;
+    };
+    /// Returns the first of the operations `identifiers`, as many as fill one transaction.
+    Expected<Portion> firstOperations(const QList<OperationId> &identifiers) const;
 
     /// Returns whether there are neither operations nor superseded identifiers. O(log n).
     Expected<bool> isEmpty() const;

@@ -7,30 +7,17 @@
 #include "Engine/DirectConnection/DirectConnectionPackage.h"
 #include "Engine/DirectConnection/ServedDatabases.h"
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/FailureLog.h"
 #include "Engine/Locations/EngineLocationsController.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/DeletedDatabase.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
-#include "Host/QVJobLog.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/MainQueue.h"
-
-namespace {
-
-/// How long the main thread erases at a time: less than a frame.
-constexpr std::chrono::milliseconds StepDuration(8);
-
-void logFailureOf(const Expected<void> &result) {
-    if (!result) {
-        QVJobLog::logMessage(result.error().localizedDescription);
-    }
-}
-
-}  // namespace
 
 DeletedDatabases::DeletedDatabases(const ProfileDatabase &profile, EngineNoteLibrary &library,
                                    EngineLocationsController &locations,
@@ -128,6 +115,7 @@ void DeletedDatabases::forget(const QString &UUID) {
         if (!std::exchange(m_isErasing, true)) {
             QTimer::singleShot(0, this, &DeletedDatabases::eraseSome);
         }
+        Q_EMIT databaseForgotten(UUID);
     }
 }
 
@@ -136,8 +124,7 @@ void DeletedDatabases::eraseSome() {
         m_isErasing = false;
         return;
     }
-    const Expected<bool> isErased =
-        DeletedDatabase::eraseSome(m_profile, m_erased.first(), StepDuration);
+    const Expected<bool> isErased = DeletedDatabase::eraseSome(m_profile, m_erased.first());
     logFailureOf(isErased.map([](bool) {}));
     if (!isErased || *isErased) {
         m_erased.removeFirst();

@@ -42,6 +42,12 @@ public:
     Expected<void> load(std::shared_ptr<ServedDatabases> served);
     /// Forgets the databases that were deleted in former runs. Must be called once, after load().
     void start();
+    /// Returns whether databases are being erased.
+    bool isErasing() const { return m_isErasing; }
+
+Q_SIGNALS:
+    /// Emitted when the database can no longer be restored, before any of it is erased.
+    void databaseForgotten(const QString &UUID);
 
 private:
     /// What is undone with the deletion.

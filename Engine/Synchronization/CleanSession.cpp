@@ -74,13 +74,15 @@ Expected<void> CleanSession::beginWriting() {
 
 Expected<void> CleanSession::forgetRemoved() {
     m_step = Step::ForgettingRemoved;
-    Expected<void> forgotten =
-        forgetSome(m_toRemove, m_areRewritesUnsound ? Contents::MayBeLost : Contents::AreInOthers);
-    if (!forgotten || !m_toRemove.isEmpty()) {
-        return forgotten;
-    }
-    setDone();
-    return recordRemoval();
+    const Contents contents = m_areRewritesUnsound ? Contents::MayBeLost : Contents::AreInOthers;
+    return forgetSome(m_toRemove, contents).and_then([this](qsizetype count) -> Expected<void> {
+        m_toRemove.remove(0, count);
+        if (!m_toRemove.isEmpty()) {
+            return {};
+        }
+        setDone();
+        return recordRemoval();
+    });
 }
 
 Expected<void> CleanSession::recordRemoval() {

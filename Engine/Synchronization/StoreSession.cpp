@@ -98,37 +98,36 @@ Expected<void> StoreSession::rememberLost() {
     });
 }
 
-Expected<void> StoreSession::forgetSome(QStringList &names, Contents contents) {
+Expected<qsizetype> StoreSession::forgetSome(const QStringList &names, Contents contents) {
     if (names.isEmpty()) {
-        return {};
-    }
-    if (Expected<void> remembered = rememberLost(); !remembered) {
-        return remembered;
+        return 0;
     }
     const QStringList some = names.first(qMin(names.size(), NamesForgottenAtOnce));
-    names.remove(0, some.size());
-    return m_profile.write([&] {
+    const auto forget = [&] {
         return contents == Contents::MayBeLost ? known().remove(some)
                                                : known().removeReplaced(some);
+    };
+    return rememberLost().and_then([&] { return m_profile.write(forget); }).map([&] {
+        return some.size();
     });
 }
 
 Expected<QList<Operation>> StoreSession::takeSoundOperations() {
     QList<Operation> sound;
     while (sound.isEmpty() && !m_operationsToWrite.isEmpty()) {
-        const qsizetype count = m_operationsToWrite.size();
-        const Expected<QList<Operation>> operations = log().takeOperations(m_operationsToWrite);
-        if (!operations) {
-            return failure(operations.error());
+        const Expected<NoteLog::Portion> portion = log().firstOperations(m_operationsToWrite);
+        if (!portion) {
+            return failure(portion.error());
         }
-        for (const Operation &operation : *operations) {
+        m_operationsToWrite.remove(0, portion->count);
+        for (const Operation &operation : portion->operations) {
             if (operation.isSound()) {
                 sound.append(operation);
             } else if (Expected<void> handled = handleDamaged(operation); !handled) {
                 return failure(handled.error());
             }
         }
-        if (operations->size() < count - m_operationsToWrite.size()) {
+        if (portion->operations.size() < portion->count) {
             m_hasFailedToWriteAll = true;
         }
     }

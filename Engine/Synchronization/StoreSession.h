@@ -113,9 +113,11 @@ protected:
     Expected<void> rememberLost();
     /// What becomes of the contents of records that are forgotten.
     enum class Contents { MayBeLost, AreInOthers };
-    /// Takes some of the transactions from `names` and removes them from the known ones. Must be
-    /// called on the main thread, repeatedly until `names` is empty.
-    Expected<void> forgetSome(QStringList &names, Contents contents = Contents::MayBeLost);
+    /// Removes some of the transactions `names`, from the first on, from the known ones. Returns
+    /// their number, which is not 0 unless `names` is empty. Must be called on the main thread,
+    /// repeatedly with those that remain.
+    Expected<qsizetype> forgetSome(const QStringList &names,
+                                   Contents contents = Contents::MayBeLost);
 
     /// Returns the folder of the database's transactions in the store.
     QString folder() const;

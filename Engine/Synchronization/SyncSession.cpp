@@ -66,9 +66,12 @@ Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &fu
     switch (m_step) {
         case Step::Listing:
             return readStore(store, future);
+        case Step::Importing:
+            return useProfile([this] { return profile().moveLog(); });
         case Step::Comparing:
             return readProfile([this] { return compareListing(); });
         case Step::Forgetting:
+        case Step::ForgettingDamaged:
         case Step::Restarting:
             return {};
         case Step::Reading:
@@ -88,13 +91,8 @@ Expected<void> SyncSession::accessStore(BlobStore &store, const EngineFuture &fu
 Expected<void> SyncSession::accessProfile() {
     switch (m_step) {
         case Step::Listing:
-            m_step = Step::Comparing;
-            return importDatabase().map([this] {
-                rememberDatabase();
-                m_damagedOperations = database()->damaged();
-                m_mustCompare = m_verifiesAll || !m_damagedOperations.isEmpty() ||
-                                database()->isComparisonDue(subject().store);
-            });
+        case Step::Importing:
+            return importDatabase();
         case Step::Comparing:
             return rememberLost().and_then([this] { return forgetGone(); });
         case Step::Forgetting:
@@ -102,9 +100,10 @@ Expected<void> SyncSession::accessProfile() {
         case Step::Reading:
             return continueReading();
         case Step::Verifying:
-            return rememberLost()
-                .and_then([this] { return recordVerification(); })
-                .and_then([this] { return beginCollecting(); });
+            m_gone = m_damagedRecords.lost();
+            return rememberLost().and_then([this] { return forgetDamaged(); });
+        case Step::ForgettingDamaged:
+            return forgetDamaged();
         case Step::Restarting:
             return restartRecording();
         case Step::Collecting:
@@ -120,18 +119,31 @@ Expected<void> SyncSession::accessProfile() {
 
 Expected<void> SyncSession::forgetGone() {
     m_step = Step::Forgetting;
-    Expected<void> forgotten = forgetSome(m_gone);
-    if (!forgotten || !m_gone.isEmpty()) {
-        return forgotten;
-    }
-    m_step = Step::Reading;
-    return continueReading();
+    return forgetSome(m_gone).and_then([this](qsizetype count) -> Expected<void> {
+        m_gone.remove(0, count);
+        if (!m_gone.isEmpty()) {
+            return {};
+        }
+        m_step = Step::Reading;
+        return continueReading();
+    });
+}
+
+Expected<void> SyncSession::forgetDamaged() {
+    m_step = Step::ForgettingDamaged;
+    return forgetSome(m_gone).and_then([this](qsizetype count) -> Expected<void> {
+        m_gone.remove(0, count);
+        return m_gone.isEmpty()
+                   ? recordVerification().and_then([this] { return beginCollecting(); })
+                   : Expected<void>();
+    });
 }
 
 Expected<void> SyncSession::readStore(BlobStore &store, const EngineFuture &future) {
     if (!DatabaseRecord::isUUID(subject().databaseUUID)) {
         return failure(engineError(EngineErrorCode::InvalidDatabase,
-                                   "“%1” is not a valid identifier of a database.",
+                                   "“%1” is not a valid identifier of a database. Deselect the "
+                                   "database at the location.",
                                    subject().databaseUUID));
     }
     if (Expected<void> chosen = readProfile([this] { return m_verification.choose(known()); });
@@ -246,17 +258,24 @@ Expected<void> SyncSession::takeTransaction(const TransactionRecords &records, c
                 engineError(EngineErrorCode::DamagedRecord,
                             "The record “%1” has changed while it was read. Synchronize again.",
                             records.place(name)));
+            advanceUnmerged();
         }
         return {};
     }
     if (!TransactionRecords::isOfOneOrMissing(record.error())) {
         return failure(record.error());
     }
+    advanceUnmerged();
     const auto known = m_readAgain.constFind(name);
     m_damagedRecords.add(
         {name, known == m_readAgain.constEnd() ? std::nullopt : std::optional(*known)},
         record.error());
     return {};
+}
+
+void SyncSession::advanceUnmerged() {
+    // Comparing counts every record that is read.
+    progress().advance(m_pass == Pass::Merging ? 1 : 0);
 }
 
 Expected<void> SyncSession::handleDamage(BlobStore &store, const EngineFuture &future) {
@@ -438,28 +457,39 @@ Expected<void> SyncSession::recordVerification() {
     if (!last) {
         return failure(last.error());
     }
-    const QStringList &lost = m_damagedRecords.lost();
-    if (lost.isEmpty() && *last == m_verification.last()) {
+    if (*last == m_verification.last()) {
         return {};
     }
-    return profile().write([&] {
-        return known().remove(lost).and_then(
-            [this] { return known().setLastVerified(m_verification.last()); });
-    });
+    return profile().write([this] { return known().setLastVerified(m_verification.last()); });
 }
 
 Expected<void> SyncSession::importDatabase() {
+    m_step = Step::Importing;
     if (database()) {
+        beginComparing();
         return {};
     }
     if (m_record == Record::Absent && m_unread.isEmpty()) {
         return failure(
             engineError(EngineErrorCode::InvalidDatabase,
-                        "The database “%1” exists neither on this computer nor at the location.",
+                        "The database “%1” exists neither on this computer nor at the location. "
+                        "Synchronize on the computer that has it, then here.",
                         subject().databaseName));
     }
     const QString name = m_recordedName.isEmpty() ? subject().databaseName : m_recordedName;
-    return library().importDatabase(subject().databaseUUID, name);
+    return library().importDatabase(subject().databaseUUID, name).map([this](bool isImported) {
+        if (isImported) {
+            beginComparing();
+        }
+    });
+}
+
+void SyncSession::beginComparing() {
+    m_step = Step::Comparing;
+    rememberDatabase();
+    m_damagedOperations = database()->damaged();
+    m_mustCompare = m_verifiesAll || !m_damagedOperations.isEmpty() ||
+                    database()->isComparisonDue(subject().store);
 }
 
 Expected<void> SyncSession::continueReading() {
@@ -502,15 +532,14 @@ Expected<void> SyncSession::restartRecording() {
 }
 
 Expected<void> SyncSession::keepNotes() {
-    QList<OperationId> some =
-        m_operationsToKeep.first(qMin(m_operationsToKeep.size(), OperationsRenewedAtOnce));
-    const qsizetype count = some.size();
-    const Expected<QList<Operation>> operations = log().takeOperations(some);
-    if (!operations) {
-        return failure(operations.error());
+    const Expected<NoteLog::Portion> portion = log().firstOperations(
+        m_operationsToKeep.first(qMin(m_operationsToKeep.size(), OperationsRenewedAtOnce)));
+    if (!portion) {
+        return failure(portion.error());
     }
-    m_operationsToKeep.remove(0, count - some.size());
-    return library().merge(database(), {{}, subject().place, *operations, m_forecast.superseded()},
+    m_operationsToKeep.remove(0, portion->count);
+    return library().merge(database(),
+                           {{}, subject().place, portion->operations, m_forecast.superseded()},
                            [] { return Expected<void>(); });
 }
 

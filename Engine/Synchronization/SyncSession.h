@@ -56,15 +56,17 @@ public:
     Expected<void> accessProfile() override;
 
 private:
-    /// The steps, in order. Forgetting, Reading, Restarting and Writing are repeated until
-    /// everything is forgotten, read or written. Collecting returns to Restarting if it finds that
-    /// what is recorded as unwritten is wrong.
+    /// The steps, in order. Importing, Forgetting, Reading, ForgettingDamaged, Restarting and
+    /// Writing are repeated until everything is imported, forgotten, read or written. Collecting
+    /// returns to Restarting if it finds that what is recorded as unwritten is wrong.
     enum class Step {
         Listing,
+        Importing,
         Comparing,
         Forgetting,
         Reading,
         Verifying,
+        ForgettingDamaged,
         Restarting,
         Collecting,
         Writing,
@@ -90,6 +92,8 @@ private:
     /// Takes the result of reading the record `name`.
     Expected<void> takeTransaction(const TransactionRecords &records, const QString &name,
                                    const Expected<TransactionRecords::Record> &record);
+    /// Counts a record that was read as done although it is not merged.
+    void advanceUnmerged();
     /// Sets aside all records that are damaged.
     Expected<void> handleDamage(BlobStore &store, const EngineFuture &future);
     Expected<void> writeDatabaseRecord(BlobStore &store, const EngineFuture &future);
@@ -117,12 +121,16 @@ private:
     Expected<void> collectUnwritten();
 
     /// Parts that write the profile, called on the main thread.
-    /// Forgets the records that are not what was written, and records where the next session
-    /// continues.
+    /// Records where the next session continues to verify.
     Expected<void> recordVerification();
+    /// Creates the database unless the profile has it. If it was deleted, erases a part of what is
+    /// left of it first.
     Expected<void> importDatabase();
+    void beginComparing();
     /// Forgets some of the transactions that the store no longer has, then begins to merge.
     Expected<void> forgetGone();
+    /// Forgets some of the records that are not what was written, then begins to collect.
+    Expected<void> forgetDamaged();
     /// Merges a part of what was read. A record counts as known when all of it is merged.
     Expected<void> mergeTransactions();
     Expected<void> addToKnown(const QList<MergeQueue::Part> &parts);
@@ -179,7 +187,8 @@ private:
     QList<OperationId> m_returned;
     /// The names of the transactions that remain to be read.
     QStringList m_unread;
-    /// The known transactions that the store no longer has.
+    /// The known transactions that are to be forgotten: first those that the store no longer has,
+    /// later those that are damaged there.
     QStringList m_gone;
     MergeQueue m_queue;
     /// Approximate number of rows that the next step merges.

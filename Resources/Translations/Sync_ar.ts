@@ -1480,8 +1480,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>أُنشئ القيد «⁨%1⁩» بإصدار أحدث من Velmora. حدِّث Velmora لقراءته.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a note.</source>
-        <translation>«⁨%1⁩» ليس معرِّف ملاحظة صالحًا.</translation>
+        <source>“%1” is not a valid identifier of a note. Please report this as an error of Velmora.</source>
+        <translation>«⁨%1⁩» ليس معرِّف ملاحظة صالحًا. نرجو الإبلاغ عن ذلك بوصفه خطأ في Velmora.</translation>
     </message>
     <message>
         <source>The edits of “%1” have changed meanwhile, so none was removed. Compare them again, then decide.</source>
@@ -1500,12 +1500,12 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>اسم قاعدة البيانات طويل جدًا. أدخل اسمًا أقصر.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a database.</source>
-        <translation>«⁨%1⁩» ليس معرِّف قاعدة بيانات صالحًا.</translation>
+        <source>“%1” is not a valid identifier of a database. Deselect the database at the location.</source>
+        <translation>«⁨%1⁩» ليس معرِّف قاعدة بيانات صالحًا. ألغِ تحديد قاعدة البيانات في الموقع.</translation>
     </message>
     <message>
-        <source>The database “%1” exists neither on this computer nor at the location.</source>
-        <translation>قاعدة البيانات «⁨%1⁩» غير موجودة على هذا الحاسوب ولا في الموقع.</translation>
+        <source>The database “%1” exists neither on this computer nor at the location. Synchronize on the computer that has it, then here.</source>
+        <translation>قاعدة البيانات «⁨%1⁩» غير موجودة على هذا الحاسوب ولا في الموقع. زامن على الحاسوب الذي يحتوي عليها ثم هنا.</translation>
     </message>
     <message>
         <source>“%1” was cleaned up at “%2”.</source>
@@ -1684,8 +1684,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>نسخة احتياطية:</translation>
     </message>
     <message>
-        <source>This version of “%1” is no longer kept.</source>
-        <translation>لم يعد هذا الإصدار من «⁨%1⁩» محفوظًا.</translation>
+        <source>This version of “%1” is no longer kept. Choose another version.</source>
+        <translation>لم يعد هذا الإصدار من «⁨%1⁩» محفوظًا. اختر إصدارًا آخر.</translation>
     </message>
     <message numerus="yes">
         <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>

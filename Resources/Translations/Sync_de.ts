@@ -1480,8 +1480,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Datensatz „%1“ wurde von einer neueren Version von Velmora angelegt. Aktualisieren Sie Velmora, um ihn zu lesen.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a note.</source>
-        <translation>„%1“ ist keine gültige Kennung einer Notiz.</translation>
+        <source>“%1” is not a valid identifier of a note. Please report this as an error of Velmora.</source>
+        <translation>„%1“ ist keine gültige Kennung einer Notiz. Bitte melden Sie dies als Fehler von Velmora.</translation>
     </message>
     <message>
         <source>The edits of “%1” have changed meanwhile, so none was removed. Compare them again, then decide.</source>
@@ -1500,12 +1500,12 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Name der Datenbank ist zu lang. Geben Sie einen kürzeren ein.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a database.</source>
-        <translation>„%1“ ist keine gültige Kennung einer Datenbank.</translation>
+        <source>“%1” is not a valid identifier of a database. Deselect the database at the location.</source>
+        <translation>„%1“ ist keine gültige Kennung einer Datenbank. Wählen Sie die Datenbank am Ort ab.</translation>
     </message>
     <message>
-        <source>The database “%1” exists neither on this computer nor at the location.</source>
-        <translation>Die Datenbank „%1“ gibt es weder auf diesem Computer noch am Ort.</translation>
+        <source>The database “%1” exists neither on this computer nor at the location. Synchronize on the computer that has it, then here.</source>
+        <translation>Die Datenbank „%1“ gibt es weder auf diesem Computer noch am Ort. Synchronisieren Sie auf dem Computer, der sie hat, und dann hier.</translation>
     </message>
     <message>
         <source>“%1” was cleaned up at “%2”.</source>
@@ -1684,8 +1684,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Sicherungskopie:</translation>
     </message>
     <message>
-        <source>This version of “%1” is no longer kept.</source>
-        <translation>Diese Fassung von „%1“ wird nicht mehr aufbewahrt.</translation>
+        <source>This version of “%1” is no longer kept. Choose another version.</source>
+        <translation>Diese Fassung von „%1“ wird nicht mehr aufbewahrt. Wählen Sie eine andere Fassung.</translation>
     </message>
     <message numerus="yes">
         <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>

@@ -1444,8 +1444,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>El registro «%1» se creó con una versión más reciente de Velmora. Actualice Velmora para leerlo.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a note.</source>
-        <translation>«%1» no es un identificador de nota válido.</translation>
+        <source>“%1” is not a valid identifier of a note. Please report this as an error of Velmora.</source>
+        <translation>«%1» no es un identificador de nota válido. Notifíquelo como un error de Velmora.</translation>
     </message>
     <message>
         <source>The edits of “%1” have changed meanwhile, so none was removed. Compare them again, then decide.</source>
@@ -1464,12 +1464,12 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>El nombre de la base de datos es demasiado largo. Introduzca uno más corto.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a database.</source>
-        <translation>«%1» no es un identificador de base de datos válido.</translation>
+        <source>“%1” is not a valid identifier of a database. Deselect the database at the location.</source>
+        <translation>«%1» no es un identificador de base de datos válido. Anule la selección de la base de datos en la ubicación.</translation>
     </message>
     <message>
-        <source>The database “%1” exists neither on this computer nor at the location.</source>
-        <translation>La base de datos «%1» no existe ni en este equipo ni en la ubicación.</translation>
+        <source>The database “%1” exists neither on this computer nor at the location. Synchronize on the computer that has it, then here.</source>
+        <translation>La base de datos «%1» no existe ni en este equipo ni en la ubicación. Sincronice en el equipo que la tiene y después aquí.</translation>
     </message>
     <message>
         <source>“%1” was cleaned up at “%2”.</source>
@@ -1648,8 +1648,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>Copia de seguridad:</translation>
     </message>
     <message>
-        <source>This version of “%1” is no longer kept.</source>
-        <translation>Esta versión de «%1» ya no se conserva.</translation>
+        <source>This version of “%1” is no longer kept. Choose another version.</source>
+        <translation>Esta versión de «%1» ya no se conserva. Elija otra versión.</translation>
     </message>
     <message numerus="yes">
         <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>

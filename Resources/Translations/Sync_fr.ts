@@ -1444,8 +1444,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>L’enregistrement « %1 » a été créé par une version plus récente de Velmora. Mettez Velmora à jour pour le lire.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a note.</source>
-        <translation>« %1 » n’est pas un identifiant de note valide.</translation>
+        <source>“%1” is not a valid identifier of a note. Please report this as an error of Velmora.</source>
+        <translation>« %1 » n’est pas un identifiant de note valide. Veuillez le signaler comme une erreur de Velmora.</translation>
     </message>
     <message>
         <source>The edits of “%1” have changed meanwhile, so none was removed. Compare them again, then decide.</source>
@@ -1464,12 +1464,12 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Le nom de la base de données est trop long. Saisissez-en un plus court.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a database.</source>
-        <translation>« %1 » n’est pas un identifiant de base de données valide.</translation>
+        <source>“%1” is not a valid identifier of a database. Deselect the database at the location.</source>
+        <translation>« %1 » n’est pas un identifiant de base de données valide. Désélectionnez la base de données à l’emplacement.</translation>
     </message>
     <message>
-        <source>The database “%1” exists neither on this computer nor at the location.</source>
-        <translation>La base de données « %1 » n’existe ni sur cet ordinateur ni à l’emplacement.</translation>
+        <source>The database “%1” exists neither on this computer nor at the location. Synchronize on the computer that has it, then here.</source>
+        <translation>La base de données « %1 » n’existe ni sur cet ordinateur ni à l’emplacement. Synchronisez sur l’ordinateur qui la contient, puis ici.</translation>
     </message>
     <message>
         <source>“%1” was cleaned up at “%2”.</source>
@@ -1648,8 +1648,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Copie de sauvegarde :</translation>
     </message>
     <message>
-        <source>This version of “%1” is no longer kept.</source>
-        <translation>Cette version de « %1 » n’est plus conservée.</translation>
+        <source>This version of “%1” is no longer kept. Choose another version.</source>
+        <translation>Cette version de « %1 » n’est plus conservée. Choisissez une autre version.</translation>
     </message>
     <message numerus="yes">
         <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>

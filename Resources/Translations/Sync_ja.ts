@@ -1460,8 +1460,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>レコード「%1」は、新しいバージョンのVelmoraで作成されました。読み取るには、Velmoraを更新してください。</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a note.</source>
-        <translation>「%1」はノートの有効な識別子ではありません。</translation>
+        <source>“%1” is not a valid identifier of a note. Please report this as an error of Velmora.</source>
+        <translation>「%1」はノートの有効な識別子ではありません。Velmoraの不具合として報告してください。</translation>
     </message>
     <message>
         <source>The edits of “%1” have changed meanwhile, so none was removed. Compare them again, then decide.</source>
@@ -1480,12 +1480,12 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>データベースの名前が長すぎます。もっと短い名前を入力してください。</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a database.</source>
-        <translation>「%1」はデータベースの有効な識別子ではありません。</translation>
+        <source>“%1” is not a valid identifier of a database. Deselect the database at the location.</source>
+        <translation>「%1」はデータベースの有効な識別子ではありません。同期先でこのデータベースの選択を解除してください。</translation>
     </message>
     <message>
-        <source>The database “%1” exists neither on this computer nor at the location.</source>
-        <translation>データベース「%1」は、このコンピューターにも同期先にもありません。</translation>
+        <source>The database “%1” exists neither on this computer nor at the location. Synchronize on the computer that has it, then here.</source>
+        <translation>データベース「%1」は、このコンピューターにも同期先にもありません。データベースがあるコンピューターで同期してから、ここで同期してください。</translation>
     </message>
     <message>
         <source>“%1” was cleaned up at “%2”.</source>
@@ -1664,8 +1664,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>バックアップ:</translation>
     </message>
     <message>
-        <source>This version of “%1” is no longer kept.</source>
-        <translation>「%1」のこのバージョンは、もう保管されていません。</translation>
+        <source>This version of “%1” is no longer kept. Choose another version.</source>
+        <translation>「%1」のこのバージョンは、もう保管されていません。別のバージョンを選んでください。</translation>
     </message>
     <message numerus="yes">
         <source>The location removes %1 of %2 notes. Nothing was changed. Synchronize again to decide what happens to these notes.</source>

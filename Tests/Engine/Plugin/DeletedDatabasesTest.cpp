@@ -80,8 +80,9 @@ class DeletedDatabasesTest : public QObject {
         dispatcher().performSynchronizationsWithSynchronizationStates({m_state});
         QTRY_VERIFY(dispatcher().activity().isEmpty());
     }
+    DeletedDatabases &deletedDatabases() { return m_host->engine().plugin().deletedDatabases(); }
     void setUndoTime(std::chrono::milliseconds undoTime) {
-        m_host->engine().plugin().deletedDatabases().setUndoTime(undoTime);
+        deletedDatabases().setUndoTime(undoTime);
     }
     QString package() const { return DirectConnectionPackage::pathInProfile(m_host->directory()); }
 
@@ -194,24 +195,72 @@ private Q_SLOTS:
     }
 
     void aDatabaseThatIsImportedAndDeletedAgainCanBeRestored() {
-        for (int i = 0; i < 50; ++i) {
-            addNote(*m_plans, QString::number(i));
-        }
-        synchronize();
         const QString UUID = m_plans->UUID();
+        std::shared_ptr<NoteDatabase> plans;
+        connect(&deletedDatabases(), &DeletedDatabases::databaseForgotten, this, [&] {
+            setUndoTime(std::chrono::hours(1));
+            QVERIFY(m_host->library()
+                        .importDatabase(UUID, QStringLiteral("Plans"), std::chrono::hours(1))
+                        .value());
+            plans = m_host->library().databaseForUUID(UUID);
+            addNote(*plans, QStringLiteral("New"));
+            QVERIFY(m_host->library().deleteDatabase(plans));
+            QVERIFY(deletedDatabases().isErasing());
+        });
         setUndoTime(std::chrono::milliseconds(0));
         QVERIFY(m_host->library().deleteDatabase(m_plans));
-        QTRY_VERIFY(m_host->library().deletedDatabases().isEmpty());
-        setUndoTime(std::chrono::hours(1));
-        m_state = m_host->locations().syncLocations().first()->addStateForDatabaseWithUUID(
-            UUID, QStringLiteral("Plans"));
-        m_state->setEnabled(true);
-        synchronize();
-        const auto plans = m_host->library().knownDatabases().last();
-        QVERIFY(m_host->library().deleteDatabase(plans));
-        QTest::qWait(1);
+        QTRY_VERIFY(plans);
+        QTRY_VERIFY(!deletedDatabases().isErasing());
         QVERIFY(m_host->library().restoreDatabase(plans));
-        QCOMPARE(titles(*plans).size(), 52);
+        QCOMPARE(titles(*plans), QStringList{QStringLiteral("New")});
+    }
+
+    void whatIsLeftOfADatabaseIsErasedInStepsBeforeItIsImported() {
+        const QString UUID = m_plans->UUID();
+        const qint64 id = idOf(*m_plans);
+        bool isImported = false;
+        int steps = 0;
+        connect(&deletedDatabases(), &DeletedDatabases::databaseForgotten, this, [&] {
+            qint64 rows = rowsOf(id, UUID);
+            while (!isImported) {
+                // As little as possible.
+                isImported =
+                    m_host->library()
+                        .importDatabase(UUID, QStringLiteral("Plans"), std::chrono::milliseconds(0))
+                        .value();
+                QCOMPARE(m_host->library().databaseForUUID(UUID) != nullptr, isImported);
+                QVERIFY(rowsOf(id, UUID) < rows);
+                rows = rowsOf(id, UUID);
+                ++steps;
+            }
+        });
+        setUndoTime(std::chrono::milliseconds(0));
+        QVERIFY(m_host->library().deleteDatabase(m_plans));
+        QTRY_VERIFY(isImported);
+        QCOMPARE_GT(steps, 2);
+        QTRY_VERIFY(!deletedDatabases().isErasing());
+        QVERIFY(m_host->library().databaseForUUID(UUID));
+    }
+
+    void aDatabaseOfWhichMuchIsLeftIsImported() {
+        const QString UUID = m_plans->UUID();
+        // More than one step erases.
+        QVERIFY(m_host->engine().profile().run(
+            QStringLiteral("INSERT INTO superseded (database, digest) WITH RECURSIVE numbers (n) AS"
+                           " (SELECT 1 UNION ALL SELECT n + 1 FROM numbers WHERE n < 5000)"
+                           " SELECT ?, randomblob(16) FROM numbers"),
+            {idOf(*m_plans)}));
+        connect(&deletedDatabases(), &DeletedDatabases::databaseForgotten, this, [&] {
+            m_state = m_host->locations().syncLocations().first()->addStateForDatabaseWithUUID(
+                UUID, QStringLiteral("Plans"));
+            m_state->setEnabled(true);
+            dispatcher().performSynchronizationsWithSynchronizationStates({m_state});
+        });
+        setUndoTime(std::chrono::milliseconds(0));
+        QVERIFY(m_host->library().deleteDatabase(m_plans));
+        QTRY_VERIFY(m_host->library().databaseForUUID(UUID));
+        QTRY_VERIFY(dispatcher().activity().isEmpty());
+        QCOMPARE(titles(*m_host->library().databaseForUUID(UUID)).size(), 2);
     }
 
     void aLocationThatIsInsertedAgainDoesNotBringTheDatabaseBack() {

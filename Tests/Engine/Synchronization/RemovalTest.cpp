@@ -315,8 +315,8 @@ private Q_SLOTS:
     /// The answers to removals follow from the note, so a store can supersede very many of them.
     void aLongChainOfRemovedAnswersIsNotFollowed() {
         addNotes(1);
-        QList<OperationId> identifiers = log().operationIds().value();
-        const QList<Operation> operations = log().takeOperations(identifiers).value();
+        const QList<Operation> operations =
+            log().firstOperations(log().operationIds().value()).value().operations;
         QSet<OperationId> superseded;
         Operation answer = operations.first();
         for (int i = 0; i < 1000; ++i) {
@@ -402,8 +402,8 @@ private Q_SLOTS:
         const QString note = inbox()->notes().value().first().UUID;
         forecast.add({{Operation::make(note, {}, {}, {}, log().operationIds().value())}, {}});
         QCOMPARE(forecast.removedNotes(profile(), log().database()).value().size(), 11);
-        QList<OperationId> identifiers = log().operationIds(note).value();
-        const QList<Operation> operations = log().takeOperations(identifiers).value();
+        const QList<Operation> operations =
+            log().firstOperations(log().operationIds(note).value()).value().operations;
         const FailingTable failing(profile(), table, FailingTable::Fault::AllRows);
         QCOMPARE(code(forecast.removedNotes(profile(), log().database())),
                  EngineErrorCode::ProfileNotWritten);

@@ -190,6 +190,58 @@ private Q_SLOTS:
         QCOMPARE(session.problems().kept().size(), Problems::MostKept);
     }
 
+    void recordsThatCannotBeReadCountAsProgress() {
+        constexpr qint64 count = 5;
+        for (int i = 0; i < count; ++i) {
+            const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
+            m_blobs[QStringLiteral("transactions/@inbox/%1.json").arg(name)] = "x";
+        }
+        MemoryStore store(m_blobs);
+        SyncSession session = newSession<SyncSession>();
+        const EngineFuture future;
+        qint64 done = 0;
+        while (!session.isDone()) {
+            QVERIFY(session.accessStore(store, future));
+            const SessionProgress &progress = std::as_const(session).progress();
+            if (progress.phase() == SessionProgress::Phase::Merging) {
+                QCOMPARE(progress.total(), count);
+                done = progress.done();
+            }
+            QVERIFY(session.accessProfile());
+        }
+        QCOMPARE(done, count);
+    }
+
+    void damagedRecordsAreForgottenInShortSteps() {
+        constexpr int count = 1000;
+        const qint64 database = m_host->library().synchronizedDatabase(InboxUUID)->log().database();
+        const KnownTransactions known(profile(), subject().store, database);
+        QVERIFY(profile().write([&] {
+            Expected<void> added;
+            for (int i = 0; added && i < count; ++i) {
+                const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces) +
+                                     SyncStoreLayout::RecordEnding;
+                m_blobs[QStringLiteral("transactions/@inbox/") + name] = "x";
+                added = known.add(name, {{}, {OperationId(16, 'x')}}, 1);
+            }
+            return added;
+        }));
+        MemoryStore store(m_blobs);
+        SyncSession session(profile(), m_host->library(), subject(),
+                            RecordVerification::Extent::All);
+        const EngineFuture future;
+        qsizetype left = known.names().value().size();
+        QCOMPARE_GE(left, count);
+        while (!session.isDone()) {
+            QVERIFY(session.accessStore(store, future));
+            QVERIFY(session.accessProfile());
+            const qsizetype now = known.names().value().size();
+            QCOMPARE_LE(left - now, 400);
+            left = now;
+        }
+        QCOMPARE_LT(left, 10);
+    }
+
     void recordsAreWrittenToADistantStoreSeveralAtATime() {
         QVERIFY(m_host->inbox()->removeNote(m_host->inbox()->notes().value().first()));
         for (int i = 0; i < 5; ++i) {
