@@ -131,7 +131,7 @@ std::optional<Error> DatabaseRowStatus::error() const {
                                 ? LocationRecovery::options(location, again)
                                 : QList{LocationRecovery::tryAgainOption(again)};
     if (std::any_of(failed.begin(), failed.end(), &isPartial)) {
-        LocationRecovery::prependLog(error.recoveryOptions);
+        error.recoveryOptions = LocationRecovery::withLog(error.recoveryOptions);
     }
     return error;
 }

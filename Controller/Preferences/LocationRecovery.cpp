@@ -56,10 +56,9 @@ void LocationRecovery::showFolder(const std::shared_ptr<QVSyncLocation> &locatio
                           });
 }
 
-void LocationRecovery::prependLog(QList<RecoveryOption> &options) {
-    if (const auto showLog = QVJobLog::showOption()) {
-        options.prepend(*showLog);
-    }
+QList<RecoveryOption> LocationRecovery::withLog(const QList<RecoveryOption> &options) {
+    const std::optional<RecoveryOption> showLog = QVJobLog::showOption();
+    return showLog ? QList{*showLog} + options : options;
 }
 
 std::function<void()> LocationRecovery::lastJobOf(const std::shared_ptr<QVSyncState> &state) {

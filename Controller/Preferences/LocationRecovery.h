@@ -21,9 +21,9 @@ QList<RecoveryOption> options(const std::shared_ptr<QVSyncLocation> &location,
 /// Returns at once. A failure is presented later, with "Edit Location…".
 void showFolder(const std::shared_ptr<QVSyncLocation> &location);
 
-/// Adds "Show Log" as the first of `options` if the application offers it. For failures that left
+/// Returns `options`, preceded by "Show Log" if the application offers it. For failures that left
 /// some items out: the log names these.
-void prependLog(QList<RecoveryOption> &options);
+QList<RecoveryOption> withLog(const QList<RecoveryOption> &options);
 
 /// Returns a function that starts the last job of `state` again, which has a result and must not be
 /// null: a clean-up as such. The state is not kept alive; once it is gone, the function has no

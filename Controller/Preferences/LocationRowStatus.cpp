@@ -121,7 +121,7 @@ std::optional<Error> LocationRowStatus::error() const {
         error->recoveryOptions =
             LocationRecovery::options(row->location(), LocationRecovery::lastJobOf(failed));
         if (!result->error) {
-            LocationRecovery::prependLog(error->recoveryOptions);
+            error->recoveryOptions = LocationRecovery::withLog(error->recoveryOptions);
         }
     }
     return error;

@@ -78,14 +78,12 @@ void reportRescue(const QString &directory, const ChangeRescue::Findings &findin
     });
 }
 
-/// Returns the addition of what can be read from the damaged profile. It sets `found`.
-ProfileRecovery::Amendment rescue(ChangeRescue::Findings &found) {
-    return [&found](const QString &folder, const QString &damaged) {
-        ProfileDatabase profile;
-        return openDatabase(profile, folder, FirstContents::Inbox)
-            .and_then([&] { return ChangeRescue::run(damaged, profile); })
-            .map([&](const ChangeRescue::Findings &findings) { found = findings; });
-    };
+/// Adds what can be read from the database `damaged` to the profile in `folder`.
+Expected<ChangeRescue::Findings> rescue(const QString &folder, const QString &damaged) {
+    ProfileDatabase profile;
+    return openDatabase(profile, folder, FirstContents::Inbox).and_then([&] {
+        return ChangeRescue::run(damaged, profile);
+    });
 }
 
 void logIfFailed(const Expected<void> &result) {
@@ -142,9 +140,13 @@ Expected<void> SyncEngine::beginProfile(const QString &directory) {
     const auto backup = ProfileBackups(directory).newestSound(QDate::currentDate());
     const bool hasBackup = backup && *backup;
     ChangeRescue::Findings found;
-    // The notes could have been restored from a backup.
-    const ProfileRecovery::Amendment amend =
-        hasBackup ? ProfileRecovery::addNothing : rescue(found);
+    const auto amend = [&](const QString &folder, const QString &damaged) -> Expected<void> {
+        // The notes could have been restored from a backup.
+        if (hasBackup) {
+            return {};
+        }
+        return rescue(folder, damaged).map([&](const auto &findings) { found = findings; });
+    };
     return ProfileRecovery::begin(directory, create, amend)
         .map([&](const ProfileRecovery::Beginning &begun) {
             if (!begun.hasLocations) {
@@ -156,7 +158,10 @@ Expected<void> SyncEngine::beginProfile(const QString &directory) {
 
 Expected<void> SyncEngine::restoreBackup(const QString &directory) {
     ChangeRescue::Findings found;
-    return ProfileRecovery::restoreBackup(directory, rescue(found)).map([&] {
+    const auto amend = [&](const QString &folder, const QString &damaged) {
+        return rescue(folder, damaged).map([&](const auto &findings) { found = findings; });
+    };
+    return ProfileRecovery::restoreBackup(directory, amend).map([&] {
         reportRescue(directory, found);
     });
 }
