@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "Engine/DirectConnection/ServedDatabases.h"
+#include "Engine/Foundation/EngineError.h"
+#include "Engine/Foundation/FailureLog.h"
 #include "Engine/Locations/EngineSyncLocation.h"
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
@@ -68,8 +70,9 @@ QStringList ServedStoreSynchronizer::databaseUUIDs() {
     }
     const QSet<QString> present(UUIDs.begin(), UUIDs.end());
     qsizetype refused = 0;
-    const QStringList names = recordNames();
-    for (const QString &name : names) {
+    const Expected<QStringList> names = recordNames();
+    logFailureOf(names.map([](const QStringList &) {}));
+    for (const QString &name : names.value_or(QStringList())) {
         const std::optional<QString> UUID = DatabaseRecord::databaseUUID(name);
         if (!UUID || present.contains(*UUID)) {
             continue;
@@ -85,7 +88,7 @@ QStringList ServedStoreSynchronizer::databaseUUIDs() {
     return UUIDs;
 }
 
-QStringList ServedStoreSynchronizer::recordNames() const {
+Expected<QStringList> ServedStoreSynchronizer::recordNames() const {
     const QString folder = m_location->URL().path() + u'/' + SyncStoreLayout::DatabasesFolder;
     QStringList names;
     std::error_code error;
@@ -96,11 +99,12 @@ QStringList ServedStoreSynchronizer::recordNames() const {
         names.append(QFile::decodeName(entry->path().filename().c_str()));
     }
     if (error) {
-        QVJobLog::logMessage(
+        return failure(engineError(
+            EngineErrorCode::ServerUnusable,
             localizedSyncString("The folder “%1” cannot be read: %2. Databases that were added on "
                                 "other computers are not synchronized. Check its permissions and "
                                 "its disk.")
-                .arg(folder, QString::fromStdString(error.message())));
+                .arg(folder, QString::fromStdString(error.message()))));
     }
     return names;
 }

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "Engine/DirectConnection/ServedStoreObserver.h"
+#include "Platform/Foundation/Expected.h"
 
 class EngineDispatcher;
 class EngineNoteLibrary;
@@ -13,11 +14,11 @@ class ServedDatabases;
 
 /// Keeps the served store in sync with the databases of the profile: the store receives their
 /// changes before a client reads it, and they receive what clients have written. Databases that are
-/// not served take no part. A database that
-/// the profile does not have yet is created, because the user has authorized every client, unless
-/// the profile has many already, which is reported in the application's log. Requests that are made
-/// while it synchronizes are combined into one synchronization that follows. Must be used on the
-/// main thread.
+/// not served take no part. A database that the profile does not have yet is created, because the
+/// user has authorized every client, unless the profile has many already, which is reported in the
+/// application's log. So is a folder of the store that cannot be read; the databases of the profile
+/// are synchronized all the same. Requests that are made while it synchronizes are combined into
+/// one synchronization that follows. Must be used on the main thread.
 class ServedStoreSynchronizer : public ServedStoreObserver {
 public:
     /// Identifies the served store in the profile, where other stores have the identifier of their
@@ -51,9 +52,8 @@ private:
     /// Returns the databases of the profile that are served, and those of the store that may be
     /// created.
     QStringList databaseUUIDs();
-    /// Returns the names of at most 10,000 records of databases in the served store. If its folder
-    /// cannot be read, this is reported in the log, and those of the profile are synchronized.
-    QStringList recordNames() const;
+    /// Returns the names of at most 10,000 records of databases in the served store.
+    Expected<QStringList> recordNames() const;
     /// Reports the number of databases that may not be created if it is not the one reported last.
     void reportRefused(qsizetype count);
     /// Calls `handler` after the next synchronization that begins from now on.

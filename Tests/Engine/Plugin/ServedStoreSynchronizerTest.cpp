@@ -94,6 +94,18 @@ private Q_SLOTS:
         QVERIFY(m_host->application().logEntries().isEmpty());
     }
 
+    void aFolderThatCannotBeReadIsReported() {
+        // A file instead of the folder cannot be listed.
+        const QString folder = package() + QStringLiteral("/databases");
+        QVERIFY(QDir().rmdir(folder));
+        QVERIFY(QFile(folder).open(QIODevice::WriteOnly));
+        synchronize();
+        QCOMPARE(databaseCount(), 1);
+        const QString told = m_host->application().logEntries().first().info;
+        QVERIFY2(told.contains(QStringLiteral("The folder “%1” cannot be read").arg(folder)),
+                 qPrintable(told));
+    }
+
     void aProfileThatServesNothingKeepsNoClientWaiting() {
         QVERIFY(m_served->setServed(InboxUUID, false));
         int proceeded = 0;
