@@ -6,7 +6,6 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 #include <QtCore/QTemporaryDir>
-#include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
 #include <algorithm>
@@ -21,6 +20,7 @@
 #include "Engine/Profile/ProfileLock.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Engine/Profile/SqliteCode.h"
+#include "Engine/Profile/WritableConnection.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/DurableFile.h"
 #include "Platform/Foundation/FileManager.h"
@@ -30,7 +30,6 @@ namespace {
 
 /// Begins the names of the folders that hold copies during a recovery.
 const QString UnfinishedPrefix = QStringLiteral(".velmora-recovery-");
-const QString RecoveryConnection = QStringLiteral("velmora-profile-recovery");
 
 tl::unexpected<Error> replacementFailure(const QString &directory, const QString &reason) {
     return failure(
@@ -54,12 +53,31 @@ tl::unexpected<Error> systemFailure(const QString &directory) {
     return failure(toReplacementFailure(directory)(systemError(errno, {})));
 }
 
-/// Returns the error of an SQLite operation that has failed on the database `file`.
-tl::unexpected<Error> databaseFailure(const QString &file, const QSqlError &error) {
-    const QString directory = QFileInfo(file).path();
-    return FullDisk::isCauseOf(error, file)
+template <class Value>
+using Result = WritableConnection::Result<Value>;
+
+/// Returns the error of an SQLite operation that has failed on a copy in the profile `directory`.
+tl::unexpected<Error> databaseFailure(const QString &directory, const QSqlError &error) {
+    return FullDisk::isCauseOf(error, directory + u'/' + ProfileDatabaseName)
                ? failure(engineError(EngineErrorCode::BackupFailed, FullDisk::message(directory)))
                : replacementFailure(directory, error.databaseText());
+}
+
+/// Returns whether SQLite has failed because of the disk, and not because of what a database
+/// contains.
+bool isOfDisk(const QSqlError &error) {
+    const SqliteCode code = sqliteCode(error);
+    return code == SqliteCode::Full || code == SqliteCode::InputOutputError ||
+           code == SqliteCode::CannotOpen;
+}
+
+/// Returns `result`, or false if it failed because of what the database contains.
+Expected<bool> unlessDamaged(const QString &directory, const Result<bool> &result) {
+    if (result) {
+        return *result;
+    }
+    return isOfDisk(result.error()) ? Expected<bool>(databaseFailure(directory, result.error()))
+                                    : Expected<bool>(false);
 }
 
 /// Returns the files of the database: SQLite would apply a log that is left behind to the next
@@ -177,133 +195,98 @@ const std::array<std::pair<QString, QString>, 2> Tables = {
       QStringLiteral("location_uuid, database_uuid, database_name, enabled, sync_on_open,"
                      " sync_on_close, schedule, schedule_minutes, schedule_days")}}};
 
-/// Returns whether the attached database "source" has the tables and every row can be read.
-bool isReadable(QSqlQuery &query) {
-    return std::all_of(Tables.begin(), Tables.end(), [&](const auto &table) {
-        if (!query.exec(
-                QStringLiteral("SELECT %2 FROM source.%1").arg(table.first, table.second))) {
-            return false;
-        }
-        while (query.next()) {
-        }
-        return !query.lastError().isValid();
-    });
+/// Reads every row of the tables in the attached database "source".
+Result<void> readLocations(const WritableConnection &connection) {
+    Result<void> done;
+    for (const auto &[table, columns] : Tables) {
+        const QString statement = QStringLiteral("SELECT %2 FROM source.%1").arg(table, columns);
+        done = done.and_then([&] { return connection.run(statement); });
+    }
+    return done;
 }
 
-bool insertLocations(QSqlQuery &query) {
-    return query.exec(QStringLiteral("BEGIN")) &&
-           std::all_of(
-               Tables.begin(), Tables.end(),
-               [&](const auto &table) {
-                   return query.exec(QStringLiteral("INSERT INTO %1 (%2) SELECT %2 FROM source.%1"
-                                                    " ORDER BY rowid")
-                                         .arg(table.first, table.second));
-               }) &&
-           query.exec(QStringLiteral("COMMIT"));
+Result<void> insertLocations(const WritableConnection &connection) {
+    QStringList statements{QStringLiteral("BEGIN")};
+    for (const auto &[table, columns] : Tables) {
+        statements.append(
+            QStringLiteral("INSERT INTO %1 (%2) SELECT %2 FROM source.%1 ORDER BY rowid")
+                .arg(table, columns));
+    }
+    return connection.runAll(statements + QStringList{QStringLiteral("COMMIT")});
 }
 
-/// Copies the locations and their states from the database `source`, all or none. Returns whether
-/// they can be read.
-Expected<bool> copyLocations(const QString &source, QSqlDatabase &target) {
-    QSqlQuery query(target);
-    query.setForwardOnly(true);
-    query.prepare(QStringLiteral("ATTACH ? AS source"));
-    query.addBindValue(source);
-    const bool canRead = query.exec() && isReadable(query);
-    const bool isCopied = canRead && insertLocations(query);
-    const QSqlError error = query.lastError();
-    if (!isCopied) {
-        query.exec(QStringLiteral("ROLLBACK"));
+/// Copies the locations and their states from the database `source` to `target`, a copy in the
+/// profile `directory`, all or none. Returns whether they can be read and do not contradict each
+/// other.
+Expected<bool> copyLocations(const QString &directory, const QString &source,
+                             const QString &target) {
+    const auto connection = WritableConnection::open(target);
+    if (!connection) {
+        return databaseFailure(directory, connection.error());
     }
-    query.exec(QStringLiteral("DETACH source"));
-    // The rows of a damaged database may contradict each other.
-    const bool isOfSource = !canRead || sqliteCode(error) == SqliteCode::Constraint;
-    const QString file = target.databaseName();
-    if (!isCopied && (!isOfSource || FullDisk::isCauseOf(error, file))) {
-        return databaseFailure(file, error);
+    const Result<void> read =
+        (*connection)->run(QStringLiteral("ATTACH ? AS source"), {source}).and_then([&] {
+            return readLocations(**connection);
+        });
+    if (!read) {
+        return unlessDamaged(directory, tl::make_unexpected(read.error()));
     }
-    return isCopied;
+    const Result<void> copied = insertLocations(**connection);
+    const bool isOfSource = !copied && sqliteCode(copied.error()) == SqliteCode::Constraint;
+    return copied || isOfSource ? Expected<bool>(copied.has_value())
+                                : databaseFailure(directory, copied.error());
 }
 
 /// Copies the locations from the first of `sources` that can be read. Returns whether there is one.
-Expected<bool> copyLocationsFrom(const QStringList &sources, const QString &target) {
+Expected<bool> copyLocationsFrom(const QString &directory, const QStringList &sources,
+                                 const QString &target) {
     Expected<bool> isCopied = false;
-    {
-        QSqlDatabase database =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), RecoveryConnection);
-        database.setDatabaseName(target);
-        if (!database.open()) {
-            isCopied = databaseFailure(target, database.lastError());
-        }
-        for (const QString &source : sources) {
-            isCopied = isCopied.and_then([&](bool isDone) -> Expected<bool> {
-                return isDone ? true : copyLocations(source, database);
-            });
-        }
+    for (const QString &source : sources) {
+        isCopied = isCopied.and_then([&](bool isDone) -> Expected<bool> {
+            return isDone ? true : copyLocations(directory, source, target);
+        });
     }
-    QSqlDatabase::removeDatabase(RecoveryConnection);
     return isCopied;
 }
 
 /// Returns whether at most one index of the operations in the closed database `file` differs from
 /// their table. All of them contain the database of an operation: if several differ, that value is
 /// probably damaged in the table, and rebuilding would move a note to another database.
-Expected<bool> isTableOfOperationsCredible(const QString &file) {
-    Expected<bool> isCredible = false;
-    {
-        QSqlDatabase database =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), RecoveryConnection);
-        database.setDatabaseName(file);
-        QSqlQuery query(database);
-        QStringList indexes;
-        QSet<QString> differing;
-        bool isChecked =
-            database.open() && query.exec(QStringLiteral("PRAGMA index_list(operations)"));
-        while (isChecked && query.next()) {
-            indexes.append(query.value(1).toString());
+Result<bool> isTableOfOperationsCredible(const QString &file) {
+    QStringList indexes;
+    QSet<QString> differing;
+    const auto addIndex = [&](const QSqlQuery &row) { indexes.append(row.value(1).toString()); };
+    const auto addProblem = [&](const QSqlQuery &row) {
+        const QString name = row.value(0).toString().section(u' ', -1);
+        if (indexes.contains(name)) {
+            differing.insert(name);
         }
-        isChecked = isChecked && !indexes.isEmpty() &&
-                    query.exec(QStringLiteral("PRAGMA integrity_check(1000000)"));
-        while (isChecked && query.next()) {
-            const QString name = query.value(0).toString().section(u' ', -1);
-            if (indexes.contains(name)) {
-                differing.insert(name);
-            }
-        }
-        isCredible = isChecked && !query.lastError().isValid() && differing.size() <= 1;
-        if (FullDisk::isCauseOf(query.lastError(), file)) {
-            isCredible = databaseFailure(file, query.lastError());
-        }
-    }
-    QSqlDatabase::removeDatabase(RecoveryConnection);
-    return isCredible;
+    };
+    return WritableConnection::open(file)
+        .and_then([&](const auto &database) {
+            return database->run(QStringLiteral("PRAGMA index_list(operations)"), {}, addIndex)
+                .and_then([&] {
+                    return database->run(QStringLiteral("PRAGMA integrity_check(1000000)"), {},
+                                         addProblem);
+                });
+        })
+        .map([&] { return !indexes.isEmpty() && differing.size() <= 1; });
 }
 
-/// Rebuilds the indexes in the closed database `file`, all or none. Returns whether they can be.
-Expected<bool> reindex(const QString &file) {
-    static const std::array statements = {
-        QStringLiteral("BEGIN IMMEDIATE"), QStringLiteral("REINDEX operations"),
-        QStringLiteral("REINDEX versions"), QStringLiteral("COMMIT")};
-    Expected<bool> isDone = false;
-    {
-        QSqlDatabase database =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), RecoveryConnection);
-        database.setDatabaseName(file);
-        QSqlQuery query(database);
-        isDone =
-            database.open() && std::all_of(statements.begin(), statements.end(),
-                                           [&](const QString &each) { return query.exec(each); });
-        if (FullDisk::isCauseOf(query.lastError(), file)) {
-            isDone = databaseFailure(file, query.lastError());
-        }
-    }
-    QSqlDatabase::removeDatabase(RecoveryConnection);
-    return isDone;
+/// Rebuilds the indexes in the closed database `file`, all or none.
+Result<bool> reindex(const QString &file) {
+    return WritableConnection::open(file)
+        .and_then([](const auto &database) {
+            return database->runAll({QStringLiteral("BEGIN IMMEDIATE"),
+                                     QStringLiteral("REINDEX operations"),
+                                     QStringLiteral("REINDEX versions"), QStringLiteral("COMMIT")});
+        })
+        .map([] { return true; });
 }
 
 /// Returns whether the closed database `file` is a sound profile in which no row refers to one that
 /// does not exist.
-bool isSound(const QString &file) {
+Expected<bool> isSound(const QString &file) {
     const auto reference = [](const auto &database) {
         return database->value(QStringLiteral("PRAGMA foreign_key_check"));
     };
@@ -313,7 +296,12 @@ bool isSound(const QString &file) {
                 return ReadOnlyConnection::open(file, ReadOnlyConnection::Sharing::Immutable);
             })
             .and_then(reference);
-    return dangling && !dangling->isValid();
+    if (dangling) {
+        return !dangling->isValid();
+    }
+    const bool isDamaged = isEngineError(dangling.error(), EngineErrorCode::ProfileDamaged) ||
+                           isEngineError(dangling.error(), EngineErrorCode::IndexesDamaged);
+    return isDamaged ? Expected<bool>(false) : failure(dangling.error());
 }
 
 bool canBeRead(const QString &path) {
@@ -391,25 +379,17 @@ Expected<bool> copyDamaged(const QString &directory, const QString &folder) {
 /// Moves what is in the log of the closed database `file` into the file itself. SQLite does so when
 /// a database is closed, but does not report if it fails.
 Expected<void> mergeLog(const QString &directory, const QString &file) {
-    Expected<void> merged;
-    {
-        QSqlDatabase database =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), RecoveryConnection);
-        database.setDatabaseName(file);
-        database.open();
-        QSqlQuery query(database);
-        // The first column says whether something is left in the log.
-        if (!query.exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")) || !query.next() ||
-            query.value(0).toInt() != 0) {
-            const QSqlError error = query.lastError();
-            merged = FullDisk::isCauseOf(error, file)
-                         ? failure(engineError(EngineErrorCode::BackupFailed,
-                                               FullDisk::message(directory)))
-                         : replacementFailure(directory, error.databaseText());
-        }
+    bool isMerged = false;
+    // The first column says whether something is left in the log.
+    const auto look = [&](const QSqlQuery &row) { isMerged = row.value(0).toInt() == 0; };
+    const Result<void> done = WritableConnection::open(file).and_then([&](const auto &database) {
+        return database->run(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"), {}, look);
+    });
+    if (!done) {
+        return databaseFailure(directory, done.error());
     }
-    QSqlDatabase::removeDatabase(RecoveryConnection);
-    return merged;
+    return isMerged ? Expected<void>()
+                    : replacementFailure(directory, QString::fromUtf8(sqlite3_errstr(SQLITE_BUSY)));
 }
 
 /// Makes the closed database `file` a single file, and returns an error unless it is sound.
@@ -514,7 +494,7 @@ Expected<ProfileRecovery::Beginning> ProfileRecovery::begin(
     return create(folder.path())
         .and_then([&] { return sourcesOfLocations(directory, copies.path()); })
         .and_then([&](const LocationSources &sources) {
-            return copyLocationsFrom(sources.paths, path).and_then([&](bool areCopied) {
+            return copyLocationsFrom(directory, sources.paths, path).and_then([&](bool areCopied) {
                 return amend(folder.path(), copies.filePath(ProfileDatabaseName))
                     .and_then([&] { return complete(directory, path); })
                     .and_then([&] { return replace(directory, path); })
@@ -535,13 +515,17 @@ Expected<bool> ProfileRecovery::rebuildIndexes(const QString &directory) {
         .and_then(
             [&](const QStringList &files) { return copyDatabase(files, folder.path(), directory); })
         .and_then([&](bool isCopied) {
-            return isCopied ? isTableOfOperationsCredible(copy) : Expected<bool>(false);
+            return isCopied ? unlessDamaged(directory, isTableOfOperationsCredible(copy))
+                            : Expected<bool>(false);
         })
-        .and_then(
-            [&](bool isCredible) { return isCredible ? reindex(copy) : Expected<bool>(false); })
-        .and_then([&](bool isRebuilt) {
-            return isRebuilt && isSound(copy) ? reindex(directory + u'/' + ProfileDatabaseName)
-                                              : false;
+        .and_then([&](bool isCredible) {
+            return isCredible ? unlessDamaged(directory, reindex(copy)) : Expected<bool>(false);
+        })
+        .and_then([&](bool isRebuilt) { return isRebuilt ? isSound(copy) : Expected<bool>(false); })
+        .and_then([&](bool isRepairable) {
+            return isRepairable
+                       ? unlessDamaged(directory, reindex(directory + u'/' + ProfileDatabaseName))
+                       : Expected<bool>(false);
         });
 }
 

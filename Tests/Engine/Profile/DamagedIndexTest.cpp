@@ -285,8 +285,11 @@ private Q_SLOTS:
             const FaultyFileSystem disk(FaultyFileSystem::Fault::Error, call, duration);
             ProfileDatabase opened;
             const auto nothing = [] { return Expected<void>(); };
-            static_cast<void>(opened.open(m_directory, nothing, nothing));
+            const Expected<void> result = opened.open(m_directory, nothing, nothing);
             hasFailed = disk.hasFailed();
+            // A user would replace a damaged profile.
+            QVERIFY2(result || code(result) != EngineErrorCode::ProfileDamaged,
+                     qPrintable(QStringLiteral("call %1").arg(call)));
         }
         m_host->goToComputer(QStringLiteral("Profile"));
         QCOMPARE(texts(), before);

@@ -214,6 +214,14 @@ private Q_SLOTS:
         QVERIFY(names().isEmpty());
     }
 
+    void aDiskWhoseFreeSpaceIsUnknownGetsABackup() {
+        const ProfileBackups backups(m_host->directory());
+        Expected<void> made;
+        runWithFailingSystemCall(SYS_statfs, EIO, [&] { made = backups.make(m_today); });
+        QVERIFY2(made, qPrintable(description(made)));
+        QCOMPARE(names(), QStringList{QStringLiteral("2026-11-22.sqlite")});
+    }
+
     void aFailingDiskLeavesTheEarlierBackups_data() {
         QTest::addColumn<int>("fault");
         QTest::addRow("full") << static_cast<int>(FaultyFileSystem::Fault::Full);
@@ -918,6 +926,31 @@ private Q_SLOTS:
                  qPrintable(description(begun)));
         QCOMPARE(damagedFiles(directory), QStringList());
         QVERIFY(ProfileRecovery::begin(directory, create)->hasLocations);
+    }
+
+    void aFailingDiskIsNotTakenForUnreadableLocations() {
+        const QString directory = m_host->directory();
+        m_host->addLocation();
+        m_host->save();
+        m_host->goToComputer(QStringLiteral("Other"));
+        bool hasFailed = true;
+        for (qint64 call = 1; hasFailed; call += call < 40 ? 1 : 7) {
+            std::unique_ptr<FaultyFileSystem> disk;
+            const auto begun = ProfileRecovery::begin(directory, [&](const QString &folder) {
+                ProfileDatabase profile;
+                return profile
+                    .open(
+                        folder, [&] { return writeFirstContents(profile, FirstContents::Inbox); },
+                        [] { return Expected<void>(); })
+                    .map([&] {
+                        disk = std::make_unique<FaultyFileSystem>(
+                            FaultyFileSystem::Fault::Error, call, FaultyFileSystem::Duration::Once);
+                    });
+            });
+            hasFailed = disk->hasFailed();
+            QVERIFY2(!begun || begun->hasLocations,
+                     qPrintable(QStringLiteral("call %1").arg(call)));
+        }
     }
 
     /// SQLite would apply the log of the damaged profile to the restored one.
