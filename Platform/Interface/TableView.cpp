@@ -49,14 +49,15 @@ void TableView::setContent(const QVariantList &content) {
     m_content = content;
     const IndexSet selected = selectionIndexes();
     m_isRebuilding = true;
-    verticalHeader()->setDefaultSectionSize(heightOfRow());
     setRowCount(static_cast<int>(content.size()));
     for (int row = 0; row < rowCount(); ++row) {
         const QVariant &object = content.at(row);
         auto *item = new QTableWidgetItem(iconOf(object), shownText(textOf(object)));
+        describe(*item);
         showCheck(item, object);
         setItem(row, 0, item);
     }
+    verticalHeader()->setDefaultSectionSize(heightOfRow());
     setSelectionIndexes(selected);
     m_isRebuilding = false;
     KeyValue::announce<&TableView::selectedNameChanged>(this);
@@ -68,8 +69,22 @@ int TableView::heightOfRow() const {
     option.features = QStyleOptionViewItem::HasDisplay | QStyleOptionViewItem::HasDecoration |
                       QStyleOptionViewItem::HasCheckIndicator;
     option.text = QStringLiteral("X");
+    for (int row = 0; row < rowCount(); ++row) {
+        if (item(row, 0) && item(row, 0)->text().contains(u'\n')) {
+            option.text = QStringLiteral("X\u2028X");
+            break;
+        }
+    }
     const QSize size = style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, {}, this);
     return qMax(size.height(), verticalHeader()->minimumSectionSize());
+}
+
+void TableView::describe(QTableWidgetItem &item) const {
+    const QString text = item.text();
+    const QString description = text.section(u'\n', 1);
+    item.setData(Qt::AccessibleTextRole, text.section(u'\n', 0, 0));
+    item.setData(Qt::AccessibleDescriptionRole,
+                 description.isEmpty() ? m_rowDescription : description);
 }
 
 void TableView::setTableDelegate(TableViewDelegate *delegate) {

@@ -13,8 +13,8 @@ class TableViewDelegate;
 
 /// A table whose columns have identifiers but no titles. Its rows come either from the key
 /// `content`, each showing the value at `contentKey`, or from a delegate that makes a view for each
-/// cell. A row of the content shows the first 500 characters of its text, on one line. Must be used
-/// on the main thread.
+/// cell. A row of the content shows the first 500 characters of its text, on one line, or on two if
+/// the text of any row has further lines. Must be used on the main thread.
 class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_OBJECT
     /// One column for each identifier. A new table has one column with an empty identifier. Must be
@@ -29,6 +29,9 @@ class PLATFORM_EXPORT TableView : public QTableWidget {
     Q_PROPERTY(QString contentKey MEMBER m_contentKey)
     /// Shown before the text of each row. Must be set before the content.
     Q_PROPERTY(QIcon rowIcon WRITE setRowIcon READ rowIcon)
+    /// What assistive technologies say of each row of the content whose text has only one line;
+    /// further lines of a text are its description. Must be set before the content.
+    Q_PROPERTY(QString rowDescription MEMBER m_rowDescription)
     /// The key path of a boolean of a row's object. If it is not empty, each row has a check box
     /// that shows the value and sets it. Must be set before the content.
     Q_PROPERTY(QString checkKey MEMBER m_checkKey)
@@ -112,9 +115,11 @@ private:
     void selectReachedRow(const QKeyEvent &event);
     /// Reports an event of the item of a row.
     void announceRow(int row, QAccessible::Event event);
-    /// Returns the height of a line of text with an icon and a check box.
+    /// Returns the height of a row with its lines of text, an icon and a check box.
     int heightOfRow() const;
     QString textOf(const QVariant &object) const;
+    /// Sets what assistive technologies say of a row with this item.
+    void describe(QTableWidgetItem &item) const;
     /// Shows the value at `checkKey` in the row's check box.
     void showCheck(QTableWidgetItem *item, const QVariant &object) const;
     /// Sets the value at `checkKey` as the user has changed it, and shows the one it has then.
@@ -129,6 +134,7 @@ private:
     QVariantList m_content;
     QString m_contentKey = QStringLiteral("self");
     QIcon m_rowIcon;
+    QString m_rowDescription;
     QString m_checkKey;
     QString m_textTransformer;
     QString m_iconTransformer;

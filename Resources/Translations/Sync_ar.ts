@@ -1889,6 +1889,22 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Notes</source>
         <translation>ملاحظات</translation>
     </message>
+    <message>
+        <source>Computers that may connect can read and change it if it is ticked.</source>
+        <translation>تستطيع الحواسيب المسموح لها بالاتصال قراءتها وتغييرها إذا كانت معلَّمة.</translation>
+    </message>
+    <message>
+        <source>Computer on the local network</source>
+        <translation>حاسوب في الشبكة المحلية</translation>
+    </message>
+    <message>
+        <source>Location to import databases from</source>
+        <translation>موقع لاستيراد قواعد البيانات منه</translation>
+    </message>
+    <message>
+        <source>Database that this computer does not have</source>
+        <translation>قاعدة بيانات غير موجودة على هذا الحاسوب</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

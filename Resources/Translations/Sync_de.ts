@@ -1865,6 +1865,22 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>Notes</source>
         <translation>Notizen</translation>
     </message>
+    <message>
+        <source>Computers that may connect can read and change it if it is ticked.</source>
+        <translation>Computer, die sich verbinden dürfen, können sie lesen und ändern, wenn sie angekreuzt ist.</translation>
+    </message>
+    <message>
+        <source>Computer on the local network</source>
+        <translation>Computer im lokalen Netz</translation>
+    </message>
+    <message>
+        <source>Location to import databases from</source>
+        <translation>Ort, von dem Datenbanken importiert werden</translation>
+    </message>
+    <message>
+        <source>Database that this computer does not have</source>
+        <translation>Datenbank, die dieser Computer nicht hat</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

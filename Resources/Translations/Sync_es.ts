@@ -1865,6 +1865,22 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <source>Notes</source>
         <translation>Notas</translation>
     </message>
+    <message>
+        <source>Computers that may connect can read and change it if it is ticked.</source>
+        <translation>Los equipos que pueden conectarse pueden leerla y cambiarla si está marcada.</translation>
+    </message>
+    <message>
+        <source>Computer on the local network</source>
+        <translation>Equipo de la red local</translation>
+    </message>
+    <message>
+        <source>Location to import databases from</source>
+        <translation>Ubicación desde la que se importan bases de datos</translation>
+    </message>
+    <message>
+        <source>Database that this computer does not have</source>
+        <translation>Base de datos que este equipo no tiene</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -1865,6 +1865,22 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <source>Notes</source>
         <translation>Notes</translation>
     </message>
+    <message>
+        <source>Computers that may connect can read and change it if it is ticked.</source>
+        <translation>Les ordinateurs autorisés à se connecter peuvent la lire et la modifier si elle est cochée.</translation>
+    </message>
+    <message>
+        <source>Computer on the local network</source>
+        <translation>Ordinateur du réseau local</translation>
+    </message>
+    <message>
+        <source>Location to import databases from</source>
+        <translation>Emplacement depuis lequel importer des bases de données</translation>
+    </message>
+    <message>
+        <source>Database that this computer does not have</source>
+        <translation>Base de données que cet ordinateur n’a pas</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

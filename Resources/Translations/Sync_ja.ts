@@ -1859,6 +1859,22 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>Notes</source>
         <translation>ノート</translation>
     </message>
+    <message>
+        <source>Computers that may connect can read and change it if it is ticked.</source>
+        <translation>チェックが付いていると、接続できるコンピューターが読み取り、変更できます。</translation>
+    </message>
+    <message>
+        <source>Computer on the local network</source>
+        <translation>ローカルネットワークのコンピューター</translation>
+    </message>
+    <message>
+        <source>Location to import databases from</source>
+        <translation>データベースのインポート元の同期先</translation>
+    </message>
+    <message>
+        <source>Database that this computer does not have</source>
+        <translation>このコンピューターにないデータベース</translation>
+    </message>
 </context>
 <context>
     <name>Platform</name>

@@ -103,6 +103,19 @@ private Q_SLOTS:
         m_table->setParent(nullptr);
     }
 
+    void furtherLinesOrTheTableDescribeARow() {
+        m_table->setProperty("rowDescription", QStringLiteral("A folder"));
+        QVERIFY(m_table->rowHeight(0) < 2 * m_table->fontMetrics().height());
+        m_first->setProperty("name", QStringLiteral("Photos\nLast used: today"));
+        m_table->setContent({QVariant::fromValue(m_first), QVariant::fromValue(m_second)});
+        QCOMPARE(list()->child(0)->text(QAccessible::Name), QStringLiteral("Photos"));
+        QCOMPARE(list()->child(0)->text(QAccessible::Description),
+                 QStringLiteral("Last used: today"));
+        QCOMPARE(list()->child(1)->text(QAccessible::Name), QStringLiteral("Texts"));
+        QCOMPARE(list()->child(1)->text(QAccessible::Description), QStringLiteral("A folder"));
+        QVERIFY(m_table->rowHeight(0) >= 2 * m_table->fontMetrics().height());
+    }
+
     void theNameOfTheSelectedRowFollowsItsContent() {
         QSignalSpy changes(m_table.get(), &TableView::selectedNameChanged);
         QCOMPARE(m_table->selectedName(), QString());
