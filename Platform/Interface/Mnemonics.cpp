@@ -6,15 +6,18 @@
 #include <QtGui/QKeySequence>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QToolButton>
 #include <algorithm>
 
 namespace {
 
-bool isInScrollArea(const QWidget *widget) {
+/// A list takes the focus, in contrast to an area that only scrolls.
+bool isInList(const QWidget *widget) {
     for (const QWidget *parent = widget->parentWidget(); parent; parent = parent->parentWidget()) {
-        if (qobject_cast<const QAbstractScrollArea *>(parent)) {
+        if (qobject_cast<const QAbstractScrollArea *>(parent) &&
+            parent->focusPolicy() != Qt::NoFocus) {
             return true;
         }
     }
@@ -160,9 +163,43 @@ private:
     QHash<QChar, qsizetype> m_owners;
 };
 
+void assignToItems(const QMenu &menu) {
+    QList<QAction *> unmarked;
+    QSet<QChar> taken;
+    for (QAction *item : menu.actions()) {
+        const QChar letter = markedLetter(item->text());
+        if (!letter.isNull()) {
+            taken.insert(letter);
+        } else if (!item->text().isEmpty()) {
+            unmarked.append(item);
+        }
+    }
+    Letters letters(taken);
+    for (const QAction *item : std::as_const(unmarked)) {
+        letters.add(item->text());
+    }
+    for (qsizetype i = 0; i < unmarked.size(); ++i) {
+        // Qt would leave the brackets of a letter that was added.
+        unmarked.at(i)->setIconText(unmarked.at(i)->iconText());
+        unmarked.at(i)->setText(letters.marked(i));
+    }
+}
+
+/// A menu that shares items with a larger one keeps their letters.
+void assignToMenus(const QWidget &window) {
+    QList<QMenu *> menus = window.findChildren<QMenu *>();
+    std::stable_sort(menus.begin(), menus.end(), [](const QMenu *one, const QMenu *other) {
+        return one->actions().size() > other->actions().size();
+    });
+    for (const QMenu *menu : std::as_const(menus)) {
+        assignToItems(*menu);
+    }
+}
+
 }  // namespace
 
 void Mnemonics::assign(QWidget &window) {
+    assignToMenus(window);
     QWidgetList unmarked;
     QSet<QChar> taken;
     for (QWidget *widget : window.findChildren<QWidget *>()) {
@@ -171,7 +208,7 @@ void Mnemonics::assign(QWidget &window) {
                 taken.insert(markedLetter(menu->text()));
             }
         }
-        if (widget->window() != &window || isInScrollArea(widget) || !hasMnemonic(widget)) {
+        if (widget->window() != &window || isInList(widget) || !hasMnemonic(widget)) {
             continue;
         }
         const QChar letter = markedLetter(shownText(widget));

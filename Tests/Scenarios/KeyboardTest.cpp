@@ -137,6 +137,12 @@ private Q_SLOTS:
         QVERIFY(m_panel->find<QAction>("revealItem")->isEnabled());
         QTest::keyClick(menu, Qt::Key_Escape);
         QVERIFY(!menu->isVisible());
+        press(Qt::Key_F10, Qt::ShiftModifier);
+        const QKeySequence letter =
+            QKeySequence::mnemonic(m_panel->find<QAction>("removeItem")->text());
+        QVERIFY(!letter.isEmpty());
+        QTest::keyClick(menu, letter[0].key());
+        QCOMPARE(Panel::countOfLocations(), 1);
     }
 
     void aScheduleIsChosenWithTheArrows() {
@@ -163,7 +169,7 @@ private Q_SLOTS:
         // The menu of a button has an event loop of its own.
         QTimer::singleShot(0, menu, [&] {
             for (QAction *action : menu->actions()) {
-                if (action->text().contains(QStringLiteral("WebDAV"))) {
+                if (action->text().remove(u'&').contains(QStringLiteral("WebDAV"))) {
                     menu->setActiveAction(action);
                     QTest::keyClick(menu, Qt::Key_Return);
                     return;

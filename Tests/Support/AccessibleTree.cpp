@@ -106,6 +106,10 @@ private:
         if (const auto *table = qobject_cast<const TableView *>(each->object())) {
             checkRemoval(*table, *each);
         }
+        const QObject *object = each->object();
+        if (object && (object->inherits("TableView") || object->inherits("ListScrollArea"))) {
+            checkDescriptions(*each);
+        }
         for (int i = 0; i < each->childCount() && !isWhole; ++i) {
             QAccessibleInterface *child = each->child(i);
             const auto *widget = child ? qobject_cast<QWidget *>(child->object()) : nullptr;
@@ -158,6 +162,17 @@ private:
                            .contains(selected)) {
             m_problems.append(QStringLiteral("does not say that it is about “%1”: %2")
                                   .arg(selected, describe(*button)));
+        }
+    }
+
+    void checkDescriptions(const QAccessibleInterface &list) {
+        for (int i = 0; i < list.childCount(); ++i) {
+            const QAccessibleInterface *row = list.child(i);
+            if (row->role() == QAccessible::ListItem &&
+                row->text(QAccessible::Description).isEmpty()) {
+                m_problems.append(
+                    QStringLiteral("not described: %1").arg(row->text(QAccessible::Name)));
+            }
         }
     }
 
@@ -290,6 +305,9 @@ private:
             texts.clear();
             for (const QAction *action : menu->actions()) {
                 add(action->text());
+                if (!action->isSeparator() && letterIn(action->text()).isEmpty()) {
+                    m_problems.append(QStringLiteral("no letter: %1").arg(action->text()));
+                }
             }
             report(texts);
         }

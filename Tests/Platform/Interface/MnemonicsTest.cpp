@@ -2,6 +2,7 @@
 
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollArea>
 
@@ -80,6 +81,27 @@ private Q_SLOTS:
         QCOMPARE(row->text(), QStringLiteral("Sync Now"));
         QCOMPARE(first->text(), QStringLiteral("&A"));
         QCOMPARE(second->text(), QStringLiteral("A"));
+    }
+
+    void itemsOfMenusGetLettersOfTheirOwn() {
+        const QPushButton *edit = addButton("Edit");
+        auto *few = new QMenu(&m_window);
+        auto *many = new QMenu(&m_window);
+        QAction *shared = many->addAction(QStringLiteral("編集…"));
+        many->addSeparator();
+        const QAction *ends = many->addAction(QStringLiteral("Ends"));
+        const QAction *marked = many->addAction(QStringLiteral("&Add"));
+        few->addAction(shared);
+        const QAction *add = few->addAction(QStringLiteral("Add"));
+        for (int times = 0; times < 2; ++times) {
+            Mnemonics::assign(m_window);
+            QCOMPARE(edit->text(), QStringLiteral("&Edit"));
+            QCOMPARE(shared->text(), QStringLiteral("編集(&B)…"));
+            QCOMPARE(shared->iconText(), QStringLiteral("編集…"));
+            QCOMPARE(ends->text(), QStringLiteral("&Ends"));
+            QCOMPARE(marked->text(), QStringLiteral("&Add"));
+            QCOMPARE(add->text(), QStringLiteral("&Add"));
+        }
     }
 
     void lettersThatNoKeyTypesOrThatAreJoinedGetOneInBrackets() {
