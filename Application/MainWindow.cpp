@@ -10,6 +10,7 @@
 #include <QtWidgets/QToolBar>
 #include <QtWidgets/QVBoxLayout>
 
+#include "Application/ApplicationError.h"
 #include "Application/CountText.h"
 #include "Application/DeletionQuestion.h"
 #include "Application/EventLog.h"
@@ -35,8 +36,10 @@
 #include "Application/VelmoraApplication.h"
 #include "Application/WindowMemory.h"
 #include "Application/WindowSize.h"
+#include "Host/InboxUUID.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
+#include "Platform/Interface/ContextMenu.h"
 #include "Platform/Interface/MessageBox.h"
 #include "Platform/Interface/PlainText.h"
 
@@ -146,6 +149,8 @@ void MainWindow::makeDatabaseMenu() {
     m_renameAction = menu->addAction(tr("&Rename…"), this, &MainWindow::renameDatabase);
     m_renameAction->setShortcut(Qt::Key_F2);
     m_openAction = menu->addAction(tr("&Open"), this, &MainWindow::toggleOpen);
+    m_synchronizeAction = menu->addAction(tr("&Sync Now"), this, &MainWindow::synchronize);
+    m_synchronizeAction->setShortcut(Qt::Key_F5);
     m_exportAction = menu->addAction(tr("&Export…"), this, &MainWindow::exportDatabase);
     menu->addSeparator();
     m_deleteAction = menu->addAction(tr("&Delete…"), this, &MainWindow::deleteDatabase);
@@ -156,11 +161,24 @@ void MainWindow::makeDatabaseMenu() {
     m_restoreAction =
         menu->addAction(tr("Res&tore Deleted Database"), this, &MainWindow::restoreDatabase);
     menu->addSeparator();
-    menu->addAction(tr("&Quit"), this, &MainWindow::quit)->setShortcut(QKeySequence::Quit);
+    m_quitAction = menu->addAction(tr("&Quit"), this, &MainWindow::quit);
+    // QKeySequence::Quit has no key on some desktops.
+    m_quitAction->setShortcut(Qt::CTRL | Qt::Key_Q);
+}
+
+void MainWindow::makeListMenu() {
+    auto *menu = new QMenu(m_databases);
+    menu->setObjectName(QStringLiteral("databaseMenu"));
+    menu->setToolTipsVisible(true);
+    menu->addActions(
+        {m_synchronizeAction, m_openAction, m_renameAction, m_exportAction, m_deleteAction});
+    menu->insertSeparator(m_deleteAction);
+    ContextMenu::setMenu(m_databases, menu);
 }
 
 void MainWindow::makeActions() {
     makeDatabaseMenu();
+    makeListMenu();
     QMenu *editMenu = menuBar()->addMenu(tr("&Edit"));
     editMenu->addAction(m_notes->undoAction());
     editMenu->addSeparator();
@@ -170,6 +188,7 @@ void MainWindow::makeActions() {
         editMenu->addAction(tr("&Deleted Notes…"), this, &MainWindow::showDeletedNotes);
     editMenu->addSeparator();
     m_exportNoteAction = editMenu->addAction(tr("E&xport Note…"), this, &MainWindow::exportNote);
+    m_notes->addNoteActions({m_versionsAction, m_exportNoteAction});
     connect(m_notes, &NotesView::noteChanged, this, &MainWindow::updateNoteActions);
     connect(m_notes, &NotesView::editedChanged, this, &QWidget::setWindowModified);
 
@@ -320,6 +339,36 @@ void MainWindow::deleteDatabase() {
     }
 }
 
+void MainWindow::synchronize() {
+    const auto database = currentDatabase();
+    if (!database || !m_notes->leave()) {
+        return;
+    }
+    m_monitor->update();
+    const QString UUID = UUIDInStores(*database, m_library->inbox().get());
+    QVSyncStates states;
+    const QList<SynchronizationSummary::Item> items = m_monitor->summary().items();
+    for (const SynchronizationSummary::Item &item : items) {
+        if (item.state->databaseUUID() == UUID) {
+            states.append(item.state);
+        }
+    }
+    if (!states.isEmpty()) {
+        QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(
+            states);
+        return;
+    }
+    Error error = applicationError(
+        tr("“%1” is not synchronized with any location. Tick one in Sync Preferences.")
+            .arg(database->name()));
+    error.recoveryOptions = {{tr("Sync &Preferences…"), [window = QPointer(this)] {
+                                  if (window) {
+                                      window->showPreferences();
+                                  }
+                              }}};
+    NSApp()->presentError(error);
+}
+
 void MainWindow::restoreDatabase() {
     const auto deleted = m_library->deletedDatabases();
     if (!deleted.isEmpty() && presentIfFailed(m_library->restoreDatabase(deleted.last()))) {
@@ -355,6 +404,7 @@ PreferencesWindow *MainWindow::showPreferences() {
         }
         m_preferences = new PreferencesWindow(std::move(*pane));
         m_preferences->showRemovals(m_removals, &PlugIns::makeSyncPreferences);
+        m_preferences->addAction(m_quitAction);
         if (m_remembersWindows) {
             m_preferences->remember();
         }
@@ -397,6 +447,7 @@ void MainWindow::presentFailure() {
 void MainWindow::showLog() {
     if (!m_logWindow) {
         m_logWindow = new LogWindow(m_log, this);
+        m_logWindow->addAction(m_quitAction);
         if (m_remembersWindows) {
             WindowMemory::restore(*m_logWindow, LogName);
         }

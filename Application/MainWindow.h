@@ -81,6 +81,8 @@ private:
     void connectToApplication();
     void makeActions();
     void makeDatabaseMenu();
+    /// Makes the menu of the list of databases.
+    void makeListMenu();
     void makeHelpMenu();
     void makeToolBar(const QList<QAction *> &actions);
     /// Updates the list of databases, and then the selected database.
@@ -108,6 +110,9 @@ private:
     void toggleOpen();
     /// Deletes the selected database if the user confirms that. Runs a nested event loop.
     void deleteDatabase();
+    /// Synchronizes the selected database with the locations that are ticked for it, after saving
+    /// typed text. Presents an error if there is none.
+    void synchronize();
     /// Restores the database that was deleted last, and selects it.
     void restoreDatabase();
     /// Shows which database can be restored.
@@ -148,9 +153,11 @@ private:
     QAction *m_createAction = nullptr;
     QAction *m_renameAction = nullptr;
     QAction *m_openAction = nullptr;
+    QAction *m_synchronizeAction = nullptr;
     QAction *m_exportAction = nullptr;
     QAction *m_deleteAction = nullptr;
     QAction *m_restoreAction = nullptr;
+    QAction *m_quitAction = nullptr;
     QAction *m_exportNoteAction = nullptr;
     QAction *m_versionsAction = nullptr;
     QAction *m_deletedAction = nullptr;

@@ -5,6 +5,7 @@
 #include <QtGui/QAction>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
 #include <algorithm>
 #include <limits>
@@ -20,6 +21,7 @@
 #include "Application/PresentIfFailed.h"
 #include "Application/Splitter.h"
 #include "Application/UnsavedTextDialog.h"
+#include "Platform/Interface/ContextMenu.h"
 #include "Platform/Interface/PlaceholderField.h"
 #include "Platform/Interface/PlainText.h"
 
@@ -74,6 +76,8 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
       m_conflict(new ConflictBar),
       m_addButton(new QPushButton(tr("New &Note"))),
       m_removeButton(new QPushButton(tr("De&lete Note"))),
+      m_addAction(new QAction(m_addButton->text(), this)),
+      m_removeAction(new QAction(m_removeButton->text(), this)),
       m_undoAction(new QAction(this)) {
     m_list->setModel(m_rows);
     m_list->setAccessibleName(tr("Notes"));
@@ -104,8 +108,29 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_keeping.setInterval(PauseInMilliseconds);
     m_reading.setSingleShot(true);
     makeWidgets();
+    makeMenu();
     connectWidgets();
     showNothing();
+}
+
+void NotesView::makeMenu() {
+    // Elsewhere the key deletes text. One that is held down deletes one note.
+    m_removeAction->setShortcut(QKeySequence::Delete);
+    m_removeAction->setShortcutContext(Qt::WidgetShortcut);
+    m_removeAction->setAutoRepeat(false);
+    m_list->addAction(m_removeAction);
+    auto *menu = new QMenu(m_list);
+    menu->setObjectName(QStringLiteral("noteMenu"));
+    menu->addAction(m_addAction);
+    menu->addSeparator();
+    menu->addSeparator();
+    menu->addAction(m_removeAction);
+    ContextMenu::setMenu(m_list, menu);
+}
+
+void NotesView::addNoteActions(const QList<QAction *> &actions) {
+    QMenu *menu = ContextMenu::menu(m_list);
+    menu->insertActions(menu->actions().at(2), actions);
 }
 
 void NotesView::connectWidgets() {
@@ -122,6 +147,8 @@ void NotesView::connectWidgets() {
     connect(m_copyButton, &QPushButton::clicked, this, [this] { NoteClipboard::copy(m_note); });
     connect(m_addButton, &QPushButton::clicked, this, &NotesView::addNote);
     connect(m_removeButton, &QPushButton::clicked, this, &NotesView::removeNote);
+    connect(m_addAction, &QAction::triggered, this, &NotesView::addNote);
+    connect(m_removeAction, &QAction::triggered, this, &NotesView::removeNote);
     connect(m_conflict, &ConflictBar::compareRequested, this, &NotesView::compareEdits);
     connect(m_conflict, &ConflictBar::keepThisRequested, this, [this] {
         resolveConflict([this](const Note &shown, const Note &other) { keepEdit(shown, other); });
@@ -211,7 +238,7 @@ void NotesView::showNothing() {
         const QSignalBlocker blocker(m_list);
         m_rows->clear();
     }
-    m_addButton->setEnabled(false);
+    setAddingEnabled(false);
     showNote(-1);
 }
 
@@ -240,7 +267,7 @@ void NotesView::readRows() {
         NSApp()->presentError(read.error());
         return;
     }
-    m_addButton->setEnabled(true);
+    setAddingEnabled(true);
     if (m_unread || !m_changed.isEmpty()) {
         m_reading.start();
     }
@@ -368,6 +395,7 @@ void NotesView::showNote(int row) {
     m_title->setEnabled(row >= 0);
     m_text->setEnabled(row >= 0);
     m_removeButton->setEnabled(row >= 0);
+    m_removeAction->setEnabled(row >= 0);
     Q_EMIT noteChanged();
 }
 
@@ -393,6 +421,11 @@ void NotesView::showContents() {
     setNotice(isExact ? QString()
                       : tr("This note cannot be edited here: it contains something that the editor "
                            "would change, or too many or too long lines."));
+}
+
+void NotesView::setAddingEnabled(bool isEnabled) {
+    m_addButton->setEnabled(isEnabled);
+    m_addAction->setEnabled(isEnabled);
 }
 
 void NotesView::removeHalfCharacter() {

@@ -16,6 +16,7 @@ class NotesModel;
 class QAction;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QPushButton;
 class Splitter;
 
@@ -53,6 +54,9 @@ public:
     /// a conflicting edit, in its database. Owned by this view; disabled while there is no such
     /// note.
     QAction *undoAction() const { return m_undoAction; }
+    /// Adds commands for the shown note, which are not owned, to the menu of the list, which the
+    /// menu key or a secondary click opens. Must be called once.
+    void addNoteActions(const QList<QAction *> &actions);
     /// Lets the action undo nothing in `database`, which was deleted.
     void forgetDeletions(const std::shared_ptr<NoteDatabase> &database);
     /// Returns the note that is shown, without unsaved edits; no UUID while there is none.
@@ -81,6 +85,7 @@ private:
     };
 
     void makeWidgets();
+    void makeMenu();
     void connectWidgets();
     /// Shows no note and discards edits, before the notes of another database are read.
     void showNothing();
@@ -108,6 +113,7 @@ private:
     void showNote(int row);
     /// Shows the text of the note, read-only if the editor cannot represent it exactly.
     void showContents();
+    void setAddingEnabled(bool isEnabled);
     /// Saves a new note with a default title, and selects the title.
     void addNote();
     /// Deletes the shown note, after saving what was typed, so that it can be restored completely.
@@ -192,5 +198,7 @@ private:
     ConflictBar *m_conflict;
     QPushButton *m_addButton;
     QPushButton *m_removeButton;
+    QAction *m_addAction;
+    QAction *m_removeAction;
     QAction *m_undoAction;
 };

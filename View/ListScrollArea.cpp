@@ -63,10 +63,6 @@ void ListScrollArea::keyPressEvent(QKeyEvent *event) {
     const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
     const bool isPlain = modifiers == Qt::NoModifier;
     const bool isTyped = isPlain || modifiers == Qt::ShiftModifier;
-    if (event->key() == Qt::Key_F10 && modifiers == Qt::ShiftModifier) {
-        openMenu();
-        return;
-    }
     const bool isUsed = isPlain && list() && !isBlankOfName(*event) &&
                         (moveSelection(event->key()) || useSelectedRow(event->key()));
     if (isUsed || (list() && isTyped && selectByName(*event))) {

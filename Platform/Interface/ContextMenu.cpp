@@ -17,6 +17,10 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override {
+        if (m_menu && isMenuKey(*event)) {
+            openByKey();
+            return true;
+        }
         if (event->type() != QEvent::ContextMenu || !m_menu) {
             return QObject::eventFilter(watched, event);
         }
@@ -25,6 +29,20 @@ protected:
     }
 
 private:
+    /// Returns whether `event` is the key that stands for the menu key, which Qt does not handle.
+    static bool isMenuKey(const QEvent &event) {
+        const auto *key =
+            event.type() == QEvent::KeyPress ? static_cast<const QKeyEvent *>(&event) : nullptr;
+        return key && key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier;
+    }
+
+    /// Opens the menu where the view shows what the keys act on.
+    void openByKey() {
+        auto *view = static_cast<QWidget *>(parent());
+        const QRect frame = view->inputMethodQuery(Qt::ImCursorRectangle).toRect() & view->rect();
+        m_menu->popup(view->mapToGlobal(frame.center()));
+    }
+
     const QPointer<QMenu> m_menu;
 };
 

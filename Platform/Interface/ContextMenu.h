@@ -5,9 +5,10 @@
 class QMenu;
 class QWidget;
 
-/// The menu that a secondary click or the menu key opens on a view, unless a child of the view
-/// under the pointer handles the event. The menu is not owned, may serve several views, and opens
-/// without blocking; if it is destroyed, the view has none. Must be used on the main thread.
+/// The menu that a secondary click, the menu key or Shift+F10 opens on a view, unless a child of
+/// the view under the pointer handles the event. The menu is not owned, may serve several views,
+/// and opens without blocking; if it is destroyed, the view has none. Must be used on the main
+/// thread.
 namespace ContextMenu {
 
 /// Returns the view's menu, or null if it has none. `view` must not be null.

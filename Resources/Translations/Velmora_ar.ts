@@ -580,6 +580,14 @@ License: Apache License 2.0</source>
 
 الرخصة: Apache License 2.0</translation>
     </message>
+    <message>
+        <source>&amp;Sync Now</source>
+        <translation>المزامنة الآن (&amp;S)</translation>
+    </message>
+    <message>
+        <source>“%1” is not synchronized with any location. Tick one in Sync Preferences.</source>
+        <translation>لا تتم مزامنة «⁨%1⁩» مع أي موقع. علِّم موقعًا في تفضيلات المزامنة.</translation>
+    </message>
 </context>
 <context>
     <name>NotesModel</name>

@@ -564,6 +564,14 @@ License: Apache License 2.0</source>
 
 Lizenz: Apache License 2.0</translation>
     </message>
+    <message>
+        <source>&amp;Sync Now</source>
+        <translation>S&amp;ynchronisieren</translation>
+    </message>
+    <message>
+        <source>“%1” is not synchronized with any location. Tick one in Sync Preferences.</source>
+        <translation>„%1“ wird mit keinem Ort synchronisiert. Kreuzen Sie in den Sync-Einstellungen einen an.</translation>
+    </message>
 </context>
 <context>
     <name>NotesModel</name>

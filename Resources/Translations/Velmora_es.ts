@@ -564,6 +564,14 @@ License: Apache License 2.0</source>
 
 Licencia: Apache License 2.0</translation>
     </message>
+    <message>
+        <source>&amp;Sync Now</source>
+        <translation>S&amp;incronizar</translation>
+    </message>
+    <message>
+        <source>“%1” is not synchronized with any location. Tick one in Sync Preferences.</source>
+        <translation>«%1» no se sincroniza con ninguna ubicación. Marque una en Preferencias de sincronización.</translation>
+    </message>
 </context>
 <context>
     <name>NotesModel</name>

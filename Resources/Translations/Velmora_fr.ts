@@ -564,6 +564,14 @@ License: Apache License 2.0</source>
 
 Licence : Apache License 2.0</translation>
     </message>
+    <message>
+        <source>&amp;Sync Now</source>
+        <translation>S&amp;ynchroniser</translation>
+    </message>
+    <message>
+        <source>“%1” is not synchronized with any location. Tick one in Sync Preferences.</source>
+        <translation>« %1 » n’est synchronisé avec aucun emplacement. Cochez-en un dans les Préférences de synchronisation.</translation>
+    </message>
 </context>
 <context>
     <name>NotesModel</name>

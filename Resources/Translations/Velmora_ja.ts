@@ -560,6 +560,14 @@ License: Apache License 2.0</source>
 
 ライセンス: Apache License 2.0</translation>
     </message>
+    <message>
+        <source>&amp;Sync Now</source>
+        <translation>今すぐ同期(&amp;S)</translation>
+    </message>
+    <message>
+        <source>“%1” is not synchronized with any location. Tick one in Sync Preferences.</source>
+        <translation>「%1」はどの同期先とも同期されていません。同期設定で同期先にチェックを付けてください。</translation>
+    </message>
 </context>
 <context>
     <name>NotesModel</name>

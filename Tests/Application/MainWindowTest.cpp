@@ -4,6 +4,7 @@
 #include <QtCore/QTranslator>
 #include <QtGui/QAction>
 #include <QtGui/QClipboard>
+#include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QLabel>
@@ -94,6 +95,30 @@ class MainWindowTest : public QObject {
         m_window = std::make_unique<MainWindow>(&m_host->library(), &m_log, m_host->directory());
         m_window->show();
         databases()->setCurrentRow(1);
+    }
+    void activate(QWidget *window) const {
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window));
+    }
+    /// Returns the titles in the menu that Shift+F10 or a click opens on `list`.
+    QStringList titlesInMenu(QWidget *list, const char *name, bool isClicked) const {
+        auto *menu = list->findChild<QMenu *>(QLatin1StringView(name));
+        if (isClicked) {
+            QContextMenuEvent event(QContextMenuEvent::Mouse, {4, 4}, list->mapToGlobal(QPoint()));
+            QCoreApplication::sendEvent(qobject_cast<QAbstractScrollArea *>(list)->viewport(),
+                                        &event);
+        } else {
+            QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
+        }
+        if (!menu || !menu->isVisible()) {
+            return {};
+        }
+        menu->close();
+        QStringList titles;
+        for (const QAction *each : menu->actions()) {
+            titles.append(each->text().remove(u'&'));
+        }
+        return titles;
     }
     void typeText(const QString &typed) const {
         text()->moveCursor(QTextCursor::End);
@@ -305,6 +330,90 @@ private Q_SLOTS:
         QCOMPARE(savedTexts(), QStringList({QStringLiteral("Second"), QStringLiteral("First")}));
         QCOMPARE(text()->toPlainText(), QStringLiteral("First"));
         QVERIFY(!undoAction()->isEnabled());
+    }
+
+    void theKeyDeletesTheNoteInTheListOnly() {
+        activate(m_window.get());
+        title()->setFocus();
+        title()->setCursorPosition(0);
+        QTest::keyClick(title(), Qt::Key_Delete);
+        QCOMPARE(title()->text(), QStringLiteral("irst"));
+        notes()->setFocus();
+        QTest::keyClick(notes(), Qt::Key_Delete);
+        QCOMPARE(savedTexts(), QStringList{QStringLiteral("Second")});
+        QTest::keyClick(notes(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(savedTexts(), QStringList({QStringLiteral("Second"), QStringLiteral("First")}));
+        QCOMPARE(title()->text(), QStringLiteral("irst"));
+    }
+
+    void theListsHaveMenus_data() {
+        QTest::addColumn<bool>("isClicked");
+        QTest::newRow("key") << false;
+        QTest::newRow("click") << true;
+    }
+    void theListsHaveMenus() {
+        QFETCH(const bool, isClicked);
+        QCOMPARE(titlesInMenu(databases(), "databaseMenu", isClicked),
+                 QStringList({QStringLiteral("Sync Now"), QStringLiteral("Close"),
+                              QStringLiteral("Rename…"), QStringLiteral("Export…"), QString(),
+                              QStringLiteral("Delete…")}));
+        QCOMPARE(titlesInMenu(notes(), "noteMenu", isClicked),
+                 QStringList({QStringLiteral("New Note"), QString(),
+                              QStringLiteral("Earlier Versions…"), QStringLiteral("Export Note…"),
+                              QString(), QStringLiteral("Delete Note")}));
+    }
+
+    void theMenuOfTheNotesFollowsTheNote() {
+        QVERIFY(action("Delete Note")->isEnabled());
+        action("Delete Note")->trigger();
+        action("Delete Note")->trigger();
+        QCOMPARE(savedTexts(), QStringList());
+        QVERIFY(!action("Delete Note")->isEnabled());
+        action("New Note")->trigger();
+        QCOMPARE(savedTexts().size(), 1);
+        QVERIFY(m_host->library().closeDatabase(m_plans));
+        QVERIFY(!action("New Note")->isEnabled());
+    }
+
+    void theKeySynchronizesTheDatabaseWithWhatIsTyped() {
+        const auto location = m_host->addLocation();
+        const auto state = m_host->addState(location, m_plans);
+        const auto other = m_host->addState(location, m_host->library().knownDatabases().at(2));
+        for (const auto &each : {state, other}) {
+            each->setEnabled(true);
+        }
+        m_host->save();
+        activate(m_window.get());
+        typeText(QStringLiteral(" typed"));
+        QTest::keyClick(text(), Qt::Key_F5);
+        QTRY_VERIFY(state->lastSynced().isValid());
+        QTRY_VERIFY(m_host->engine().plugin().dispatcher()->activity().isEmpty());
+        QVERIFY(!other->lastSynced().isValid());
+        QVERIFY(savedTexts().contains(QStringLiteral("First typed")));
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
+    }
+
+    void theKeySaysIfThereIsNothingToSynchronizeWith() {
+        activate(m_window.get());
+        QTest::keyClick(m_window.get(), Qt::Key_F5);
+        const QList<Error> errors = m_host->application().presentedErrors();
+        QCOMPARE(errors.size(), 1);
+        QVERIFY(errors.first().localizedDescription.contains(m_plans->name()));
+        errors.first().recoveryOptions.first().choose();
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        QVERIFY(std::any_of(windows.begin(), windows.end(), [](const QWidget *each) {
+            return qobject_cast<const PreferencesWindow *>(each) && each->isVisible();
+        }));
+        QVERIFY(m_window->close());
+    }
+
+    void theKeyQuitsInSyncPreferences() {
+        const QSignalSpy quitting(m_window.get(), &MainWindow::quitRequested);
+        PreferencesWindow *preferences = m_window->showPreferences();
+        activate(preferences);
+        QTest::keyClick(preferences, Qt::Key_Q, Qt::ControlModifier);
+        QCOMPARE(quitting.size(), 1);
+        QVERIFY(!m_window->isVisible());
     }
 
     void deletingSparesAnEditThatWasNotSeen() {
