@@ -1,5 +1,7 @@
 #include "Controller/Preferences/QVSyncBookmarkManagerDataSource.h"
 
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
 #include <QtGui/QPixmap>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
@@ -9,6 +11,8 @@
 #include "Host/SyncLog.h"
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/PathComponents.h"
+#include "Platform/Interface/Contrast.h"
+#include "Platform/Interface/ListPalette.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/RequiredChild.h"
 #include "Platform/Interface/TableView.h"
@@ -20,11 +24,50 @@ QString pathOf(const QVariant &row) {
     return row.toMap().value(QStringLiteral("path")).toString();
 }
 
+bool isSeen(const QImage &picture, const QColor &ground) {
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor shown = Contrast::blended(picture.pixelColor(x, y), ground);
+            if (Contrast::ratio(shown, ground) >= Contrast::OfOutline) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+/// Returns `picture` with a line around what it shows.
+QPixmap outlined(const QPixmap &picture, const QColor &color) {
+    QPixmap line = picture;
+    {
+        QPainter painter(&line);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(line.rect(), color);
+    }
+    QPixmap result(picture.size() + QSize(2, 2) * picture.devicePixelRatio());
+    result.setDevicePixelRatio(picture.devicePixelRatio());
+    result.fill(Qt::transparent);
+    QPainter painter(&result);
+    for (const QPoint &place : {QPoint(0, 1), QPoint(2, 1), QPoint(1, 0), QPoint(1, 2)}) {
+        painter.drawPixmap(place, line);
+    }
+    painter.drawPixmap(1, 1, picture);
+    return result;
+}
+
+/// Returns the icon as it is, or with an outline if it can hardly be seen on the ground of a list.
+QPixmap visibleIcon(const QPixmap &icon) {
+    const QPalette list = ListPalette::normal();
+    return isSeen(icon.toImage(), list.color(QPalette::Window))
+               ? icon
+               : outlined(icon, Contrast::outline(list));
+}
+
 QWidget *makeBookmarkCell(TableView &tableView, const QString &identifier, QObject *owner,
                           const QVariantMap &row) {
     QWidget *view = tableView.makeViewWithIdentifier(identifier, owner);
     requiredChild<QLabel>(*view, QStringLiteral("imageView"))
-        .setPixmap(row.value(QStringLiteral("image")).value<QPixmap>());
+        .setPixmap(visibleIcon(row.value(QStringLiteral("image")).value<QPixmap>()));
     auto &textField = requiredChild<QLabel>(*view, QStringLiteral("textField"));
     textField.setText(PlainText::message(row.value(QStringLiteral("name")).toString()));
     view->setAccessibleName(textField.text());

@@ -206,6 +206,8 @@ private Q_SLOTS:
         QTest::newRow("failed synchronization")
             << EveryWindow::MakeWindow(EveryWindow::failedSynchronization) << QString()
             << QLocale(QLocale::English);
+        QTest::newRow("folder access") << EveryWindow::MakeWindow(EveryWindow::folderAccess)
+                                       << QString() << QLocale(QLocale::English);
         QTest::newRow("busy location") << EveryWindow::MakeWindow(EveryWindow::busyLocation)
                                        << QString() << QLocale(QLocale::English);
     }
