@@ -85,7 +85,7 @@ void run(Benchmark::Report &report) {
     report.compareTenTimes(QStringLiteral("the same, the slowest of ten runs"),
                            repeat(lone, &Subject::announceLone), emission, 1.3);
     const Benchmark::Row together =
-        report.compare(QStringLiteral("the same with eight dependents nobody observes"),
+        report.compare(QStringLiteral("the same with eight dependents that are not observed"),
                        repeat(source, &Subject::announceSource), emission);
     const double each = (together.ratio() - alone.ratio()) / dependentCount;
     report.add({QStringLiteral("each of these dependents"), each * together.reference,

@@ -3,8 +3,8 @@
 #include "Platform/KeyValue/ArrayController.h"
 
 /// An ArrayController with keys for empty lists and lists without a selection, to which forms bind
-/// their placeholders and hints. It is
-/// named as the forms name it, and created by Nib. Must be used on the main thread.
+/// their placeholders and hints. It is named as the forms name it, and created by Nib, which owns
+/// it. Must be used on the main thread.
 class NSArrayController : public ArrayController {
     Q_OBJECT
     /// Whether there are no arranged objects. Announced with "arrangedObjects", even if it does not
@@ -17,6 +17,7 @@ public:
 
     /// True before the content is set for the first time.
     bool isEmpty() const;
+    /// False for an empty list.
     bool isNothingSelected() const;
 
     /// Dependencies of the derived keys, read by KeyValue.

@@ -9,5 +9,6 @@ class QVLocationImageValueTransformer : public ValueTransformer {
 public:
     /// Returns the type QPixmap.
     QMetaType transformedValueClass() const override;
+    /// Does not block. `value` is not kept.
     QVariant transformedValue(const QVariant &value) const override;
 };

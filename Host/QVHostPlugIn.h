@@ -23,7 +23,8 @@ public:
     /// called.
     virtual Expected<void> begin(const QString &folder) = 0;
     /// Cancels all operations and waits for them, removes the class objects, and sets NSApp() to
-    /// null. Nothing of the host may run when this has returned.
+    /// null. Nothing of the host may run when this has returned. Called once after a begin() that
+    /// succeeded; must return within the time that the check gives each step.
     virtual void end() = 0;
 
     /// Creates a database with this name and opens it, as a user of the application does. Returns

@@ -25,8 +25,9 @@ public:
     /// Returns the size of syncLocations().
     virtual qsizetype countOfSyncLocations() const = 0;
     /// Inserts `location` before the one at `index`, which must be from 0 to
-    /// countOfSyncLocations(); that count appends. Raises an AssertionFailure if `location` is null
-    /// or not one of this host. It must not be in the list already.
+    /// countOfSyncLocations(); that count appends. Any other index is a mistake of the caller,
+    /// whose effect is not defined. Raises an AssertionFailure if `location` is null or not one of
+    /// this host. It must not be in the list already.
     virtual void insertObjectInSyncLocationsAtIndex(const std::shared_ptr<QVSyncLocation> &location,
                                                     qsizetype index) = 0;
     /// Returns the index of this object (compared by identity), or -1 if the list does not contain

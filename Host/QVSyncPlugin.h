@@ -73,7 +73,7 @@ public:
     virtual QStringList bookmarkDictionaryKeys() const = 0;
 
     /// Returns whether the removable volume or network share that contains `path` is mounted; true
-    /// for a path that is on no such volume. `path` need not exist. Does not block, even if a
-    /// volume does not respond.
+    /// for a path that is on no such volume. `path` need not exist. True also if the system does
+    /// not say which volumes are mounted. Does not block, even if a volume does not respond.
     virtual bool isVolumeMountedAtPath(const QString &path) const = 0;
 };

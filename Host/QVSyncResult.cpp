@@ -29,7 +29,7 @@ std::optional<Error> QVSyncResult::failure(const QString &database,
     std::optional<Error> failed = error;
     if (!failed && problems > 0) {
         failed = Error{
-            .domain = QStringLiteral("SyncPreferences"),
+            .domain = SyncErrorDomain,
             .localizedDescription =
                 localizedSyncString("Some items of “%1” could not be synchronized with “%2”. Open "
                                     "the log to see which.")

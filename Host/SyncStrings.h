@@ -6,6 +6,9 @@
 /// QVSyncLocationFormatter::locationType().
 inline constexpr char SyncTable[] = "Sync";
 
+/// The domain of the errors that the pane makes, also of what a host reports. They have no codes.
+inline const QString SyncErrorDomain = QStringLiteral("SyncPreferences");
+
 /// Returns `key`, an English text in UTF-8, in the user's language as the sync plug-in's own table
 /// has it, or `key` if the table has no such text. Thread-safe.
 ///

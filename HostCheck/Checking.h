@@ -12,7 +12,8 @@
 #include "Host/QVSyncLocationsController.h"
 #include "Host/QVSyncPlugin.h"
 
-/// What the checks share. All of it must be used on the main thread.
+/// What the checks share. All of it must be used on the main thread unless stated otherwise, while
+/// a host is registered. Functions that return a pointer never return null.
 namespace Checking {
 
 /// Thrown if a promise is broken. `reason` is a constant.
@@ -40,6 +41,7 @@ void wakeUp();
 class CheckedHost {
 public:
     explicit CheckedHost(QVHostPlugIn *host);
+    /// From now on, no host is known.
     ~CheckedHost();
     CheckedHost(const CheckedHost &) = delete;
     CheckedHost &operator=(const CheckedHost &) = delete;
@@ -47,7 +49,7 @@ public:
 /// Returns the host's plug-in. Throws NotOffered if it is not known.
 QVHostPlugIn &host();
 
-/// Returns the class object. Throws NotOffered if the host has none.
+/// Returns the class object, which the host owns. Throws NotOffered if the host has none.
 template <class ClassObject>
 ClassObject &classObject() {
     auto *found = optionalHostClass<ClassObject>();
@@ -55,6 +57,7 @@ ClassObject &classObject() {
     return *found;
 }
 
+/// Return the objects of the host's sync plug-in, which owns them. Throw Broken if it has none.
 QVSyncLocationsController &list();
 QVSyncDispatcher &dispatcher();
 /// Returns the open databases. Throws NotOffered if the host has no databases, or if one of them is
@@ -68,7 +71,8 @@ std::shared_ptr<PZFuture> newFuture();
 /// Returns a UUID that no database has.
 QString newUUID();
 
-/// Makes an empty sync store in the folder `path`, and returns its address.
+/// Makes an empty sync store in the folder `path`, and returns its address. Throws Broken if it
+/// cannot be written. Blocks for the disk.
 Url makeStore(const QString &path);
 
 /// An empty sync store in a folder, which is removed with this object, and a new location of it.
@@ -78,14 +82,15 @@ struct Folder {
     const std::shared_ptr<QVSyncLocation> location = newLocation(URL);
 };
 
-/// Returns the paths of everything in the store.
+/// Returns the paths of everything in the store, sorted. Blocks for the disk.
 QStringList contentsOf(const Folder &store);
 
 /// The enabled state of the inbox at a new location, which is in the list while this object exists.
 class InboxState {
 public:
-    /// `added` is not in the list yet.
+    /// `added` must not be null and is not in the list yet.
     explicit InboxState(const std::shared_ptr<QVSyncLocation> &added);
+    /// Removes the location from the list.
     ~InboxState();
     InboxState(const InboxState &) = delete;
     InboxState &operator=(const InboxState &) = delete;

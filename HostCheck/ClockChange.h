@@ -3,7 +3,8 @@
 #include <QtCore/QDateTime>
 
 /// A time zone of this process in which it is about noon and the clock is changed by an hour soon.
-/// The former zone returns with this object. No other thread may change the environment meanwhile.
+/// The former zone returns with this object; there must be one at a time. No other thread may read
+/// or change the environment meanwhile. Must be used on the main thread.
 class ClockChange {
 public:
     enum class Kind {
@@ -17,11 +18,12 @@ public:
     static ClockChange tomorrow(Kind kind);
     /// Changes the clock at `moment`, a full minute that is less than an hour away.
     static ClockChange at(const QDateTime &moment, Kind kind);
+    /// Sets the former zone.
     ~ClockChange();
     ClockChange(const ClockChange &) = delete;
     ClockChange &operator=(const ClockChange &) = delete;
 
-    /// Returns whether this system knows the zone.
+    /// Returns whether this system knows the zone. Otherwise nothing can be checked in it.
     bool isInEffect() const;
 
 private:

@@ -10,11 +10,13 @@
 
 #include "HostCheck/Checking.h"
 
-/// A handler whose calls are counted, with the values of the first one. It is final once the host
-/// has destroyed all copies of the handler, since it cannot call it any more. Handlers are made and
-/// their results read on the main thread.
+/// A handler whose calls are counted, with the values of the first one. The count is final once the
+/// host has destroyed all copies of the handler, since it cannot call it any more. Handlers are
+/// made and their results read on the main thread; the host may call them on any. A host may also
+/// call one after this object is destroyed, which does no harm.
 template <class... Values>
 class Handler {
+    /// Shared with the copies of the handler.
     struct Calls {
         std::atomic<int> count = 0;
         std::atomic<int> onMainThread = 0;
@@ -22,6 +24,7 @@ class Handler {
         std::atomic<int> withinCall = 0;
         std::atomic<bool> isCalling = true;
         const std::thread::id mainThread = std::this_thread::get_id();
+        /// Guards `values`, the arguments of the first call.
         std::mutex mutex;
         std::optional<std::tuple<Values...>> values;
     };
@@ -34,7 +37,8 @@ class Handler {
     };
 
 public:
-    /// Returns the handler, once.
+    /// Returns the handler to be passed to the host, whose copies all count as the same one. Must
+    /// be called once.
     auto function() {
         return [calls = m_calls, token = std::exchange(m_token, nullptr)](const Values &...values) {
             const bool isOnMainThread = std::this_thread::get_id() == calls->mainThread;
@@ -71,10 +75,12 @@ public:
         requireEnd();
         Checking::require(m_calls->count == 1, "a handler was called more than once");
     }
+    /// Return whether there was a call, one on the main thread, and one on that thread while a
+    /// function of the host was being called. May be called at any time.
     bool wasCalled() const { return m_calls->count > 0; }
     bool wasCalledOnMainThread() const { return m_calls->onMainThread > 0; }
     bool wasCalledWithinCall() const { return m_calls->withinCall > 0; }
-    /// Returns the values of the first call, after requireCall().
+    /// Returns the values of the first call, after requireCall(). Valid as long as this object.
     const std::tuple<Values...> &values() const { return *m_calls->values; }
 
 private:

@@ -10,18 +10,19 @@
 /// returns. Must be used on one thread.
 class HostDeadline {
 public:
-    /// `limit` is the time that each step has.
+    /// `limit` is the time that each step has, and must be positive. No step begins yet.
     explicit HostDeadline(std::chrono::seconds limit);
-    /// Ends the last step.
+    /// Ends the last step. Waits for a call of `missed` that is running.
     ~HostDeadline();
     HostDeadline(const HostDeadline &) = delete;
     HostDeadline &operator=(const HostDeadline &) = delete;
 
     /// Ends the last step and begins another one. If that does not end in time, `missed` is called
-    /// once, on a thread of this object.
+    /// once, on a thread of this object; it must not be empty. Does not block.
     void begin(std::function<void()> missed);
 
 private:
+    /// Waits for deadlines. Called on the thread.
     void watch();
 
     const std::chrono::seconds m_limit;

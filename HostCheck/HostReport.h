@@ -16,9 +16,11 @@ public:
         Json,
     };
 
+    /// Writes nothing yet.
     explicit HostReport(Format format) : m_format(format) {}
 
-    /// Begins the report about a host that was compiled with `version` of the interface.
+    /// Begins the report about a host that was compiled with `version` of the interface. Must be
+    /// called first, and once.
     void begin(HostVersion version);
     /// Returns what ends the report, after begin(), if `finding` is the last one.
     QByteArray end(const HostFinding &finding) const;

@@ -20,10 +20,12 @@ public:
             QTemporaryDir &folder);
 
     /// Returns whether no promise is broken, or an error if the host cannot be begun or was built
-    /// for another version of the interface, whose promises are others.
+    /// for another version of the interface, whose promises are others. Blocks until the host has
+    /// ended, and runs the event loop. Must be called once.
     Expected<bool> run();
 
 private:
+    /// Checks the promises in their order, each within the limit.
     void checkAll();
     /// Ends the host.
     void end();

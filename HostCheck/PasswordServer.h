@@ -19,11 +19,13 @@ public:
     Url URL() const;
     /// Returns whether a client was asked for a password.
     bool hasAsked() const { return m_hasAsked; }
-    /// Returns the credentials that were received, as the protocol encodes them.
+    /// Returns the credentials that were received, in order, as the protocol encodes them.
     const QByteArrayList &credentials() const { return m_credentials; }
 
 private:
+    /// Reads the request of `client`, which is deleted when the connection has ended, and responds.
     void serve(QTcpSocket &client);
+    /// Notes the credentials of a request.
     void respond(const QByteArray &request);
 
     const QString m_user;

@@ -33,7 +33,9 @@ private:
         QTcpSocket *client;
     };
 
+    /// Reads the requests of `client`, which is deleted when the connection has ended.
     void serve(QTcpSocket &client);
+    /// Holds the request that `bytes` are, or responds to it.
     void take(QTcpSocket &client, const QByteArray &bytes);
     static void respondTo(const Request &request);
     static QByteArray responseTo(const Request &request);

@@ -3,7 +3,7 @@
 #include <QtWidgets/QRadioButton>
 
 /// A radio button of a group in which none may be chosen. The group, its keys and what assistive
-/// technologies are told are those of QRadioButton. Must be used on the main thread.
+/// technologies get are those of QRadioButton. Must be used on the main thread.
 class OptionalRadioButton : public QRadioButton {
     Q_OBJECT
     /// Whether the button is chosen. Unlike QRadioButton's, it can be set to false.

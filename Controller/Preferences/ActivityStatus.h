@@ -17,7 +17,7 @@ class ActivityStatus : public QObject {
     Q_PROPERTY(QVSyncDispatcher *dispatcher READ dispatcher WRITE setDispatcher)
     /// What the dispatcher is doing and, if the host offers it, how far it is: "Synchronizing
     /// “Projects” with “Home”… 120 of 400". While the dispatcher is idle, what it has done last, if
-    /// that is to be told; otherwise the SynchronizationTextKey of the application, if it has one.
+    /// that is to be shown; otherwise the SynchronizationTextKey of the application, if it has one.
     Q_PROPERTY(QString text READ text NOTIFY changed)
     /// Whether a job is running.
     Q_PROPERTY(bool running READ isRunning NOTIFY changed)
@@ -28,10 +28,13 @@ class ActivityStatus : public QObject {
     /// 100, or 0 if the extent is not known, for which QProgressBar shows a busy indicator.
     Q_PROPERTY(int maximum READ maximum NOTIFY changed)
 public:
+    /// Without a dispatcher until the form sets it. `parent` may be null.
     explicit ActivityStatus(QObject *parent = nullptr);
 
+    /// Null if none was set or it is destroyed.
     QVSyncDispatcher *dispatcher() const { return m_dispatcher; }
-    /// Observes `dispatcher` instead of the former one and emits changed().
+    /// Observes `dispatcher` instead of the former one and emits changed(). Null is allowed; the
+    /// dispatcher is not owned.
     void setDispatcher(QVSyncDispatcher *dispatcher);
     /// Each call reads the dispatcher, so it is up to date before changed() is emitted.
     QString text() const;

@@ -9,5 +9,6 @@ class ClientTextValueTransformer : public ValueTransformer {
 public:
     /// Returns the type QString.
     QMetaType transformedValueClass() const override;
+    /// `value` is the account, a QString.
     QVariant transformedValue(const QVariant &value) const override;
 };

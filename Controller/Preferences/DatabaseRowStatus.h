@@ -26,8 +26,10 @@ class DatabaseRowStatus : public QObject {
     /// nothing did. Failures at locations that are not ticked do not count.
     Q_PROPERTY(std::optional<Error> error READ error NOTIFY changed)
 public:
+    /// Without a row until the form sets it. `parent` may be null.
     explicit DatabaseRowStatus(QObject *parent = nullptr);
 
+    /// Null if none was set or it is destroyed.
     std::shared_ptr<QVStandInDatabase> database() const { return m_database.lock(); }
     /// Observes the row instead of the former one and emits changed(). Null is allowed.
     void setDatabase(const std::shared_ptr<QVStandInDatabase> &database);
@@ -38,7 +40,7 @@ public:
     std::optional<Error> error() const;
 
 Q_SIGNALS:
-    /// Emitted for both keys: when a state is added, removed or ticked, when a date or a result
+    /// Emitted for all keys: when a state is added, removed or ticked, when a date or a result
     /// changes, when the row is set, and when a new day begins.
     void changed();
 

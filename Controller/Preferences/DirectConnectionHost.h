@@ -28,6 +28,7 @@ public:
     QString host() const { return m_host; }
     /// Called by the binding when the editor's host changes. Replaces the text by it.
     void setHost(const QString &host);
+    /// False until the binding has set it.
     bool isEditorAccepting() const { return m_isEditorAccepting; }
     void setEditorAccepting(bool isAccepting);
     /// These are computed at each call.

@@ -9,6 +9,7 @@ class DiscoveryHint : public QObject {
     /// The reason and the next step, for the user.
     Q_PROPERTY(QString text READ text NOTIFY textChanged)
 public:
+    /// Begins to observe the daemon, without waiting for it. `parent` may be null.
     explicit DiscoveryHint(QObject *parent = nullptr);
 
     /// Computed at each call; never empty.

@@ -9,12 +9,14 @@
 class ErrorExpiry : public QObject {
     Q_OBJECT
 public:
-    /// `selection` must not be null and becomes the parent.
+    /// Observes `selection` from now on until it is destroyed. It must not be null and becomes the
+    /// parent.
     explicit ErrorExpiry(QVSynchronizationSelection *selection);
 
 private:
     /// Observes the state of the row's database at its location, which may be another one now.
     void observeState();
+    /// Sets the row's error to none.
     void clearError() const;
 
     QVSynchronizationSelection *const m_selection;

@@ -17,7 +17,7 @@
 namespace {
 
 Error notInTime(const QString &title) {
-    return {.domain = QStringLiteral("SyncPreferences"),
+    return {.domain = SyncErrorDomain,
             .localizedDescription =
                 localizedSyncString("“%1” takes too long to respond. Check whether it is "
                                     "available, and try again.")

@@ -34,6 +34,7 @@ public:
     /// Cancels the checks that are running.
     ~LocationCheck() override;
 
+    /// Null if none was set or the row is gone.
     Selection addedSelection() const { return m_addedSelection.lock(); }
     /// Starts a check of the location, whose error is shown in the row only. Null has no effect.
     void setAddedSelection(const Selection &selection);
@@ -42,7 +43,7 @@ public:
     void setSelections(const QList<Selection> &selections);
     QString text() const { return m_text; }
     bool isShown() const { return !m_text.isEmpty(); }
-    /// Sets the timeout of later checks.
+    /// Sets the timeout of later checks, which must be positive.
     void setTimeout(std::chrono::milliseconds timeout) { m_timeout = timeout; }
 
     /// Starts a check, whose error is also presented. Has no effect while the row's location is
@@ -63,6 +64,7 @@ private:
         std::shared_ptr<PZFuture> future;
     };
 
+    /// Starts a check unless the row's location is being read. `selection` must not be null.
     void start(const Selection &selection, Presentation presentation);
     /// Starts to check the store or, if it offers no check, to read its databases.
     void read(quint64 run, const Selection &selection);

@@ -31,8 +31,10 @@ class LocationRowStatus : public QObject {
     /// some items out, with the next steps; empty if there is none.
     Q_PROPERTY(std::optional<Error> error READ error NOTIFY statusChanged)
 public:
+    /// Without a row until the form sets it. `parent` may be null.
     explicit LocationRowStatus(QObject *parent = nullptr);
 
+    /// Null if none was set or it is destroyed.
     std::shared_ptr<QVSynchronizationSelection> selection() const { return m_selection.lock(); }
     /// Observes the row instead of the former one, and emits both signals. Null is allowed.
     void setSelection(const std::shared_ptr<QVSynchronizationSelection> &selection);

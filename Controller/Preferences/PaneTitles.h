@@ -17,15 +17,19 @@ public:
     using QObject::QObject;
 
     QString database() const { return m_database; }
+    /// Sets the name of the selected database; empty if none is selected. Emits changed(), also if
+    /// it is the same.
     void setDatabase(const QString &database);
     /// These are computed at each call. A long name is elided.
     QString locations() const;
     QString schedule() const;
 
 Q_SIGNALS:
+    /// Emitted for all keys when the name was set.
     void changed();
 
 private:
+    /// Returns the name, elided if it is long.
     QString shownName() const;
 
     QString m_database;

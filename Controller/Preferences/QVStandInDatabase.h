@@ -22,6 +22,7 @@ class QVStandInDatabase : public QObject {
     Q_OBJECT
     /// The UUID of the database, InboxUUID for the inbox.
     Q_PROPERTY(QString UUID READ UUID WRITE setUUID NOTIFY UUIDChanged)
+    /// The name that is shown; it follows that of a database that is renamed.
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
     /// The title of the button that synchronizes this database now.
     Q_PROPERTY(QString localizedSyncButtonTitle READ localizedSyncButtonTitle CONSTANT)

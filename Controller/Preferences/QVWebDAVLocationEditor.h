@@ -65,6 +65,7 @@ public:
     /// the path is the store.
     static Fields fieldsOfURL(const Url &URL);
 
+    /// Returns the credential that was set last; empty if there is none or it is still being read.
     std::optional<UrlCredential> credential() const { return m_credential; }
     /// Sets the credential without storing it. The fields of a loaded window do not change.
     void setCredential(const std::optional<UrlCredential> &credential);

@@ -28,6 +28,7 @@ public:
     /// Calls `changed` for each new result of `state`, until endStates(). Has no effect if the host
     /// offers no results. `state` is not owned and must not be null.
     void observeResult(QVSyncState *state);
+    /// End what observeRow(), and what observeState() and observeResult() have begun. Idempotent.
     void endRow() { m_row.clear(); }
     void endStates() { m_states.clear(); }
 

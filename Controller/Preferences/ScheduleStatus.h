@@ -36,6 +36,7 @@ public:
     void setDaily(bool daily);
     void setWeekly(bool weekly);
     void setWeeklyDays(quint64 days);
+    /// Null if none was set or it is destroyed.
     std::shared_ptr<QVStandInDatabase> database() const { return m_database.lock(); }
     /// Observes "canSynchronize" of the row instead of the former one. Null is allowed.
     void setDatabase(const std::shared_ptr<QVStandInDatabase> &database);

@@ -25,7 +25,7 @@ QStringList missingHostClasses() {
 }
 
 Error unusableError(const QString &description) {
-    return {.domain = QStringLiteral("SyncPreferences"), .localizedDescription = description};
+    return {.domain = SyncErrorDomain, .localizedDescription = description};
 }
 
 /// Fails if the host was compiled for another interface.

@@ -7,6 +7,7 @@
 #include "Engine/Notes/Operation.h"
 
 /// Identifiers of operations in little memory: a database can have millions of them. A value.
+/// Several threads may call contains() at the same time, but none while another one changes it.
 class IdentifierSet {
 public:
     void add(const OperationId &identifier);

@@ -14,10 +14,9 @@ class Turn;
 
 /// The objects that all stores of one engine share, instead of state of the process: two engines in
 /// one process do not affect each other, except that HostLookUp limits the look-ups of all of them
-/// together. A store shares ownership of those that it uses, so they
-/// outlive an operation on a worker thread. The user's secrets are not among them: Keychain and
-/// UrlCredentialStorage belong to the process, because the pane reads and writes them, too. Must be
-/// used on the main thread.
+/// together. A store shares ownership of those that it uses, so they outlive an operation on a
+/// worker thread. The user's secrets are not among them: Keychain and UrlCredentialStorage belong
+/// to the process, because the pane reads and writes them, too. Must be used on the main thread.
 class EngineContext {
 public:
     /// `profile` is not owned and must outlive this object.

@@ -5,7 +5,8 @@
 #include "Engine/Foundation/EngineError.h"
 
 /// The problems with single records that a task has found. Only the first are kept and the others
-/// counted, so that a store cannot exhaust the memory of this computer. A value.
+/// counted, so that a store cannot exhaust the memory of this computer. A value. Must not be used
+/// on two threads at a time.
 class Problems {
 public:
     static constexpr qsizetype MostKept = 1000;

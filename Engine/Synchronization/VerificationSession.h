@@ -8,6 +8,7 @@
 ///
 /// Each problem that it finds is one of problems(). An error means that the store or the profile
 /// could not be verified. If nothing was ever synchronized, there is no problem, see isUnused().
+/// For the threads see StoreSession; the results are read on the main thread.
 class VerificationSession : public StoreSession {
 public:
     using StoreSession::StoreSession;

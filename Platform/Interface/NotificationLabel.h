@@ -20,7 +20,7 @@ public:
     void setQuiet(bool isQuiet);
 
 Q_SIGNALS:
-    /// Emitted when screen readers are told of `text`.
+    /// Emitted when screen readers are notified of `text`.
     void reported(const QString &text);
 
 protected:
