@@ -1,25 +1,27 @@
 #include "Engine/Notes/EngineDatabase.h"
 
-#include <QtCore/QElapsedTimer>
+#include <chrono>
+#include <utility>
 
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Platform/KeyValue/KeyValue.h"
 
 namespace {
 
-/// Receivers of `notesChanged` that take longer get a pause, in milliseconds.
-constexpr qint64 ShortAnnouncement = 50;
-/// The pause is this many times as long as what they took.
-constexpr int PauseFactor = 4;
+/// After merges have announced more changes than these, they announce nothing for this long, so
+/// that the receivers take a small part of the time only, however many steps a merge has.
+constexpr qsizetype FewChanges = 50;
+constexpr std::chrono::milliseconds PauseAfterMany(100);
 
 }  // namespace
 
 EngineDatabase::EngineDatabase(const ProfileDatabase &profile, const Row &row)
     : m_profile(profile), m_log(profile, row.id, row.lastOperationAtOpening), m_row(row) {
     m_pause.setSingleShot(true);
+    m_pause.setInterval(PauseAfterMany);
     connect(&m_pause, &QTimer::timeout, this, [this] {
-        if (m_isAnnouncementDue) {
-            announceNotes();
+        if (!m_merged.isEmpty()) {
+            announceMerged();
         }
     });
 }
@@ -173,21 +175,22 @@ void EngineDatabase::setCompared(const QString &store, std::chrono::milliseconds
 }
 
 void EngineDatabase::announceMerge() {
-    if (m_pause.isActive()) {
-        m_isAnnouncementDue = true;
-    } else {
-        announceNotes();
+    m_merged.unite(m_log.takeChangedPositions());
+    if (!m_pause.isActive()) {
+        announceMerged();
     }
 }
 
-void EngineDatabase::announceNotes() {
-    m_isAnnouncementDue = false;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    Q_EMIT notesChanged(m_log.takeChangedPositions());
-    if (elapsed.hasExpired(ShortAnnouncement)) {
-        m_pause.start(std::chrono::milliseconds(PauseFactor * elapsed.elapsed()));
+void EngineDatabase::announceMerged() {
+    const QSet<qint64> merged = std::exchange(m_merged, {});
+    if (merged.size() > FewChanges) {
+        m_pause.start();
     }
+    Q_EMIT notesChanged(merged);
+}
+
+void EngineDatabase::announceNotes() {
+    Q_EMIT notesChanged(m_log.takeChangedPositions());
 }
 
 Expected<QString> EngineDatabase::mergeLog(const Merge &merge) const {

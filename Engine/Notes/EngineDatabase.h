@@ -96,10 +96,10 @@ public:
     /// Called by the library only, which posts the notification.
     Expected<void> setOpen(bool isOpen);
     /// Merges `merge` and calls `changes`, in one transaction of the profile, then emits
-    /// `notesChanged`, and `nameChanged` if the name is another one. An error has no effect. If the
-    /// receivers take long, some merges share one later `notesChanged`, so that a merge in many
-    /// steps takes linear time. `changes` must not be empty; it is called once, within this call,
-    /// unless merging fails before.
+    /// `notesChanged`, and `nameChanged` if the name is another one. An error has no effect.
+    /// After more than 50 changes, the merges of the next 100 ms share one later `notesChanged`, so
+    /// that a merge in many steps leaves the receivers time. `changes` must not be empty; it is
+    /// called once, within this call, unless merging fails before.
     Expected<void> merge(const Merge &merge, const std::function<Expected<void>()> &changes);
 
 private:
@@ -111,17 +111,18 @@ private:
     /// Writes within a transaction, and removes from the history what exceeds its limits.
     Expected<void> write(const std::function<Expected<void>()> &changes) const;
 
-    /// Emits `notesChanged` now or, after another one that took long, later.
+    /// Emit `notesChanged` for what merges have changed, now or, after many changes, later.
     void announceMerge();
-    /// Emits `notesChanged` with all positions that have changed since it was emitted last.
+    void announceMerged();
+    /// Emits `notesChanged` for what was changed otherwise.
     void announceNotes();
 
     const ProfileDatabase &m_profile;
     const NoteLog m_log;
     Row m_row;
-    /// Runs while a `notesChanged` is put off, or must be.
+    /// Runs while changes by merges are not announced, and the positions of these changes.
     QTimer m_pause;
-    bool m_isAnnouncementDue = false;
+    QSet<qint64> m_merged;
     QSet<OperationId> m_damaged;
     /// By store: until when it need not be compared again.
     QHash<QString, QDeadlineTimer> m_comparisons;
