@@ -52,10 +52,12 @@ void presentTextRefused() {
 
 constexpr int PauseInMilliseconds = 500;
 
-/// Number of rows that are read at once, and the milliseconds after which the others are read
-/// later.
+/// Numbers of rows that are read at first, which fill a large window, and at once later, and the
+/// milliseconds after which the others are read later. The main thread has as much time for other
+/// work.
+constexpr int FirstRows = 100;
 constexpr int RowsAtOnce = 500;
-constexpr qint64 ReadingAtOnce = 5;
+constexpr int ReadingAtOnce = 5;
 /// A change of not more rows than this is shown before others.
 constexpr qsizetype RowsReadFirst = 4;
 
@@ -107,6 +109,7 @@ NotesView::NotesView(UnsavedTexts unsavedTexts, QWidget *parent)
     m_keeping.setSingleShot(true);
     m_keeping.setInterval(PauseInMilliseconds);
     m_reading.setSingleShot(true);
+    m_reading.setInterval(ReadingAtOnce);
     makeWidgets();
     makeMenu();
     connectWidgets();
@@ -244,12 +247,14 @@ void NotesView::showNothing() {
 
 void NotesView::showChanges(const QSet<qint64> &positions) {
     m_changed.unite(positions);
-    if (positions.size() <= RowsReadFirst) {
-        // What the user has done is shown at once, even if many other rows remain to be read. What
-        // fails is tried again by readRows(), which reports it.
-        for (const qint64 position : positions) {
-            static_cast<void>(readAgain(position));
-        }
+    if (positions.size() > RowsReadFirst) {
+        m_reading.start();
+        return;
+    }
+    // What the user has done is shown at once, even if many other rows remain to be read. What
+    // fails is tried again by readRows(), which reports it.
+    for (const qint64 position : positions) {
+        static_cast<void>(readAgain(position));
     }
     readRows();
 }
@@ -295,11 +300,11 @@ void NotesView::showUnread(const Expected<void> &read) {
 }
 
 Expected<void> NotesView::readMore(qint64 from) {
-    return m_database->rows(from, RowsAtOnce).map([this](const QList<NoteRow> &rows) {
+    const int count = m_list->count() == 0 ? FirstRows : RowsAtOnce;
+    return m_database->rows(from, count).map([&](const QList<NoteRow> &rows) {
         const QSignalBlocker blocker(m_list);
         m_rows->append(rows);
-        m_unread =
-            rows.size() < RowsAtOnce ? std::nullopt : std::optional(rows.last().position + 1);
+        m_unread = rows.size() < count ? std::nullopt : std::optional(rows.last().position + 1);
     });
 }
 

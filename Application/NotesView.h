@@ -164,7 +164,7 @@ private:
     std::optional<qint64> m_unread;
     /// The positions of rows to read again.
     QSet<qint64> m_changed;
-    /// Continues reading when the main thread is idle.
+    /// Continues reading after a pause.
     QTimer m_reading;
     /// The shown note as it was when it was shown; its UUID is empty while there is none.
     Note m_note;
