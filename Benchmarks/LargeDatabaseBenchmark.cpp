@@ -42,6 +42,11 @@ public:
         if (count > Many) {
             m_host.leaveUnverified("it would take minutes");
         }
+        addNotes(count, text);
+        addLocation();
+    }
+
+    void addNotes(int count, const QString &text = QStringLiteral("What the note says.\n")) {
         const auto database = m_host.library().synchronizedDatabase(InboxUUID);
         for (int first = 0; first < count; first += NotesAtOnce) {
             Transaction transaction;
@@ -55,7 +60,6 @@ public:
         }
         // No window must read again what has just been written.
         static_cast<void>(database->log().takeChangedPositions());
-        addLocation();
     }
 
     void goToOther() {
@@ -301,6 +305,32 @@ void measureImports(Benchmark::Report &report) {
     addImports(report, {Few, Some, Many}, QStringLiteral("100,000 notes"));
 }
 
+/// Returns the longest work of the main thread while `count` notes are written to a location, in
+/// milliseconds: one that is new, or one that the profile has recorded to lack them.
+double longestWorkOfUpload(int count, bool isNew) {
+    Computers computers(isNew ? count : 0);
+    if (!isNew) {
+        computers.synchronize();
+        computers.addNotes(count);
+    }
+    StallMeter meter;
+    computers.synchronize();
+    return static_cast<double>(meter.longestWork());
+}
+
+void measureUploads(Benchmark::Report &report) {
+    for (const bool isNew : {true, false}) {
+        QList<Benchmark::Point> points;
+        for (const int count : {Few, Some, Many}) {
+            points.append({double(count), longestWorkOfUpload(count, isNew)});
+        }
+        const QString what = isNew ? QStringLiteral("First upload of 100,000 notes")
+                                   : QStringLiteral("100,000 new notes written");
+        report.add({what + QStringLiteral(", longest work of the main thread / 16 ms"),
+                    points.last().value, LongestBlock, QStringLiteral("ms"), 1.0, points});
+    }
+}
+
 void measureVeryMany(Benchmark::Report &report) {
     addImports(report, {VeryMany}, QStringLiteral("1,000,000 notes"));
     const Values few = measure(Few);
@@ -398,6 +428,7 @@ void measureManyDatabases(Benchmark::Report &report) {
 const Benchmark::Suite databases(QStringLiteral("many databases"), &measureManyDatabases);
 const Benchmark::Suite sizes(QStringLiteral("large databases"), &compareSizes);
 const Benchmark::Suite imports(QStringLiteral("large imports"), &measureImports);
+const Benchmark::Suite uploads(QStringLiteral("large uploads"), &measureUploads);
 const Benchmark::Suite note(QStringLiteral("large note"), &measureLargeNote);
 const Benchmark::Suite veryMany(QStringLiteral("very large databases"), &measureVeryMany,
                                 Benchmark::Duration::Long);

@@ -161,13 +161,16 @@ Expected<void> KnownTransactions::addLastPart(const QString &name, const Transac
 }
 
 Expected<void> KnownTransactions::insert(const QString &row, const Contents &contents) const {
-    return m_profile
-        .run(QStringLiteral("INSERT OR REPLACE INTO known_transactions"
-                            " (place, database, name, operations, superseded, size)"
-                            " VALUES (?, ?, ?, ?, ?, ?)"),
-             {m_store, m_database, row, Operation::packed(contents.operations),
-              Operation::packed(contents.superseded), contents.size})
-        .and_then([&] { return setWritten(contents); });
+    return addUnrecorded(row, contents).and_then([&] { return setWritten(contents); });
+}
+
+Expected<void> KnownTransactions::addUnrecorded(const QString &name,
+                                                const Contents &contents) const {
+    return m_profile.run(QStringLiteral("INSERT OR REPLACE INTO known_transactions"
+                                        " (place, database, name, operations, superseded, size)"
+                                        " VALUES (?, ?, ?, ?, ?, ?)"),
+                         {m_store, m_database, name, Operation::packed(contents.operations),
+                          Operation::packed(contents.superseded), contents.size});
 }
 
 Expected<void> KnownTransactions::setWritten(const Contents &contents) const {

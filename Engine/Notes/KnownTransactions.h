@@ -51,6 +51,12 @@ public:
     /// Adds the record `name` of `size` bytes, or replaces it, whose former contents the store may
     /// lack from now on.
     Expected<void> add(const QString &name, const Transaction &transaction, qint64 size) const;
+    /// Adds the record `name`, which must not be known, but leaves `contents` among what is
+    /// recorded as unwritten until setWritten() is called with all of it, in one part or several.
+    /// If that does not happen, it is written once more.
+    Expected<void> addUnrecorded(const QString &name, const Contents &contents) const;
+    /// Removes `contents` from what is recorded as unwritten.
+    Expected<void> setWritten(const Contents &contents) const;
     /// Adds a part of the record `name`, so that a large record can be added in several steps. The
     /// parts have the numbers from 0 on. The first one removes the record and the parts that were
     /// added before.
@@ -121,8 +127,6 @@ private:
                                             const QVariantList &values) const;
     /// Adds the row of a record or a part.
     Expected<void> insert(const QString &row, const Contents &contents) const;
-    /// Removes `contents` from what is recorded as unwritten.
-    Expected<void> setWritten(const Contents &contents) const;
     /// Reads identifiers, and returns nothing if one of them has a NULL beside it.
     Expected<std::optional<QList<OperationId>>> readRecorded(const QString &statement) const;
     /// Records that the store may lack something that is not recorded as unwritten.

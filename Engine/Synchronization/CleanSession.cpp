@@ -227,7 +227,7 @@ QStringList CleanSession::fullTiers(const Transactions &all, const IdentifierSet
 }
 
 Expected<void> CleanSession::continueWriting() {
-    const Expected<bool> remains = prepareNextTransaction();
+    const Expected<bool> remains = hasMoreToWrite();
     if (!remains) {
         return failure(remains.error());
     }

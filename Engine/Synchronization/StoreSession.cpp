@@ -26,6 +26,16 @@ constexpr qsizetype CharactersAtOnce = 7 * Transaction::UsualSize;
 constexpr qsizetype MostCharactersAtOnce = CharactersAtOnce + Transaction::UsualSize;
 /// Number of transactions that one step on the main thread forgets.
 constexpr qsizetype NamesForgottenAtOnce = 400;
+/// Number of identifiers that one step on the main thread records as written.
+constexpr qsizetype IdentifiersRecordedAtOnce = 500;
+
+qsizetype charactersOf(const Transaction &transaction) {
+    qsizetype characters = 0;
+    for (const Operation &operation : transaction.operations) {
+        characters += operation.text.size();
+    }
+    return characters;
+}
 
 }  // namespace
 
@@ -112,28 +122,6 @@ Expected<qsizetype> StoreSession::forgetSome(const QStringList &names, Contents 
     });
 }
 
-Expected<QList<Operation>> StoreSession::takeSoundOperations() {
-    QList<Operation> sound;
-    while (sound.isEmpty() && !m_operationsToWrite.isEmpty()) {
-        const Expected<NoteLog::Portion> portion = log().firstOperations(m_operationsToWrite);
-        if (!portion) {
-            return failure(portion.error());
-        }
-        m_operationsToWrite.remove(0, portion->count);
-        for (const Operation &operation : portion->operations) {
-            if (operation.isSound()) {
-                sound.append(operation);
-            } else if (Expected<void> handled = handleDamaged(operation); !handled) {
-                return failure(handled.error());
-            }
-        }
-        if (portion->operations.size() < portion->count) {
-            m_hasFailedToWriteAll = true;
-        }
-    }
-    return sound;
-}
-
 Expected<void> StoreSession::handleDamaged(const Operation &operation) {
     return database()->removeDamagedCopy(operation).map([&](bool isRemoved) {
         if (isRemoved) {
@@ -170,22 +158,43 @@ void StoreSession::reportDamaged(const Operation &operation) {
                                  operation.title.left(80)));
 }
 
-Expected<bool> StoreSession::prepareNextTransaction() {
-    if (!m_written.isEmpty()) {
-        return true;
+Expected<bool> StoreSession::hasMoreToWrite() {
+    const QList<Operation> damaged = std::exchange(m_damaged, {});
+    for (const Operation &operation : damaged) {
+        if (Expected<void> handled = handleDamaged(operation); !handled) {
+            return failure(handled.error());
+        }
     }
-    const Expected<QList<Operation>> operations = takeSoundOperations();
-    if (!operations) {
-        return failure(operations.error());
+    return isRecording() || !isAllPrepared();
+}
+
+bool StoreSession::isAllPrepared() const {
+    return m_operationsToWrite.isEmpty() &&
+           (m_supersededToWrite.isEmpty() || m_hasFailedToWriteAll);
+}
+
+Expected<Transaction> StoreSession::takeTransaction() {
+    const Expected<NoteLog::Portion> portion = log().firstOperations(m_operationsToWrite);
+    if (!portion) {
+        return failure(portion.error());
     }
-    Transaction transaction{*operations, {}};
-    for (const Operation &operation : *operations) {
+    m_operationsToWrite.remove(0, portion->count);
+    if (portion->operations.size() < portion->count) {
+        m_hasFailedToWriteAll = true;
+    }
+    Transaction transaction;
+    for (const Operation &operation : portion->operations) {
+        if (!operation.isSound()) {
+            m_damaged.append(operation);
+            continue;
+        }
+        transaction.operations.append(operation);
         for (const OperationId &identifier : operation.supersedes) {
             m_supersededToWrite.remove(identifier);
         }
     }
     // A reader must not learn that an operation is superseded before it can read the successor.
-    if (m_operationsToWrite.isEmpty() && !m_hasFailedToWriteAll) {
+    if (m_operationsToWrite.isEmpty() && m_damaged.isEmpty() && !m_hasFailedToWriteAll) {
         auto next = m_supersededToWrite.begin();
         while (next != m_supersededToWrite.end() &&
                transaction.superseded.size() < IdentifiersInTransaction) {
@@ -193,42 +202,56 @@ Expected<bool> StoreSession::prepareNextTransaction() {
             next = m_supersededToWrite.erase(next);
         }
     }
-    m_isAllPrepared =
-        m_operationsToWrite.isEmpty() && (m_supersededToWrite.isEmpty() || m_hasFailedToWriteAll);
-    if (!transaction.isEmpty()) {
-        m_prepared.append({std::move(transaction)});
-    }
-    return !m_prepared.isEmpty();
+    return transaction;
 }
 
-qsizetype StoreSession::preparedCharacters() const {
+Expected<QList<StoreSession::Outgoing>> StoreSession::takeTransactions(int most) {
+    QList<Outgoing> taken;
     qsizetype characters = 0;
-    for (const Outgoing &outgoing : m_prepared) {
-        for (const Operation &operation : outgoing.transaction.operations) {
-            characters += operation.text.size();
+    while (!isAllPrepared() && m_damaged.isEmpty() && taken.size() < most &&
+           characters < CharactersAtOnce) {
+        Expected<Transaction> transaction = takeTransaction();
+        if (!transaction) {
+            return failure(transaction.error());
+        }
+        characters += charactersOf(*transaction);
+        if (!transaction->isEmpty()) {
+            taken.append({std::move(*transaction)});
         }
     }
-    return characters;
+    return taken;
 }
 
 Expected<void> StoreSession::writeTransactions(BlobStore &store, const EngineFuture &future) {
-    const qsizetype characters = preparedCharacters();
-    const int atOnce = characters > MostCharactersAtOnce ? 1 : store.operationsAtOnce();
-    const bool isEnough = m_prepared.size() >= atOnce || characters >= CharactersAtOnce;
-    if (m_prepared.isEmpty() || !(m_isAllPrepared || isEnough)) {
+    if (isRecording()) {
         return {};
     }
+    Expected<QList<Outgoing>> taken;
+    return readProfile([&] {
+               taken = takeTransactions(store.operationsAtOnce());
+               return taken.map([](const QList<Outgoing> &) {});
+           })
+        .and_then([&] { return write(std::move(*taken), store, future); });
+}
+
+Expected<void> StoreSession::write(QList<Outgoing> transactions, BlobStore &store,
+                                   const EngineFuture &future) {
     // What supersedes comes last, after its successors are written.
     const auto superseding = std::find_if(
-        m_prepared.begin(), m_prepared.end(),
+        transactions.begin(), transactions.end(),
         [](const Outgoing &outgoing) { return !outgoing.transaction.superseded.isEmpty(); });
-    const qsizetype independent = superseding - m_prepared.begin();
-    std::vector<Expected<void>> results(static_cast<size_t>(m_prepared.size()));
-    Outgoing *const outgoing = m_prepared.data();
+    const qsizetype independent = superseding - transactions.begin();
+    qsizetype characters = 0;
+    for (const Outgoing &outgoing : std::as_const(transactions)) {
+        characters += charactersOf(outgoing.transaction);
+    }
+    const int atOnce = characters > MostCharactersAtOnce ? 1 : store.operationsAtOnce();
+    std::vector<Expected<void>> results(static_cast<size_t>(transactions.size()));
+    Outgoing *const outgoing = transactions.data();
     ParallelCalls::run(independent, atOnce, [&](qsizetype number) {
         results[static_cast<size_t>(number)] = write(outgoing[number], store, future);
     });
-    for (qsizetype number = 0; number < m_prepared.size(); ++number) {
+    for (qsizetype number = 0; number < transactions.size(); ++number) {
         Expected<void> &result = results[static_cast<size_t>(number)];
         if (number >= independent) {
             result = write(outgoing[number], store, future);
@@ -237,7 +260,7 @@ Expected<void> StoreSession::writeTransactions(BlobStore &store, const EngineFut
             return result;
         }
     }
-    m_written = std::exchange(m_prepared, {});
+    m_written = std::move(transactions);
     return {};
 }
 
@@ -310,17 +333,47 @@ Expected<std::optional<Error>> StoreSession::problemOfDatabaseRecord(
     return isOfRecord ? Expected<std::optional<Error>>(name.error()) : failure(name.error());
 }
 
+bool StoreSession::isRecording() const {
+    return !m_written.isEmpty() || !m_toRecord.operations.isEmpty() ||
+           !m_toRecord.superseded.isEmpty();
+}
+
 Expected<void> StoreSession::recordWrittenTransaction() {
+    if (!m_toRecord.operations.isEmpty() || !m_toRecord.superseded.isEmpty()) {
+        return recordSomeWritten();
+    }
     if (m_written.isEmpty()) {
         return {};
     }
     const Outgoing written = m_written.takeFirst();
+    const auto contents = KnownTransactions::Contents::of(written.transaction, written.size);
+    const auto record = [&] {
+        return known().addUnrecorded(written.name, contents).and_then([this] {
+            return known().hasUnwritten();
+        });
+    };
+    Expected<bool> hasUnwritten;
     return m_profile
-        .write([&] { return known().add(written.name, written.transaction, written.size); })
+        .write([&] {
+            hasUnwritten = record();
+            return hasUnwritten.map([](bool) {});
+        })
         .map([&] {
+            m_toRecord = *hasUnwritten ? contents : KnownTransactions::Contents();
             addTransactionOfSize(written.size);
             m_writtenTransactions.append(written.name);
             m_sent += written.transaction.operations.size();
             m_progress.advance(written.transaction.operations.size());
         });
+}
+
+Expected<void> StoreSession::recordSomeWritten() {
+    const qsizetype operations = qMin(m_toRecord.operations.size(), IdentifiersRecordedAtOnce);
+    const qsizetype superseded =
+        qMin(m_toRecord.superseded.size(), IdentifiersRecordedAtOnce - operations);
+    const KnownTransactions::Contents some{m_toRecord.operations.first(operations),
+                                           m_toRecord.superseded.first(superseded)};
+    m_toRecord.operations.remove(0, operations);
+    m_toRecord.superseded.remove(0, superseded);
+    return m_profile.write([&] { return known().setWritten(some); });
 }

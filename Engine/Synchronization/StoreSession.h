@@ -138,19 +138,21 @@ protected:
     /// What remains to be written to the store.
     QList<OperationId> m_operationsToWrite;
     QSet<OperationId> m_supersededToWrite;
-    /// Moves as much as fits into a record to another transaction. Operations that are damaged in
-    /// the profile are skipped and reported, so that no reader gets them. Returns false if nothing
-    /// remains to be written or recorded. Must be called on the main thread.
-    Expected<bool> prepareNextTransaction();
-    /// Once there are as many prepared transactions as the store takes at a time, or large ones, or
-    /// no more to come, writes them to the store, and reads them back to verify them. Writes
-    /// nothing that no reader would accept. Must be called on a worker thread.
+    /// Handles the operations that turned out to be damaged in the profile. Returns whether
+    /// anything remains to be written or recorded. Must be called on the main thread.
+    Expected<bool> hasMoreToWrite();
+    /// Unless something is to be recorded first, writes as many transactions to the store as it
+    /// takes at a time, or large ones, and reads them back to verify them. Each has as much of what
+    /// remains to be written as fits into a record; operations that are damaged in the profile are
+    /// skipped, so that no reader gets them. Writes nothing that no reader would accept. Must be
+    /// called on a worker thread.
     Expected<void> writeTransactions(BlobStore &store, const EngineFuture &future);
     /// Reads the record of the database. Returns what is wrong with the record itself, if anything
     /// is. Must be called on a worker thread.
     Expected<std::optional<Error>> problemOfDatabaseRecord(BlobStore &store,
                                                            const EngineFuture &future) const;
-    /// Adds one of the written transactions to the known ones. Must be called on the main thread.
+    /// Adds one of the written transactions to the known ones, or records some of what it contains
+    /// as written. Must be called on the main thread.
     Expected<void> recordWrittenTransaction();
     /// Returns the names of the transactions that were written.
     const QStringList &writtenTransactions() const { return m_writtenTransactions; }
@@ -166,7 +168,17 @@ private:
         qint64 size = 0;
     };
 
-    qsizetype preparedCharacters() const;
+    bool isRecording() const;
+    bool isAllPrepared() const;
+    /// Returns a transaction with as much of what remains to be written as fits into a record,
+    /// except for damaged operations. To be called in readProfile() only.
+    Expected<Transaction> takeTransaction();
+    /// Returns at most `most` of them; fewer if they are large, or once operations turn out to be
+    /// damaged.
+    Expected<QList<Outgoing>> takeTransactions(int most);
+    Expected<void> write(QList<Outgoing> transactions, BlobStore &store,
+                         const EngineFuture &future);
+    Expected<void> recordSomeWritten();
     /// Calls writeRecord() and readBack(), one after the other: a record can be large.
     Expected<void> write(Outgoing &outgoing, BlobStore &store, const EngineFuture &future) const;
     /// Sets the name and the size of `outgoing`.
@@ -176,8 +188,6 @@ private:
     /// record that was written. Receives no more than its size, or 1 MiB if that is more.
     Expected<void> readBack(const Outgoing &outgoing, BlobStore &store,
                             const EngineFuture &future) const;
-    /// Takes operations from those to write until some of them are sound or none remain.
-    Expected<QList<Operation>> takeSoundOperations();
     /// Removes the operation, whose identifier or contents are damaged, if the database knows one
     /// with its contents. Otherwise it is reported and remembered.
     Expected<void> handleDamaged(const Operation &operation);
@@ -190,10 +200,12 @@ private:
     qint64 m_databaseId = 0;
     Problems m_problems;
     std::optional<Removal> m_undecidedRemoval;
-    /// What is prepared, and what is written and not recorded yet.
-    QList<Outgoing> m_prepared;
+    /// What is damaged in the profile and not handled yet.
+    QList<Operation> m_damaged;
+    /// What is written and not known yet, and the contents of what is known that are not recorded
+    /// as written yet. If the session ends before they are, they are only written once more.
     QList<Outgoing> m_written;
-    bool m_isAllPrepared = false;
+    KnownTransactions::Contents m_toRecord;
     SessionProgress m_progress;
     qint64 m_received = 0;
     qint64 m_sent = 0;

@@ -692,7 +692,7 @@ Expected<void> SyncSession::collectUnwritten() {
 }
 
 Expected<void> SyncSession::continueWriting() {
-    const Expected<bool> remains = prepareNextTransaction();
+    const Expected<bool> remains = hasMoreToWrite();
     if (!remains) {
         return failure(remains.error());
     }
