@@ -32,6 +32,9 @@ constexpr qsizetype RowsInLog = 1000;
 constexpr qsizetype OperationsRenewedAtOnce = 100;
 /// Size of the records whose transactions are kept in memory until all are compared, in bytes.
 constexpr qint64 KeptUntilCompared = 16LL << 20;
+/// The number of times that the store is listed again because others rewrite its records before
+/// they are read.
+constexpr int MostListingsAgain = 5;
 /// A removal of more notes than this must be decided by the user if it is more than half of them.
 constexpr qint64 FewNotes = 10;
 
@@ -206,6 +209,7 @@ void SyncSession::takeListing(const BlobStore &store, const QStringList &names) 
     for (const QString &name : names) {
         if (TransactionName::isValid(name)) {
             m_unread.append(name);
+            m_listed.insert(name);
         } else if (name.endsWith(SyncStoreLayout::RecordEnding)) {
             addProblem(foreignFile(store.place(path(name))));
         }
@@ -220,6 +224,9 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
     }
     if (m_pass == Pass::Merging && !m_queue.isEmpty()) {
         return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
+    }
+    if (Expected<void> listed = listRewritten(store, future); !listed) {
+        return listed;
     }
     const QStringList names = m_unread.first(qMin(m_unread.size(), NamesAtOnce));
     const auto read = records.readSome(
@@ -237,6 +244,46 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
     m_unread.remove(0, names.size() - left.size());
     std::copy(left.begin(), left.end(), m_unread.begin());
     return m_pass == Pass::Comparing ? compareTransactions() : Expected<void>();
+}
+
+Expected<void> SyncSession::listRewritten(BlobStore &store, const EngineFuture &future) {
+    if (!isRewrittenMeanwhile()) {
+        return {};
+    }
+    m_isAnyMissing = false;
+    const Expected<QStringList> names = store.list(folder(), future);
+    if (!names) {
+        return failure(names.error());
+    }
+    for (const QString &name : *names) {
+        if (TransactionName::isValid(name) && !m_listed.contains(name)) {
+            m_unread.append(name);
+            m_listed.insert(name);
+        }
+    }
+    if (m_unread.isEmpty()) {
+        return {};
+    }
+    if (++m_listingsAgain > MostListingsAgain) {
+        return failure(engineError(EngineErrorCode::StoreUnreachable,
+                                   "The records in “%1” were replaced each time before they could "
+                                   "be read. Synchronize again.",
+                                   store.place(folder())));
+    }
+    beginPass();
+    return {};
+}
+
+void SyncSession::beginPass() {
+    if (m_pass == Pass::Merging) {
+        // What was compared before is merged by now.
+        m_released.clear();
+        m_compared = 0;
+    }
+    m_pass = m_isGuarded ? Pass::Comparing : Pass::Merging;
+    progress().begin(m_pass == Pass::Comparing ? SessionProgress::Phase::Reading
+                                               : SessionProgress::Phase::Merging,
+                     m_unread.size());
 }
 
 Expected<void> SyncSession::moveLog() {
@@ -266,6 +313,7 @@ Expected<void> SyncSession::takeTransaction(const TransactionRecords &records, c
         return failure(record.error());
     }
     advanceUnmerged();
+    m_isAnyMissing = m_isAnyMissing || isEngineError(record.error(), EngineErrorCode::BlobMissing);
     const auto known = m_readAgain.constFind(name);
     m_damagedRecords.add(
         {name, known == m_readAgain.constEnd() ? std::nullopt : std::optional(*known)},
@@ -310,14 +358,13 @@ Expected<void> SyncSession::compareListing() {
     if (!all) {
         return failure(all.error());
     }
-    const QSet<QString> listed(m_unread.begin(), m_unread.end());
-    if (Expected<void> chosen = chooseToReadAgain(listed); !chosen) {
+    if (Expected<void> chosen = chooseToReadAgain(); !chosen) {
         return chosen;
     }
     // What is not listed any more says nothing.
-    m_verification.dropResults(m_readAgain, listed);
+    m_verification.dropResults(m_readAgain, m_listed);
     for (const QString &name : *all) {
-        if (!listed.contains(name) && !m_readAgain.contains(name)) {
+        if (!m_listed.contains(name) && !m_readAgain.contains(name)) {
             m_gone.append(name);
         }
     }
@@ -327,14 +374,12 @@ Expected<void> SyncSession::compareListing() {
     if (!isGuarded) {
         return failure(isGuarded.error());
     }
-    m_pass = *isGuarded ? Pass::Comparing : Pass::Merging;
-    progress().begin(m_pass == Pass::Comparing ? SessionProgress::Phase::Reading
-                                               : SessionProgress::Phase::Merging,
-                     m_unread.size());
+    m_isGuarded = *isGuarded;
+    beginPass();
     return noteLost(m_gone);
 }
 
-Expected<void> SyncSession::chooseToReadAgain(const QSet<QString> &listed) {
+Expected<void> SyncSession::chooseToReadAgain() {
     const Expected<bool> isComplete = known().isComplete();
     if (!isComplete || (*isComplete && !m_mustCompare)) {
         return isComplete.map([](bool) {});
@@ -348,7 +393,7 @@ Expected<void> SyncSession::chooseToReadAgain(const QSet<QString> &listed) {
     QSet<QString> needed;
     Expected<void> chosen =
         known().visitParts([&](const QString &name, const KnownTransactions::Contents &part) {
-            if (listed.contains(name) && isNeeded(name, part, *present)) {
+            if (m_listed.contains(name) && isNeeded(name, part, *present)) {
                 needed.insert(name);
             }
         });
@@ -399,7 +444,7 @@ Expected<void> SyncSession::compareTransactions() {
         m_queue.clear();
         m_compared = 0;
     }
-    if (!m_unread.isEmpty()) {
+    if (!m_unread.isEmpty() || isRewrittenMeanwhile()) {
         return {};
     }
     // Nothing disappears unless something is superseded.
@@ -500,7 +545,8 @@ Expected<void> SyncSession::continueReading() {
         return keepNotes();
     }
     return mergeTransactions().and_then([this]() -> Expected<void> {
-        return m_unread.isEmpty() && m_queue.isEmpty() ? endReading() : Expected<void>();
+        const bool isAllMerged = m_unread.isEmpty() && m_queue.isEmpty();
+        return isAllMerged && !isRewrittenMeanwhile() ? endReading() : Expected<void>();
     });
 }
 

@@ -87,6 +87,13 @@ private:
     void takeListing(const BlobStore &store, const QStringList &names);
     Expected<void> readDatabaseRecord(BlobStore &store, const EngineFuture &future);
     Expected<void> readTransactions(BlobStore &store, const EngineFuture &future);
+    /// Lists the store again if records were missing when they were read, since another computer
+    /// may have rewritten them: what replaced them must be read before this session ends, and
+    /// before anything is merged if the user may have to decide. Fails if that happens too often.
+    Expected<void> listRewritten(BlobStore &store, const EngineFuture &future);
+    bool isRewrittenMeanwhile() const { return m_isAnyMissing && m_unread.isEmpty(); }
+    /// Begins to read what is unread.
+    void beginPass();
     /// Moves the log of the profile if much was merged since.
     Expected<void> moveLog();
     /// Takes the result of reading the record `name`.
@@ -100,9 +107,9 @@ private:
 
     /// Parts that only read the profile, called on a worker thread.
     Expected<void> compareListing();
-    /// If everything is compared, chooses those of the known records that are `listed` that contain
+    /// If everything is compared, chooses those of the known records that are listed that contain
     /// what is damaged in the profile, or what the profile has lost.
-    Expected<void> chooseToReadAgain(const QSet<QString> &listed);
+    Expected<void> chooseToReadAgain();
     /// Returns whether the record `name` is read again because of this part, and notes what the
     /// profile has lost of it. `present` is what the profile contains.
     bool isNeeded(const QString &name, const KnownTransactions::Contents &part,
@@ -185,8 +192,14 @@ private:
     bool m_hasLostReturned = false;
     /// The current operations that are superseded.
     QList<OperationId> m_returned;
-    /// The names of the transactions that remain to be read.
+    /// The names of all transactions that the store has listed, and those that remain to be read.
+    QSet<QString> m_listed;
     QStringList m_unread;
+    /// Whether one was missing when it was read, and how often others had to be read instead.
+    bool m_isAnyMissing = false;
+    int m_listingsAgain = 0;
+    /// Whether the database has so many notes that the user may have to decide about a removal.
+    bool m_isGuarded = false;
     /// The known transactions that are to be forgotten: first those that the store no longer has,
     /// later those that are damaged there.
     QStringList m_gone;

@@ -1747,6 +1747,10 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>تغير القيد «⁨%1⁩» أثناء قراءته. أجرِ المزامنة من جديد.</translation>
     </message>
     <message>
+        <source>The records in “%1” were replaced each time before they could be read. Synchronize again.</source>
+        <translation>استُبدلت القيود في «⁨%1⁩» في كل مرة قبل أن تُقرأ. أجرِ المزامنة من جديد.</translation>
+    </message>
+    <message>
         <source>The keyring still contains what belongs to the removed location “%1”. Velmora deletes it when it starts again. (%2)</source>
         <translation>ما زالت حلقة المفاتيح تحتوي على ما يخص الموقع المُزال «⁨%1⁩». سيحذفه Velmora عند تشغيله من جديد. (⁨%2⁩)</translation>
     </message>

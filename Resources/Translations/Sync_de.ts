@@ -1743,6 +1743,10 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Datensatz „%1“ hat sich beim Lesen geändert. Synchronisieren Sie erneut.</translation>
     </message>
     <message>
+        <source>The records in “%1” were replaced each time before they could be read. Synchronize again.</source>
+        <translation>Die Datensätze in „%1“ wurden jedes Mal ersetzt, bevor sie gelesen werden konnten. Synchronisieren Sie erneut.</translation>
+    </message>
+    <message>
         <source>The keyring still contains what belongs to the removed location “%1”. Velmora deletes it when it starts again. (%2)</source>
         <translation>Der Schlüsselbund enthält noch, was zum entfernten Ort „%1“ gehört. Velmora löscht es beim nächsten Start. (%2)</translation>
     </message>

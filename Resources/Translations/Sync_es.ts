@@ -1707,6 +1707,10 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>El registro «%1» ha cambiado mientras se leía. Vuelva a sincronizar.</translation>
     </message>
     <message>
+        <source>The records in “%1” were replaced each time before they could be read. Synchronize again.</source>
+        <translation>Los registros de «%1» se sustituyeron cada vez antes de que se pudieran leer. Vuelva a sincronizar.</translation>
+    </message>
+    <message>
         <source>The keyring still contains what belongs to the removed location “%1”. Velmora deletes it when it starts again. (%2)</source>
         <translation>El depósito de claves aún contiene lo que pertenece a la ubicación quitada «%1». Velmora lo eliminará la próxima vez que se inicie. (%2)</translation>
     </message>

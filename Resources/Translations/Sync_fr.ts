@@ -1707,6 +1707,10 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>L’enregistrement « %1 » a changé pendant sa lecture. Synchronisez de nouveau.</translation>
     </message>
     <message>
+        <source>The records in “%1” were replaced each time before they could be read. Synchronize again.</source>
+        <translation>Les enregistrements dans « %1 » ont été remplacés chaque fois avant de pouvoir être lus. Synchronisez de nouveau.</translation>
+    </message>
+    <message>
         <source>The keyring still contains what belongs to the removed location “%1”. Velmora deletes it when it starts again. (%2)</source>
         <translation>Le trousseau de clés contient encore ce qui appartient à l’emplacement retiré « %1 ». Velmora le supprimera à son prochain démarrage. (%2)</translation>
     </message>

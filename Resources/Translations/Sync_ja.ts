@@ -1722,6 +1722,10 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>レコード「%1」は、読み取り中に変更されました。もう一度同期してください。</translation>
     </message>
     <message>
+        <source>The records in “%1” were replaced each time before they could be read. Synchronize again.</source>
+        <translation>「%1」のレコードは、読み取られる前に毎回置き換えられました。もう一度同期してください。</translation>
+    </message>
+    <message>
         <source>The keyring still contains what belongs to the removed location “%1”. Velmora deletes it when it starts again. (%2)</source>
         <translation>削除された同期先「%1」に属するものが、まだキーリングにあります。Velmoraは次に起動したときに消去します。（%2）</translation>
     </message>
