@@ -258,9 +258,10 @@ Expected<QByteArray> WebDAVStore::readBlob(const QString &name, qint64 limit,
         return failure(httpError(*response, name));
     }
     // Otherwise a truncated response could not be detected.
-    return response->header("Content-Length").isEmpty()
-               ? failure(HttpError::invalidResponse(m_package))
-               : Expected<QByteArray>(response->body);
+    const bool hasEnd = !response->header("Content-Length").isEmpty() ||
+                        response->header("Transfer-Encoding").toLower() == "chunked";
+    return hasEnd ? Expected<QByteArray>(response->body)
+                  : failure(HttpError::invalidResponse(m_package));
 }
 
 Expected<BlobStore::Written> WebDAVStore::writeBlob(const QString &name, const QByteArray &contents,

@@ -301,6 +301,9 @@ private Q_SLOTS:
         QTest::newRow("in the headers") << QByteArray("HTTP/1.1 200 OK\r\nContent-Le");
         QTest::newRow("in the body")
             << QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nhalf");
+        const QByteArray chunked("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
+        QTest::newRow("in a chunk") << chunked + "8\r\nhalf";
+        QTest::newRow("between two chunks") << chunked + "4\r\nhalf\r\n";
         QTest::newRow("another protocol") << QByteArray("220 mail.example ESMTP\r\n");
         QTest::newRow("bytes") << QByteArray("\x15\x03\x01\x00\x02\x02\x16\n\n", 9);
         QTest::newRow("no status") << QByteArray("HTTP/1.1 hello\r\n\r\n");

@@ -559,12 +559,37 @@ private Q_SLOTS:
     void aBlobOfUnknownLengthIsNotBelieved() {
         const ScriptedServer scripted([](Connection &connection) {
             connection.readRequest();
-            connection.send(
-                "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n4\r\nhalf\r\n0\r\n\r\n");
-            connection.waitUntilClosed();
+            connection.send("HTTP/1.1 200 OK\r\n\r\nhalf");
         });
         m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
         QVERIFY(description(read(WebDAVBlob)).contains(QStringLiteral("sent an invalid response")));
+    }
+
+    void aBlobInChunksIsRead() {
+        const ScriptedServer scripted([](Connection &connection) {
+            connection.readRequest();
+            connection.send(
+                "HTTP/1.1 200 OK\r\nTransfer-Encoding: Chunked\r\n\r\n"
+                "4\r\nhalf\r\n4\r\nhalf\r\n0\r\n\r\n");
+            connection.waitUntilClosed();
+        });
+        m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+        QCOMPARE(read(WebDAVBlob), Expected<QByteArray>("halfhalf"));
+    }
+
+    void aBlobInTooManyChunksIsRefused() {
+        const ScriptedServer scripted([](Connection &connection) {
+            connection.readRequest();
+            connection.send("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
+            const QByteArray chunk = "10000\r\n" + QByteArray(0x10000, 'x') + "\r\n";
+            for (int i = 0; i < 100; ++i) {
+                connection.send(chunk);
+            }
+            connection.waitUntilClosed();
+        });
+        m_store = storeAt(scripted.URLText(QStringLiteral("s.qvSyncStore")));
+        QCOMPARE(code(m_store->read(WebDAVBlob, BlobStore::RecordLimit, m_future)),
+                 EngineErrorCode::BlobRefused);
     }
 
     void aWriteWhoseResponseWasLostIsFoundByTheNextAttempt() {
