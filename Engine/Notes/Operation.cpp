@@ -1,9 +1,10 @@
 #include "Engine/Notes/Operation.h"
 
-#include <QtCore/QCryptographicHash>
 #include <QtCore/QUuid>
 #include <algorithm>
 #include <limits>
+
+#include "Engine/Foundation/Sha256.h"
 
 namespace {
 
@@ -17,8 +18,7 @@ void sortIdentifiers(QList<OperationId> &identifiers) {
 
 /// Returns a salt that follows from `bytes`, so that all computers make the same operation.
 QByteArray saltFrom(const QByteArray &bytes) {
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256)
-        .first(Operation::IdentifierSize);
+    return sha256(bytes).first(Operation::IdentifierSize);
 }
 
 }  // namespace
@@ -56,13 +56,11 @@ OperationId Operation::computedId() const {
     for (const OperationId &identifier : supersedes) {
         superseded.append(identifier.toHex());
     }
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    hash.addData(note.toUtf8() + '\n' + salt.toHex() + '\n' +
-                 (modified ? QByteArray::number(*modified) : QByteArray()) + '\n' +
-                 superseded.join(',') + '\n' + QByteArray::number(titleBytes.size()) + '\n');
-    hash.addData(titleBytes);
-    hash.addData(text.toUtf8());
-    return hash.result().first(IdentifierSize);
+    const QByteArray beginning = note.toUtf8() + '\n' + salt.toHex() + '\n' +
+                                 (modified ? QByteArray::number(*modified) : QByteArray()) + '\n' +
+                                 superseded.join(',') + '\n' +
+                                 QByteArray::number(titleBytes.size()) + '\n';
+    return sha256({beginning, titleBytes, text.toUtf8()}).first(IdentifierSize);
 }
 
 bool Operation::isSound() const {
