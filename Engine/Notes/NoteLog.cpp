@@ -744,6 +744,16 @@ Expected<QList<NoteLog::Row>> NoteLog::rows() const {
     });
 }
 
+Expected<QList<NoteLog::Row>> NoteLog::conflictingRows() const {
+    return select(QStringLiteral("note_uuid IN (SELECT note_uuid FROM operations"
+                                 " WHERE database = ? AND note_uuid <> ''"
+                                 " GROUP BY note_uuid HAVING count(*) > 1)"),
+                  {m_database})
+        .and_then([this](const QList<Operation> &operations) {
+            return rowsOf(operations, [this](const QString &UUID) { return hasNote(UUID); });
+        });
+}
+
 Expected<QList<NoteLog::Row>> NoteLog::rowsOf(const QList<Operation> &operations,
                                               const HasNote &hasNote) {
     QHash<QString, QList<Operation>> editsByNote;
@@ -816,7 +826,7 @@ Expected<OperationId> NoteLog::shownAs(const QString &noteUUID) const {
     if (*shown) {
         return (*shown)->id;
     }
-    return rows().map([&](const QList<Row> &all) {
+    return conflictingRows().map([&](const QList<Row> &all) {
         const auto row = std::find_if(all.begin(), all.end(),
                                       [&](const Row &each) { return each.UUID == noteUUID; });
         return row == all.end() ? OperationId() : row->operation.id;

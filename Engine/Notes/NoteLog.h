@@ -183,6 +183,8 @@ private:
     /// their order.
     static Expected<QList<Row>> rowsOf(const QList<Operation> &operations, const HasNote &hasNote);
     Expected<QList<Row>> rows() const;
+    /// Returns the rows of the notes with conflicting edits.
+    Expected<QList<Row>> conflictingRows() const;
     /// Returns the operations of notes in the rows of `source`, a table and a condition, at most
     /// `most`, ordered by position and note.
     Expected<QList<Place>> places(const QString &source, const QVariantList &values,
