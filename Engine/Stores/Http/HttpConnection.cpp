@@ -103,7 +103,7 @@ CURLcode HttpConnection::attempt(const EngineFuture &future) {
 }
 
 bool HttpConnection::canRepeat(CURLcode code) const {
-    static const QByteArrayList idempotent{"GET", "PROPFIND", "PUT", "DELETE"};
+    static const QByteArrayList idempotent{"GET", "PROPFIND", "PUT", "DELETE", "MKCOL"};
     const bool isLost =
         code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR || code == CURLE_GOT_NOTHING;
     if (m_error || !isLost || m_headerSize > 0 || !idempotent.contains(m_request->method)) {
