@@ -258,7 +258,11 @@ Expected<QStringList> CleanSession::unsoundRewrites(BlobStore &store, const Engi
             !isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
             return failure(record.error());
         }
-        addProblem(record.error());
+        // Another computer may have merged it, rightly. Otherwise, the next synchronization reports
+        // that it is missing.
+        if (!isEngineError(record.error(), EngineErrorCode::BlobMissing)) {
+            addProblem(record.error());
+        }
         unsound.append(m_rewrittenBy[i]);
     }
     return unsound;
@@ -293,5 +297,9 @@ Expected<void> CleanSession::removeTransactions(BlobStore &store, const EngineFu
     });
     const auto failed = std::find_if(results.begin(), results.end(),
                                      [](const Expected<void> &result) { return !result; });
-    return failed == results.end() ? Expected<void>() : *failed;
+    if (failed != results.end()) {
+        return *failed;
+    }
+    m_removed = names.size();
+    return {};
 }

@@ -32,6 +32,8 @@ public:
     /// store needs for each.
     Expected<void> accessStore(BlobStore &store, const EngineFuture &future) override;
     Expected<void> accessProfile() override;
+    /// Returns the number of transactions that were removed. Must be called on the main thread.
+    qsizetype removed() const { return m_removed; }
 
 private:
     /// The steps, in order. Writing is repeated for each new transaction, and forgetting until all
@@ -77,6 +79,7 @@ private:
     bool m_isComparisonNeeded = false;
     /// The names of the transactions to remove.
     QStringList m_toRemove;
+    qsizetype m_removed = 0;
     /// Whether an earlier session has written what the transactions to remove contain.
     bool m_isWritten = false;
     /// The names of the transactions that contain it then.

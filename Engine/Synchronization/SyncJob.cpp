@@ -11,6 +11,14 @@
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/MainQueue.h"
 
+namespace {
+
+/// The number of merges that follow one synchronization at most. Each merges some of the small
+/// records; the next synchronizations of the location wait for them.
+constexpr int MostMerges = 16;
+
+}  // namespace
+
 SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &library,
                  const StoreSession::Subject &subject, std::shared_ptr<BlobStore> store,
                  const SyncSession::Decision &decision)
@@ -21,6 +29,7 @@ SyncJob::SyncJob(Kind kind, const ProfileDatabase &profile, EngineNoteLibrary &l
       m_store(std::move(store)) {
     auto synchronization = std::make_shared<SyncSession>(profile, library, subject);
     synchronization->setDecision(decision);
+    m_synchronization = synchronization.get();
     m_sessions.push_back(std::move(synchronization));
     if (kind == Kind::CleanUp) {
         m_sessions.push_back(std::make_shared<CleanSession>(profile, library, subject));
@@ -93,7 +102,7 @@ void SyncJob::finishStep(const Expected<void> &result) {
         return;
     }
     m_result = explained(result.and_then([this] { return accessProfile(); }));
-    if (!m_result && m_isCompacting) {
+    if (!m_result && m_merge) {
         if (!isEngineError(m_result.error(), EngineErrorCode::Cancelled)) {
             m_problems.add(compactionFailed(m_result.error()));
         }
@@ -137,15 +146,24 @@ StoreSession *SyncJob::nextSession() {
     if (next != m_sessions.end()) {
         return next->get();
     }
-    const qint64 largest = m_sessions.front()->largestTransaction();
-    if (m_kind != Kind::Synchronization || m_isCompacting || largest == 0) {
+    if (m_kind != Kind::Synchronization || !isMergeDue()) {
         return nullptr;
     }
-    m_isCompacting = true;
-    const auto extent = largest < RecordTiers::LargeSize ? CleanSession::Extent::FullTiers
-                                                         : CleanSession::Extent::FullTiersAndLarge;
-    m_sessions.push_back(std::make_shared<CleanSession>(m_profile, m_library, m_subject, extent));
-    return m_sessions.back().get();
+    ++m_merges;
+    const bool isLarge = m_sessions.front()->largestTransaction() >= RecordTiers::LargeSize;
+    const auto merge = std::make_shared<CleanSession>(
+        m_profile, m_library, m_subject,
+        isLarge ? CleanSession::Extent::FullTiersAndLarge : CleanSession::Extent::FullTiers);
+    m_merge = merge.get();
+    m_sessions.push_back(merge);
+    return m_merge;
+}
+
+bool SyncJob::isMergeDue() const {
+    if (m_merge) {
+        return m_merge->removed() > 0 && m_merges < MostMerges;
+    }
+    return m_synchronization->largestTransaction() > 0 || m_synchronization->isMergeDue();
 }
 
 void SyncJob::continueJob() {
@@ -165,6 +183,8 @@ void SyncJob::end() {
     m_sent = m_sessions.front()->sent();
     m_undecidedRemoval = m_sessions.front()->undecidedRemoval();
     m_session = nullptr;
+    m_synchronization = nullptr;
+    m_merge = nullptr;
     // Releasing what they have read can take long.
     m_threads->start([sessions = std::exchange(m_sessions, {})]() mutable { sessions.clear(); });
     m_future->finish();

@@ -7,6 +7,7 @@
 
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Foundation/WorkerThreads.h"
+#include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
 
 /// Opens a store and runs sessions with it one after the other. A synchronization that has read or
@@ -80,9 +81,10 @@ private:
     void finishStep(const Expected<void> &result);
     /// Returns the result of a step, with the cause if the job took too long.
     Expected<void> explained(const Expected<void> &result) const;
-    /// Returns the next session that is not done, or null. Adds the compaction after a
-    /// synchronization that has read or written records.
+    /// Returns the next session that is not done, or null. Adds merges of small records after a
+    /// synchronization that has read or written records or finds many of them.
     StoreSession *nextSession();
+    bool isMergeDue() const;
     /// Returns `reason` as a problem: with its code, and a text for the user that everything was
     /// synchronized.
     Error compactionFailed(const Error &reason) const;
@@ -101,7 +103,10 @@ private:
     std::optional<StoreSession::Removal> m_undecidedRemoval;
     /// The session that is continued; null before the start and after the end.
     StoreSession *m_session = nullptr;
-    bool m_isCompacting = false;
+    /// The first session and the last of those that merge small records; null after the end.
+    const SyncSession *m_synchronization = nullptr;
+    CleanSession *m_merge = nullptr;
+    int m_merges = 0;
     /// What the last call of cancelIfStalled() has seen, and how long ago that was new; invalid
     /// before the first one.
     QVSyncProgress m_seenProgress;

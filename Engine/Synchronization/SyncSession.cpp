@@ -11,6 +11,7 @@
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Synchronization/RecordTiers.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 
@@ -354,18 +355,19 @@ Expected<void> SyncSession::writeDatabaseRecord(BlobStore &store, const EngineFu
 }
 
 Expected<void> SyncSession::compareListing() {
-    const Expected<QSet<QString>> all = known().names();
+    const Expected<QHash<QString, qint64>> all = known().sizes();
     if (!all) {
         return failure(all.error());
     }
+    m_isMergeDue = m_mustCompare && !RecordTiers::full(*all).isEmpty();
     if (Expected<void> chosen = chooseToReadAgain(); !chosen) {
         return chosen;
     }
     // What is not listed any more says nothing.
     m_verification.dropResults(m_readAgain, m_listed);
-    for (const QString &name : *all) {
-        if (!m_listed.contains(name) && !m_readAgain.contains(name)) {
-            m_gone.append(name);
+    for (auto each = all->begin(); each != all->end(); ++each) {
+        if (!m_listed.contains(each.key()) && !m_readAgain.contains(each.key())) {
+            m_gone.append(each.key());
         }
     }
     m_unread.removeIf(

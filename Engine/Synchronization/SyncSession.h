@@ -51,6 +51,12 @@ public:
     /// edits, so that the other computers keep them, too. Must be called before the first step.
     void setDecision(const Decision &decision) { m_decision = decision; }
 
+    /// Returns whether the small records should be merged even if this session has neither read nor
+    /// written any, as in a store that an earlier version has left: there are many, and this
+    /// session compares everything, which is not often. Must be called on the main thread, after
+    /// the session.
+    bool isMergeDue() const { return m_isMergeDue; }
+
     /// Reads or writes the store, depending on the step.
     Expected<void> accessStore(BlobStore &store, const EngineFuture &future) override;
     Expected<void> accessProfile() override;
@@ -182,6 +188,7 @@ private:
     QList<OperationId> m_operationsToKeep;
     /// Whether everything is compared although what is recorded as unwritten is complete.
     bool m_mustCompare = false;
+    bool m_isMergeDue = false;
     /// The operations that were found to be damaged in the profile or lost, and the known records
     /// that are read again.
     QSet<OperationId> m_damagedOperations;

@@ -2,6 +2,7 @@
 
 #include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Synchronization/RecordTiers.h"
+#include "Engine/Synchronization/SyncJob.h"
 #include "Support/Failure.h"
 #include "Support/SessionTestCase.h"
 
@@ -47,6 +48,18 @@ private:
         QStringList added = sizes().keys();
         added.removeIf([&](const QString &name) { return old.contains(name); });
         return merged || added.size() != 1 ? QString() : added.first();
+    }
+
+    void runJob() {
+        WorkerThreads threads;
+        const auto job =
+            std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, profile(), m_host->library(),
+                                      subject(), std::make_shared<MemoryStore>(m_blobs));
+        bool hasEnded = false;
+        job->start(threads, [&] { hasEnded = true; });
+        QTRY_VERIFY_WITH_TIMEOUT(hasEnded, 60000);
+        QCOMPARE(description(job->result()), QString());
+        QCOMPARE(job->problems().count(), 0);
     }
 
     QStringList titles() {
@@ -131,6 +144,36 @@ private Q_SLOTS:
         }
         QVERIFY2(sizes().size() < 2 * RecordTiers::MostInTier,
                  qPrintable(QString::number(sizes().size())));
+        verifyNotesOfAnotherComputer();
+    }
+
+    /// As an earlier version has left it.
+    void aStoreWithManyRecordsIsMergedWithoutAnEdit() {
+        for (int i = 0; i < 2 * RecordTiers::MostAtOnce; ++i) {
+            saveNote(QString::number(i));
+            QVERIFY(run<SyncSession>());
+        }
+        QVERIFY(sizes().size() > 2 * RecordTiers::MostAtOnce);
+        // Compared everything already.
+        runJob();
+        QVERIFY(sizes().size() > 2 * RecordTiers::MostAtOnce);
+        m_host->goToComputer(QStringLiteral("Other"));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        runJob();
+        QVERIFY(sizes().size() < RecordTiers::MostInTier);
+        verifyNotesOfAnotherComputer();
+    }
+
+    /// Another computer has not read them, and merges them after this one.
+    void aRecordThatAnotherComputerMergedMeanwhileIsNoProblem() {
+        fillTier();
+        const QString merged = mergeWithoutRemoval();
+        m_blobs.erase(merged);
+        Compaction session = newSession<Compaction>();
+        MemoryStore store(m_blobs);
+        QVERIFY(runSession(session, store));
+        QCOMPARE(session.problems().count(), 0);
+        QVERIFY(run<SyncSession>());
         verifyNotesOfAnotherComputer();
     }
 
