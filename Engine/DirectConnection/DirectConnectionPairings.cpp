@@ -80,11 +80,6 @@ void DirectConnectionPairings::keep(const QString &key, const QByteArray &finger
     });
 }
 
-Turn &DirectConnectionPairings::turn(const QString &key) {
-    const std::lock_guard lock(m_mutex);
-    return m_turns[key];
-}
-
 bool DirectConnectionPairings::mayAsk(const QString &key) {
     const std::lock_guard lock(m_mutex);
     return m_questionLimits.try_emplace(key, m_pauses).first->second.open();

@@ -10,7 +10,7 @@
 #include <optional>
 
 #include "Engine/Foundation/QuestionLimit.h"
-#include "Engine/Foundation/Turn.h"
+#include "Engine/Foundation/Turns.h"
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Security/SecretBytes.h"
 
@@ -48,7 +48,7 @@ public:
     void keep(const QString &key, const QByteArray &fingerprint, const SecretBytes &secret);
     /// Returns the turn in which a store connects that is not paired for `key` yet, so that stores
     /// that connect at the same time pair once. Valid as long as this object.
-    Turn &turn(const QString &key);
+    Turn &turn(const QString &key) { return m_turns.turn(key); }
     /// Returns whether the user may be asked to pair for `key` now, see QuestionLimit. If so,
     /// didAsk() must be called when the question has ended.
     bool mayAsk(const QString &key);
@@ -76,5 +76,5 @@ private:
     QHash<QString, QByteArray> m_fingerprints;
     QuestionLimit::Pauses m_pauses{std::chrono::seconds(10), std::chrono::hours(1)};
     std::map<QString, QuestionLimit> m_questionLimits;
-    std::map<QString, Turn> m_turns;
+    Turns m_turns;
 };

@@ -5,6 +5,7 @@
 #include "Engine/DirectConnection/DirectConnection.h"
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
 #include "Engine/DirectConnection/DirectConnectionStore.h"
+#include "Engine/Foundation/Turns.h"
 #include "Engine/Plugin/EngineContext.h"
 #include "Engine/Stores/Dropbox/DropboxStore.h"
 #include "Engine/Stores/Dropbox/DropboxTokens.h"
@@ -73,7 +74,7 @@ void forgetTokens(const SecretRemoval &removal) {
     }
 }
 
-EngineLocationKind dropbox(const Operations &operations, const std::shared_ptr<Turn> &refreshTurn) {
+EngineLocationKind dropbox(const Operations &operations, const std::shared_ptr<Turns> &turns) {
     return {
         .schemes = {LocationSchemes::Dropbox},
         .type = "Dropbox",
@@ -83,8 +84,11 @@ EngineLocationKind dropbox(const Operations &operations, const std::shared_ptr<T
                 return URL.user().isEmpty() ? URL.host() : URL.user() + u'@' + URL.host();
             },
         .createStore =
-            [operations, refreshTurn](const Location &location, const QString & /*identifier*/) {
-                return std::make_shared<DropboxStore>(location, operations, refreshTurn);
+            [operations, turns](const Location &location, const QString & /*identifier*/) {
+                // A server that keeps one account waiting does not delay another.
+                Turn &turn = turns->turn(DropboxUrl::account(location->URL()).toLower());
+                return std::make_shared<DropboxStore>(location, operations,
+                                                      std::shared_ptr<Turn>(turns, &turn));
             },
         .sharesSecrets =
             [](const Url &URL, const Url &other) {
@@ -122,6 +126,6 @@ QList<EngineLocationKind> builtInLocationKinds(const EngineContext &context) {
     const Operations &operations = context.storeOperations;
     return {folder(operations, context.folderGrants),
             webDAV(operations, context.certificateTrust, context.httpSessions),
-            dropbox(operations, context.dropboxRefreshTurn),
+            dropbox(operations, context.dropboxRefreshTurns),
             directConnection(operations, context.pairings)};
 }

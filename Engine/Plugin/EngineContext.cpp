@@ -1,7 +1,7 @@
 #include "Engine/Plugin/EngineContext.h"
 
 #include "Engine/DirectConnection/DirectConnectionPairings.h"
-#include "Engine/Foundation/Turn.h"
+#include "Engine/Foundation/Turns.h"
 #include "Engine/Stores/Folder/FolderGrants.h"
 #include "Engine/Stores/Http/CertificateTrust.h"
 #include "Engine/Stores/Http/HttpSessions.h"
@@ -12,7 +12,7 @@ EngineContext::EngineContext(const ProfileDatabase &profile)
       folderGrants(std::make_shared<FolderGrants>(profile)),
       pairings(std::make_shared<DirectConnectionPairings>(profile)),
       httpSessions(std::make_shared<HttpSessions>()),
-      dropboxRefreshTurn(std::make_shared<Turn>()),
+      dropboxRefreshTurns(std::make_shared<Turns>()),
       storeOperations(std::make_shared<StoreOperations>()) {}
 
 EngineContext::~EngineContext() {

@@ -10,7 +10,7 @@ class FolderGrants;
 class HttpSessions;
 class ProfileDatabase;
 class StoreOperations;
-class Turn;
+class Turns;
 
 /// The objects that all stores of one engine share, instead of state of the process: two engines in
 /// one process do not affect each other, except that HostLookUp limits the look-ups of all of them
@@ -39,9 +39,9 @@ public:
     const std::shared_ptr<DirectConnectionPairings> pairings;
     /// The connections that a location's stores leave to the next one.
     const std::shared_ptr<HttpSessions> httpSessions;
-    /// Lets one store at a time refresh the tokens of a Dropbox account. A server may invalidate a
-    /// refresh token that is used twice (RFC 6749, section 10.4).
-    const std::shared_ptr<Turn> dropboxRefreshTurn;
+    /// Let one store at a time refresh the tokens of a Dropbox account, by its address in lower
+    /// case. A server may invalidate a refresh token that is used twice (RFC 6749, section 10.4).
+    const std::shared_ptr<Turns> dropboxRefreshTurns;
     /// Starts every operation of a store, lets one at a time parse a record, and cancels all of
     /// them when the engine ends.
     const std::shared_ptr<StoreOperations> storeOperations;

@@ -46,7 +46,7 @@ private:
     /// secret store is read once, unless the tokens are refreshed.
     Expected<DropboxTokens> tokens(const EngineFuture &future);
     /// Returns tokens other than those with the access token `access`, which has become invalid.
-    /// One thread of the engine at a time refreshes tokens.
+    /// One thread of the engine at a time refreshes the tokens of an account.
     Expected<DropboxTokens> renewedTokens(const SecretBytes &access, const EngineFuture &future);
     /// Keeps the tokens in memory for later calls.
     void keep(const DropboxTokens &tokens);

@@ -13,10 +13,10 @@
 /// is a folder. Uses version 2 of https://www.dropbox.com/developers/documentation/http.
 class DropboxStore : public BlobStore {
 public:
-    /// `refreshTurn`, which must not be null, is that of all stores of the engine. `timeouts` apply
-    /// to each request, and the total one also to all requests for a listing together. Does not
-    /// access Dropbox; a URL without an account, or a configuration that is not valid, makes every
-    /// operation fail.
+    /// `refreshTurn`, which must not be null, is that of all stores of the account. `timeouts`
+    /// apply to each request, and the total one also to all requests for a listing together. Does
+    /// not access Dropbox; a URL without an account, or a configuration that is not valid, makes
+    /// every operation fail.
     DropboxStore(const std::shared_ptr<QVSyncLocation> &location,
                  std::shared_ptr<StoreOperations> operations, std::shared_ptr<Turn> refreshTurn,
                  HttpClient::Timeouts timeouts = HttpClient::Timeouts());

@@ -808,6 +808,50 @@ private Q_SLOTS:
         QCOMPARE(result.get(), expected);
     }
 
+    void anAccountThatHangsDelaysNoOther_data() {
+        QTest::addColumn<QString>("other");
+        QTest::newRow("OAuth: silence of the token endpoint for another account")
+            << QStringLiteral("ida@example.org");
+    }
+    void anAccountThatHangsDelaysNoOther() {
+        QFETCH(const QString, other);
+        std::atomic_bool hangs = false;
+        const auto first = dropboxStore([&](Connection &connection) {
+            QByteArray request;
+            while (!(request = connection.readRequest()).isEmpty()) {
+                if (request.contains("refresh_token=hanging")) {
+                    hangs = true;
+                    connection.waitUntilClosed();
+                } else if (request.contains("grant_type=")) {
+                    connection.answer(
+                        "200 OK",
+                        R"({"access_token":"a","token_type":"bearer","expires_in":9999})");
+                } else {
+                    connection.answer("200 OK", R"({"entries":[],"cursor":"c","has_more":false})");
+                }
+            }
+        });
+        DropboxTokens expired{.access = QByteArray("access"),
+                              .refresh = QByteArray("hanging"),
+                              .expiry = QDateTime::currentDateTime().addDays(-1)};
+        expired.store(HostileAccount);
+        expired.refresh = QByteArray("refresh");
+        expired.store(other);
+        const auto list = [](BlobStore &store, const EngineFuture &future) {
+            return code(store.list(QStringLiteral("databases"), future));
+        };
+        EngineFuture cancelled;
+        auto hanging = std::async(std::launch::async, [&] { return list(*first, cancelled); });
+        QTRY_VERIFY(hangs);
+        const auto second = storeOf(m_host->addLocation(QStringLiteral("dropbox://") + other));
+        EngineFuture future;
+        auto result = measureOnThread([&] { return list(*second, future); }, 20000);
+        future.cancel();
+        cancelled.cancel();
+        QCOMPARE(result.get(), EngineErrorCode());
+        QCOMPARE(hanging.get(), EngineErrorCode::Cancelled);
+    }
+
     void ourServerIsBounded_data() {
         constexpr qsizetype size = qsizetype(60) << 20;
         QCborMap reading = DirectConnectionMessage::ofType(DirectConnectionMessage::Read);
