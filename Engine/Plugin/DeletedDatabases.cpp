@@ -102,7 +102,6 @@ void DeletedDatabases::forget(const QString &UUID) {
     // The end of the process may have come before it was excluded.
     const Expected<void> forgotten =
         (m_served->contain(UUID) ? m_served->setServed(UUID, false) : Expected<void>())
-            .and_then([&] { return deleteServed(UUID); })
             .and_then([&] {
                 return m_library.giveUpDeleted(UUID,
                                                [&] { return m_locations.deleteStates(UUID); });
@@ -111,11 +110,37 @@ void DeletedDatabases::forget(const QString &UUID) {
     if (forgotten) {
         m_locations.forgetStates(UUID);
         m_deletions.remove(UUID);
-        m_erased.append(UUID);
-        if (!std::exchange(m_isErasing, true)) {
-            QTimer::singleShot(0, this, &DeletedDatabases::eraseSome);
-        }
+        deleteServed(UUID);
         Q_EMIT databaseForgotten(UUID);
+    }
+}
+
+void DeletedDatabases::deleteServed(const QString &UUID) {
+    const QString store = DirectConnectionPackage::pathInProfile(m_profile.directory());
+    ++m_servedDeletions;
+    m_threads.start([store, UUID, self = QPointer(this)] {
+        const Expected<void> deleted = deleteServed(UUID, store);
+        MainQueue::dispatchAsync([self, UUID, deleted] {
+            if (self) {
+                --self->m_servedDeletions;
+                logFailureOf(deleted);
+                // The next start tries again what has failed as long as the mark is not erased.
+                if (deleted) {
+                    self->erase(UUID);
+                }
+            }
+        });
+    });
+}
+
+void DeletedDatabases::erase(const QString &UUID) {
+    // It may have been imported again meanwhile, and even deleted again.
+    if (m_library.databaseForUUID(UUID) || m_deletions.contains(UUID)) {
+        return;
+    }
+    m_erased.append(UUID);
+    if (!std::exchange(m_isErasing, true)) {
+        QTimer::singleShot(0, this, &DeletedDatabases::eraseSome);
     }
 }
 
@@ -144,8 +169,7 @@ void DeletedDatabases::moveLog() {
     });
 }
 
-Expected<void> DeletedDatabases::deleteServed(const QString &UUID) const {
-    const QString store = DirectConnectionPackage::pathInProfile(m_profile.directory());
+Expected<void> DeletedDatabases::deleteServed(const QString &UUID, const QString &store) {
     // A path contains it.
     if (!DatabaseRecord::isUUID(UUID)) {
         return {};

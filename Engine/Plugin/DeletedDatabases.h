@@ -43,7 +43,7 @@ public:
     /// Forgets the databases that were deleted in former runs. Must be called once, after load().
     void start();
     /// Returns whether databases are being erased.
-    bool isErasing() const { return m_isErasing; }
+    bool isErasing() const { return m_isErasing || m_servedDeletions > 0; }
 
 Q_SIGNALS:
     /// Emitted when the database can no longer be restored, before any of it is erased.
@@ -68,8 +68,13 @@ private:
     void eraseSome();
     /// Moves the profile's log, which the erased rows have filled, on another thread, then goes on.
     void moveLog();
-    /// Deletes the database from the store that this computer serves.
-    Expected<void> deleteServed(const QString &UUID) const;
+    /// Deletes the database from the store that this computer serves, where paired computers may
+    /// have written very many files, on another thread. Then erases it.
+    void deleteServed(const QString &UUID);
+    /// Deletes it from the store with the path `store`. Thread-safe.
+    static Expected<void> deleteServed(const QString &UUID, const QString &store);
+    /// Begins to erase the database, which can no longer be restored.
+    void erase(const QString &UUID);
 
     const ProfileDatabase &m_profile;
     EngineNoteLibrary &m_library;
@@ -85,5 +90,7 @@ private:
     /// Those that can no longer be restored and are not erased yet.
     QStringList m_erased;
     bool m_isErasing = false;
+    /// How many databases are being deleted from the store that this computer serves.
+    int m_servedDeletions = 0;
     WorkerThreads m_threads;
 };

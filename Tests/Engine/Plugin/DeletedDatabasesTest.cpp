@@ -371,7 +371,7 @@ private Q_SLOTS:
         setUndoTime(std::chrono::milliseconds(0));
         QVERIFY(m_host->library().deleteDatabase(m_plans));
         QTRY_VERIFY(!QFile::exists(record));
-        QVERIFY(!QFile::exists(folder));
+        QTRY_VERIFY(!QFile::exists(folder));
         QCOMPARE(value(excluded, key).toInt(), 1);
     }
 

@@ -922,6 +922,29 @@ private Q_SLOTS:
                                      GreedyName.toUtf8());
     }
 
+    void deletingAServedDatabaseIsBounded_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("Our server: 200,000 records of paired computers in a deleted database")
+            << QStringLiteral("Plans");
+    }
+    void deletingAServedDatabaseIsBounded() {
+        QFETCH(const QString, name);
+        const auto database = m_host->addDatabase(name);
+        m_filled = DirectConnectionPackage::pathInProfile(m_host->directory()) +
+                   QStringLiteral("/transactions/%1/").arg(database->UUID());
+        QVERIFY(QDir().mkpath(m_filled));
+        takeManyFiles();
+        // They are deleted.
+        m_hasManyFiles = false;
+        m_manyFiles.reset();
+        m_host->engine().plugin().deletedDatabases().setUndoTime(std::chrono::milliseconds(0));
+        const auto deleteDatabase = [&]() -> std::function<bool()> {
+            const bool isDeleted = m_host->library().deleteDatabase(database).has_value();
+            return [this, isDeleted] { return isDeleted && !QFileInfo::exists(m_filled); };
+        };
+        measure(deleteDatabase, 60000);
+    }
+
     /// The main thread takes part in synchronizations.
     void everySynchronizationIsBounded_data() {
         QTest::addColumn<QString>("server");
