@@ -22,6 +22,8 @@
 namespace {
 
 constexpr std::chrono::seconds ConnectionTimeout(10);
+/// For all addresses together: a name may have very many.
+constexpr std::chrono::seconds TotalConnectionTimeout(30);
 
 /// `details` are the reason as the system or a library states it; they may be empty.
 Error unreachable(const QString &host, const QString &details) {
@@ -76,8 +78,10 @@ Expected<void> DirectConnectionLink::connect(const QString &host, quint16 port,
         return failure(addresses.error());
     }
     Expected<void> connected = failure(unreachable(host, {}));
-    for (const addrinfo *address = addresses->get(); address; address = address->ai_next) {
-        connected = connectTo(*address, future);
+    const QDeadlineTimer end(TotalConnectionTimeout);
+    for (const addrinfo *address = addresses->get(); address && !end.hasExpired();
+         address = address->ai_next) {
+        connected = connectTo(*address, std::min(QDeadlineTimer(ConnectionTimeout), end), future);
         if (connected) {
             return startEncryption(future);
         }
@@ -86,14 +90,14 @@ Expected<void> DirectConnectionLink::connect(const QString &host, quint16 port,
     return connected;
 }
 
-Expected<void> DirectConnectionLink::connectTo(const addrinfo &address,
+Expected<void> DirectConnectionLink::connectTo(const addrinfo &address, QDeadlineTimer deadline,
                                                const EngineFuture &future) {
     m_socket = socket(address.ai_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
     const bool isStarted =
         m_socket >= 0 &&
         (::connect(m_socket, address.ai_addr, address.ai_addrlen) == 0 || errno == EINPROGRESS);
     int problem = isStarted ? 0 : errno;
-    if (isStarted && !waitFor(POLLOUT, QDeadlineTimer(ConnectionTimeout), future)) {
+    if (isStarted && !waitFor(POLLOUT, deadline, future)) {
         problem = ETIMEDOUT;
     }
     socklen_t size = sizeof problem;

@@ -35,9 +35,10 @@ public:
 
     /// Connects to the server, regardless of its identity: the caller must then check
     /// serverFingerprint(). Must not be called while connected. Blocks while it looks up the
-    /// addresses, see HostLookUp, then for at most 10 seconds for each of them and 10 seconds for
-    /// the TLS handshake. Fails with the code StoreUnreachable; a connection that the user has
-    /// cancelled may fail like one that cannot be made, so the caller checks `future`.
+    /// addresses, see HostLookUp, then for at most 10 seconds for each of them, 30 for all of them,
+    /// and 10 seconds for the TLS handshake. Fails with the code StoreUnreachable; a connection
+    /// that the user has cancelled may fail like one that cannot be made, so the caller checks
+    /// `future`.
     Expected<void> connect(const QString &host, quint16 port, const EngineFuture &future);
     /// Returns whether the server has not closed the connection. Must be called between two
     /// exchanges. Does not block. The connection may break at any time after that; exchange() then
@@ -64,7 +65,8 @@ private:
     /// Returns the error for a connection that does not work any more.
     Error lost() const;
     /// Connects to one address.
-    Expected<void> connectTo(const addrinfo &address, const EngineFuture &future);
+    Expected<void> connectTo(const addrinfo &address, QDeadlineTimer deadline,
+                             const EngineFuture &future);
     /// Performs the TLS handshake and stores the fingerprint.
     Expected<void> startEncryption(const EngineFuture &future);
     /// Sends all `bytes`. Fails also on timeout or cancellation.

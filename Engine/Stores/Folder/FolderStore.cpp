@@ -8,6 +8,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QUuid>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 
@@ -22,6 +23,10 @@ namespace {
 constexpr int FolderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 constexpr mode_t FolderPermissions = S_ISGID | S_IRWXU | S_IRWXG | S_IRWXO;
 constexpr mode_t FilePermissions = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+
+/// A larger file counts as one of this size, so that the sum of all does not overflow. No record is
+/// as large.
+constexpr qint64 LargestSize = 1LL << 30;
 
 /// The start of the name of a file that is being written.
 const QByteArray UnfinishedPrefix = QByteArrayLiteral(".new-");
@@ -448,7 +453,7 @@ Expected<std::optional<qint64>> FolderStore::sizeOfFolder(const QString &name,
             errno != ENOENT) {
             return failure(systemError(errno, name + u'/' + each));
         }
-        size += S_ISREG(status.st_mode) ? status.st_size : 0;
+        size += S_ISREG(status.st_mode) ? std::min(qint64(status.st_size), LargestSize) : 0;
     }
     return size;
 }

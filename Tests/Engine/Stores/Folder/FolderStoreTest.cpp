@@ -9,6 +9,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Folder/FolderStore.h"
+#include "Host/QVSyncStoreCheck.h"
 #include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/PrivateVolume.h"
@@ -284,6 +285,11 @@ private Q_SLOTS:
         QCOMPARE(code(read(QStringLiteral("databases/huge"))), EngineErrorCode::BlobRefused);
         QVERIFY(description(read(QStringLiteral("databases/huge")))
                     .contains(QStringLiteral("too large")));
+        // Nor does it overflow the size of the store.
+        std::promise<QVSyncStoreCheck> found;
+        m_store->checkWithCompletionHandler(
+            [&](const QVSyncStoreCheck &check) { found.set_value(check); });
+        QCOMPARE_LE(found.get_future().get().size.value(), (1LL << 30) + 2 * FolderLimit + 1);
     }
 
     void onlyPlainFilesAreRead() {
