@@ -5,6 +5,7 @@
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileSettings.h"
+#include "Engine/Profile/SteppedDeletion.h"
 
 namespace {
 
@@ -33,12 +34,6 @@ Expected<void> eraseRows(const ProfileDatabase &profile, qint64 database) {
         });
 }
 
-/// Returns a statement that deletes some of `rows` of the table, whose primary key is stated.
-QString deletionFrom(const QString &table, const QString &key, const QString &rows) {
-    return QStringLiteral("DELETE FROM %1 WHERE (%2) IN (SELECT %2 FROM %3 LIMIT ?)")
-        .arg(table, key, rows);
-}
-
 /// Returns the rows of a table that is sorted by places first, without reading those of other
 /// databases.
 QString rowsOfAllPlaces(const QString &table) {
@@ -60,44 +55,16 @@ QStringList deletions() {
     const QString versions = QStringLiteral("versions");
     const QString known = QStringLiteral("known_transactions");
     const QString unwritten = QStringLiteral("unwritten");
-    return {
-        deletionFrom(unwritten, QStringLiteral("place, database, is_superseded, digest"),
-                     rowsOfAllPlaces(unwritten)),
-        // No record is known whose operations are not there.
-        deletionFrom(known, QStringLiteral("place, database, name"), rowsOfAllPlaces(known)),
-        deletionFrom(operations, id, ofDatabase.arg(operations)),
-        deletionFrom(superseded, QStringLiteral("database, digest"), ofDatabase.arg(superseded)),
-        deletionFrom(versions, id, ofDatabase.arg(versions))};
-}
-
-/// Executes one of those statements until the deadline. Returns whether no such row is left.
-Expected<bool> eraseUntil(const ProfileDatabase &profile, const QString &deletion, qint64 database,
-                          const QDeadlineTimer &deadline) {
-    // A row may be large.
-    constexpr qint64 MostAtOnce = 256;
-    for (qint64 rows = 1;; rows = qMin(2 * rows, MostAtOnce)) {
-        const Expected<QVariant> deleted = profile.run(deletion, {database, rows}).and_then([&] {
-            return profile.value(QStringLiteral("SELECT changes()"));
-        });
-        if (!deleted) {
-            return failure(deleted.error());
-        }
-        if (deleted->toLongLong() < rows || deadline.hasExpired()) {
-            return deleted->toLongLong() < rows;
-        }
-    }
-}
-
-/// The same for all of those statements.
-Expected<bool> eraseAllUntil(const ProfileDatabase &profile, qint64 database,
-                             const QDeadlineTimer &deadline) {
-    for (const QString &deletion : deletions()) {
-        Expected<bool> done = eraseUntil(profile, deletion, database, deadline);
-        if (!done || !*done) {
-            return done;
-        }
-    }
-    return true;
+    return {SteppedDeletion::statement(unwritten,
+                                       QStringLiteral("place, database, is_superseded, digest"),
+                                       rowsOfAllPlaces(unwritten)),
+            // No record is known whose operations are not there.
+            SteppedDeletion::statement(known, QStringLiteral("place, database, name"),
+                                       rowsOfAllPlaces(known)),
+            SteppedDeletion::statement(operations, id, ofDatabase.arg(operations)),
+            SteppedDeletion::statement(superseded, QStringLiteral("database, digest"),
+                                       ofDatabase.arg(superseded)),
+            SteppedDeletion::statement(versions, id, ofDatabase.arg(versions))};
 }
 
 }  // namespace
@@ -132,7 +99,8 @@ Expected<bool> DeletedDatabase::eraseSome(const ProfileDatabase &profile, const 
             .and_then([&](const QVariant &id) -> Expected<bool> {
                 return !id.isValid() ? Expected<bool>(true)
                                      : forgetComparisons(profile, id.toLongLong()).and_then([&] {
-                                           return eraseAllUntil(profile, id.toLongLong(), deadline);
+                                           return SteppedDeletion::runUntil(deadline, profile,
+                                                                            deletions(), {id});
                                        });
             })
             .and_then([&](bool none) {

@@ -3,6 +3,7 @@
 #include <QtCore/QStringList>
 #include <chrono>
 
+#include "Engine/Profile/SteppedDeletion.h"
 #include "Platform/Foundation/Expected.h"
 
 class ProfileDatabase;
@@ -18,9 +19,6 @@ inline const QString Condition = QStringLiteral(
     "(NOT is_inbox AND EXISTS"
     " (SELECT 1 FROM settings WHERE key = 'deletedDatabase ' || databases.uuid))");
 
-/// How long the main thread should erase at a time: less than a frame.
-inline constexpr std::chrono::milliseconds StepDuration(8);
-
 /// Record, durably, that the database is deleted, or no longer deleted. Idempotent.
 Expected<void> mark(const ProfileDatabase &profile, const QString &UUID);
 Expected<void> unmark(const ProfileDatabase &profile, const QString &UUID);
@@ -33,6 +31,6 @@ Expected<void> erase(const ProfileDatabase &profile, const QString &UUID);
 /// with the last part the mark. Returns whether nothing is left. Until then the profile contains a
 /// database that is marked and has lost some of its notes.
 Expected<bool> eraseSome(const ProfileDatabase &profile, const QString &UUID,
-                         std::chrono::milliseconds duration = StepDuration);
+                         std::chrono::milliseconds duration = SteppedDeletion::StepDuration);
 
 }  // namespace DeletedDatabase

@@ -124,10 +124,8 @@ Expected<void> EngineDatabase::merge(const Merge &merge,
         !written) {
         return written;
     }
-    for (const Transaction &transaction : merge.transactions) {
-        for (const Operation &operation : transaction.operations) {
-            m_damaged.remove(operation.id);
-        }
+    for (const Operation &operation : merge.operations) {
+        m_damaged.remove(operation.id);
     }
     announceMerge();
     if (name != m_row.name) {
@@ -194,14 +192,14 @@ void EngineDatabase::announceNotes() {
 }
 
 Expected<QString> EngineDatabase::mergeLog(const Merge &merge) const {
-    if (const Expected<void> renewed = m_log.renew(merge.operationsToKeep, merge.superseded);
-        !renewed) {
-        return failure(renewed.error());
-    }
-    for (const Transaction &transaction : merge.transactions) {
-        if (const Expected<void> merged = m_log.merge(transaction, merge.place); !merged) {
-            return failure(merged.error());
-        }
+    const Expected<void> merged =
+        m_log.renew(merge.operationsToKeep, merge.supersededByAll).and_then([&] {
+            const bool isEmpty = merge.operations.isEmpty() && merge.superseded.isEmpty();
+            return isEmpty ? Expected<void>()
+                           : m_log.merge(merge.operations, merge.superseded, merge.place);
+        });
+    if (!merged) {
+        return failure(merged.error());
     }
     if (isInbox()) {
         return m_row.name;

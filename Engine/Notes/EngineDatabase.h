@@ -10,14 +10,16 @@
 
 /// What a synchronization merges into a database.
 struct Merge {
-    QList<Transaction> transactions;
+    QList<Operation> operations = {};
+    /// Does not contain what the operations supersede unless it is superseded now.
+    QList<OperationId> superseded = {};
     /// The title of the location that they come from.
     QString place = {};
-    /// Operations of notes that must stay, even if transactions that follow supersede them.
+    /// Operations of notes that must stay, even if what follows supersedes them.
     QList<Operation> operationsToKeep = {};
-    /// The identifiers that these transactions and those that follow them supersede. Only used if
-    /// there are operations to keep.
-    QSet<OperationId> superseded = {};
+    /// The identifiers that this and what follows supersede. Only used if there are operations to
+    /// keep.
+    QSet<OperationId> supersededByAll = {};
 };
 
 /// A database of the profile. Does not cache notes: they are read from the profile by each call.

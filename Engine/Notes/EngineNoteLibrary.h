@@ -43,7 +43,7 @@ public:
     /// things.
     Expected<bool> importDatabase(
         const QString &UUID, const QString &name,
-        std::chrono::milliseconds duration = DeletedDatabase::StepDuration);
+        std::chrono::milliseconds duration = SteppedDeletion::StepDuration);
     /// Calls EngineDatabase::merge for `database`, and posts QVDatabaseRenamedNotification if the
     /// name has changed.
     Expected<void> merge(const std::shared_ptr<EngineDatabase> &database, const Merge &merge,

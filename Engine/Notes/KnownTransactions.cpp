@@ -1,11 +1,13 @@
 #include "Engine/Notes/KnownTransactions.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <algorithm>
 
 #include "Engine/Notes/LostOperations.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileSettings.h"
+#include "Engine/Profile/SteppedDeletion.h"
 
 namespace {
 
@@ -129,9 +131,7 @@ Expected<QHash<QString, qint64>> KnownTransactions::sizes() const {
     return sizes;
 }
 
-Expected<void> KnownTransactions::add(const QString &name, const Transaction &transaction,
-                                      qint64 size) const {
-    const Contents contents = Contents::of(transaction, size);
+Expected<void> KnownTransactions::add(const QString &name, const Contents &contents) const {
     // Also the parts of a merge that was interrupted.
     const Expected<QVariant> hasOther = m_profile.value(
         QStringLiteral("SELECT 1 FROM known_transactions WHERE place = ? AND database = ? AND %1"
@@ -148,16 +148,15 @@ Expected<void> KnownTransactions::add(const QString &name, const Transaction &tr
 }
 
 Expected<void> KnownTransactions::addPart(const QString &name, int number,
-                                          const Transaction &part) const {
+                                          const Contents &part) const {
     // What was merged of the record before may have been divided in another way.
     const Expected<void> prepared = number == 0 ? remove({name}) : Expected<void>();
     return prepared.and_then(
-        [&] { return insert(name + PartMark + QString::number(number), Contents::of(part, 0)); });
+        [&] { return insert(name + PartMark + QString::number(number), part); });
 }
 
-Expected<void> KnownTransactions::addLastPart(const QString &name, const Transaction &part,
-                                              qint64 size) const {
-    return insert(name, Contents::of(part, size));
+Expected<void> KnownTransactions::addLastPart(const QString &name, const Contents &part) const {
+    return insert(name, part);
 }
 
 Expected<void> KnownTransactions::insert(const QString &row, const Contents &contents) const {
@@ -203,6 +202,13 @@ Expected<void> KnownTransactions::remove(const QStringList &names) const {
 }
 
 Expected<void> KnownTransactions::removeReplaced(const QStringList &names) const {
+    return names.isEmpty() ? Expected<void>()
+                           : removeReplacedUntil(QDeadlineTimer(QDeadlineTimer::Forever), names)
+                                 .map([](qsizetype) {});
+}
+
+Expected<qsizetype> KnownTransactions::removeReplacedUntil(const QDeadlineTimer &deadline,
+                                                           const QStringList &names) const {
     Expected<QSqlQuery> deletion =
         m_profile.prepare(QStringLiteral("DELETE FROM known_transactions"
                                          " WHERE place = ? AND database = ? AND ") +
@@ -210,26 +216,45 @@ Expected<void> KnownTransactions::removeReplaced(const QStringList &names) const
     if (!deletion) {
         return failure(deletion.error());
     }
-    for (const QString &name : names) {
+    qsizetype count = 0;
+    while (count < names.size() && (count == 0 || !deadline.hasExpired())) {
+        const QString &name = names[count++];
         if (Expected<void> removed = m_profile.run(*deletion, {m_store, m_database, name, name});
             !removed) {
-            return removed;
+            return failure(removed.error());
         }
     }
-    return {};
+    return count;
 }
 
-Expected<void> KnownTransactions::forgetStore(const ProfileDatabase &profile,
-                                              const QString &store) {
-    return profile.run(QStringLiteral("DELETE FROM known_transactions WHERE place = ?"), {store})
-        .and_then([&] { return ProfileSettings::removeAll(profile, VerifiedPrefix, u' ' + store); })
-        .and_then([&] {
-            return profile.run(QStringLiteral("DELETE FROM compared_places WHERE place = ?"),
-                               {store});
+Expected<bool> KnownTransactions::forgetSomeOfStore(const ProfileDatabase &profile,
+                                                    const QString &store,
+                                                    std::chrono::milliseconds duration) {
+    const QDeadlineTimer deadline(duration);
+    const auto deletion = [](const QString &table, const QString &key) {
+        return SteppedDeletion::statement(table, key, table + QStringLiteral(" WHERE place = ?"));
+    };
+    const QStringList deletions{
+        // First, so that nothing more is recorded as unwritten.
+        deletion(QStringLiteral("compared_places"), QStringLiteral("database, place")),
+        deletion(QStringLiteral("unwritten"),
+                 QStringLiteral("place, database, is_superseded, digest")),
+        deletion(QStringLiteral("known_transactions"), QStringLiteral("place, database, name"))};
+    bool isLast = false;
+    return profile
+        .write([&] {
+            return SteppedDeletion::runUntil(deadline, profile, deletions, {store})
+                .and_then([&](bool none) {
+                    isLast = none;
+                    return none ? forgetSettings(profile, store) : Expected<void>();
+                });
         })
-        .and_then([&] {
-            return profile.run(QStringLiteral("DELETE FROM unwritten WHERE place = ?"), {store});
-        })
+        .map([&] { return isLast; });
+}
+
+Expected<void> KnownTransactions::forgetSettings(const ProfileDatabase &profile,
+                                                 const QString &store) {
+    return ProfileSettings::removeAll(profile, VerifiedPrefix, u' ' + store)
         .and_then(
             [&] { return ProfileSettings::removeAll(profile, RewrittenPrefix, u' ' + store); })
         .and_then([&] { return LostOperations::forgetStore(profile, store); });

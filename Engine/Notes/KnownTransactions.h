@@ -2,6 +2,7 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QSet>
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "Engine/Notes/Transaction.h"
 
 class ProfileDatabase;
+class QDeadlineTimer;
 
 /// The transactions of one database in one store that the profile has read or written, and what
 /// each of them contains.
@@ -50,7 +52,10 @@ public:
     Expected<QHash<QString, qint64>> sizes() const;
     /// Adds the record `name` of `size` bytes, or replaces it, whose former contents the store may
     /// lack from now on.
-    Expected<void> add(const QString &name, const Transaction &transaction, qint64 size) const;
+    Expected<void> add(const QString &name, const Contents &contents) const;
+    Expected<void> add(const QString &name, const Transaction &transaction, qint64 size) const {
+        return add(name, Contents::of(transaction, size));
+    }
     /// Adds the record `name`, which must not be known, but leaves `contents` among what is
     /// recorded as unwritten until setWritten() is called with all of it, in one part or several.
     /// If that does not happen, it is written once more.
@@ -60,18 +65,25 @@ public:
     /// Adds a part of the record `name`, so that a large record can be added in several steps. The
     /// parts have the numbers from 0 on. The first one removes the record and the parts that were
     /// added before.
-    Expected<void> addPart(const QString &name, int number, const Transaction &part) const;
-    /// Adds the last of several parts of the record `name` of `size` bytes, which is known then.
-    Expected<void> addLastPart(const QString &name, const Transaction &part, qint64 size) const;
+    Expected<void> addPart(const QString &name, int number, const Contents &part) const;
+    /// Adds the last of several parts of the record `name`, which is known then. `part` has the
+    /// size of the record.
+    Expected<void> addLastPart(const QString &name, const Contents &part) const;
     /// Removes the records `names`, whose contents the store may lack from now on. Names that are
     /// not known are ignored.
     Expected<void> remove(const QStringList &names) const;
     /// Removes the records `names`, whose contents other known records contain.
     Expected<void> removeReplaced(const QStringList &names) const;
+    /// Does the same for the first of `names`, at least one, until the deadline: a record may be
+    /// large. Returns how many.
+    Expected<qsizetype> removeReplacedUntil(const QDeadlineTimer &deadline,
+                                            const QStringList &names) const;
 
-    /// Removes what the profile contains for the store `store` and all databases. Must be called
-    /// within a transaction of the profile.
-    static Expected<void> forgetStore(const ProfileDatabase &profile, const QString &store);
+    /// Removes a part of what the profile contains for the store `store` and all databases, in a
+    /// transaction of its own that takes about `duration`. Returns whether nothing is left. Until
+    /// then the store counts as one that was never compared, and may lack some of its records.
+    static Expected<bool> forgetSomeOfStore(const ProfileDatabase &profile, const QString &store,
+                                            std::chrono::milliseconds duration);
     /// Removes what the profile contains for the database `database` and all stores, except the
     /// rows that are removed with that of the database. Must be called within a transaction.
     static Expected<void> forgetDatabase(const ProfileDatabase &profile, qint64 database);
@@ -95,6 +107,8 @@ public:
     /// short time; returns whether all is forgotten, and must be called until then. Only what
     /// compare() returns after that, together with what is recorded, is complete.
     Expected<bool> restartRecording() const;
+    /// Records that the store may lack something that is not recorded as unwritten.
+    Expected<void> setIncomplete() const;
     /// Records that everything is written that compare() has returned since.
     Expected<void> setComplete() const;
     /// Returns whether all that is unwritten is recorded. O(log n).
@@ -129,8 +143,8 @@ private:
     Expected<void> insert(const QString &row, const Contents &contents) const;
     /// Reads identifiers, and returns nothing if one of them has a NULL beside it.
     Expected<std::optional<QList<OperationId>>> readRecorded(const QString &statement) const;
-    /// Records that the store may lack something that is not recorded as unwritten.
-    Expected<void> setIncomplete() const;
+    /// Removes what the settings contain for a store and all databases.
+    static Expected<void> forgetSettings(const ProfileDatabase &profile, const QString &store);
     Expected<QString> setting(const QString &key) const;
     Expected<void> setSetting(const QString &key, const QString &value) const;
     /// Returns the key of the setting for this database and store whose key begins with `prefix`.

@@ -16,8 +16,10 @@ constexpr qint64 Megabyte = 1LL << 20;
 constexpr int Unlimited = 1'000'000;
 /// What a row takes besides its texts, roughly.
 constexpr int BytesOfRow = 200;
-/// Number of rows that are removed at once: more than one edit or merge adds.
+/// Number of rows that are removed at once, more than one edit or merge adds, unless they have more
+/// bytes than this.
 constexpr int RowsAtOnce = 2500;
+constexpr qint64 BytesAtOnce = 8 * Megabyte;
 
 QDateTime dateIn(const QVariant &milliseconds) {
     return milliseconds.isNull() ? QDateTime()
@@ -59,14 +61,25 @@ qint64 bytesOf(const HistoryLimits &limits) {
     return limits.megabytes * Megabyte;
 }
 
-/// Removes the oldest versions until about `excess` bytes or RowsAtOnce rows are removed.
+/// Removes some of the versions that have ended before `end`.
+Expected<void> removeEnded(const ProfileDatabase &profile, qint64 end) {
+    return profile.run(
+        QStringLiteral("DELETE FROM versions WHERE id IN (SELECT id FROM"
+                       " (SELECT id, sum(size) OVER (ORDER BY id) - size AS bytes_before FROM"
+                       "  (SELECT id, size FROM versions WHERE ended < ? LIMIT %1))"
+                       " WHERE bytes_before < %2)")
+            .arg(QString::number(RowsAtOnce), QString::number(BytesAtOnce)),
+        {end});
+}
+
+/// Removes the oldest versions until about `excess` bytes are removed, or as many as at once.
 Expected<void> removeOldest(const ProfileDatabase &profile, qint64 excess) {
     qint64 removed = 0;
     qint64 last = 0;
     const Expected<void> found = profile.read(
         QStringLiteral("SELECT id, size FROM versions ORDER BY id LIMIT %1").arg(RowsAtOnce), {},
         [&](const QSqlQuery &row) {
-            if (removed < excess) {
+            if (removed < qMin(excess, BytesAtOnce)) {
                 last = row.value(0).toLongLong();
                 removed += row.value(1).toLongLong();
             }
@@ -229,15 +242,9 @@ Expected<void> NoteHistory::prune(const ProfileDatabase &profile, const QDateTim
     if (!end) {
         return failure(end.error());
     }
-    const Expected<QVariant> size =
-        profile
-            .run(QStringLiteral("DELETE FROM versions WHERE id IN"
-                                " (SELECT id FROM versions WHERE ended < ? LIMIT %1)")
-                     .arg(RowsAtOnce),
-                 {*end})
-            .and_then([&] {
-                return profile.value(QStringLiteral("SELECT bytes FROM size_of_versions"));
-            });
+    const Expected<QVariant> size = removeEnded(profile, *end).and_then([&] {
+        return profile.value(QStringLiteral("SELECT bytes FROM size_of_versions"));
+    });
     if (!size) {
         return failure(size.error());
     }

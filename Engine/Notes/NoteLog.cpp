@@ -65,8 +65,8 @@ qsizetype roughSize(const Operation &operation) {
 }
 
 /// The most operations that an answer to a removal follows in a chain. A store can supersede a long
-/// chain, since all its operations follow from the first one.
-constexpr int MostRenewals = 100;
+/// chain, since all its operations follow from the first one, and each costs a digest of its text.
+constexpr int MostRenewals = 3;
 
 /// The columns of the table "operations" for which the digest stands.
 const QStringList ContentColumns{QStringLiteral("note_uuid"),  QStringLiteral("title"),
@@ -489,18 +489,23 @@ Expected<void> NoteLog::setName(const QString &name) const {
     });
 }
 
-Expected<void> NoteLog::merge(const Transaction &transaction, const QString &place) const {
+Expected<void> NoteLog::merge(const Transaction &transaction) const {
+    return merge(transaction.operations, transaction.allSuperseded(), {});
+}
+
+Expected<void> NoteLog::merge(const QList<Operation> &operations,
+                              const QList<OperationId> &superseded, const QString &place) const {
     Expected<QSqlQuery> insertion = prepareInsertion();
     if (!insertion) {
         return failure(insertion.error());
     }
-    for (const Operation &operation : transaction.operations) {
+    for (const Operation &operation : operations) {
         if (Expected<void> inserted = insert(*insertion, operation, operation.supersedes.value(0));
             !inserted) {
             return inserted;
         }
     }
-    return supersede(transaction.allSuperseded(), place).and_then([&] { return markAllSent(); });
+    return supersede(superseded, place).and_then([&] { return markAllSent(); });
 }
 
 Expected<void> NoteLog::renew(const QList<Operation> &operations,
@@ -863,6 +868,20 @@ Expected<NoteLog::Portion> NoteLog::firstOperations(const QList<OperationId> &id
         }
     }
     return portion;
+}
+
+Expected<QSqlQuery> NoteLog::prepareSize() const {
+    return m_profile.prepare(
+        QStringLiteral("SELECT length(CAST(title AS BLOB)) + length(CAST(text AS BLOB))"
+                       " FROM operations WHERE database = ? AND digest = ?"));
+}
+
+Expected<qint64> NoteLog::size(QSqlQuery &query, const OperationId &identifier) const {
+    qint64 size = 0;
+    return m_profile
+        .read(query, {m_database, identifier},
+              [&](const QSqlQuery &row) { size = row.value(0).toLongLong(); })
+        .map([&] { return size; });
 }
 
 Expected<QList<OperationId>> NoteLog::predecessors(const QList<OperationId> &seen) const {

@@ -76,9 +76,17 @@ public:
     Expected<void> setName(const QString &name) const;
 
     /// Adds what `transaction`, whose operations must be sound, contains. Idempotent, except that
-    /// it repairs damaged operations of the profile. `place` is the title of the location, for the
-    /// history.
-    Expected<void> merge(const Transaction &transaction, const QString &place = {}) const;
+    /// it repairs damaged operations of the profile.
+    Expected<void> merge(const Transaction &transaction) const;
+    /// Does the same for a part of a transaction: adds `operations`, without what they supersede,
+    /// then supersedes `superseded`. `place` is the title of the location, for the history.
+    Expected<void> merge(const QList<Operation> &operations, const QList<OperationId> &superseded,
+                         const QString &place) const;
+    /// Returns the statement for size().
+    Expected<QSqlQuery> prepareSize() const;
+    /// Returns the size in bytes of the texts of a current operation, by the statement that
+    /// prepareSize() has returned; 0 if it is not current.
+    Expected<qint64> size(QSqlQuery &query, const OperationId &identifier) const;
     /// Replaces `operations`, which must be current, by new ones with the same contents, which are
     /// not among those that are `superseded`, so that merging these deletes nothing. All computers
     /// make the same operations, unless very many of them are superseded.

@@ -11,7 +11,9 @@
 #include "Engine/Locations/EngineLocationsController.h"
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Profile/ProfileDatabase.h"
+#include "Engine/Profile/SteppedDeletion.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
 
 RemovedLocations::RemovedLocations(const ProfileDatabase &profile,
                                    const EngineLocationsController &locations,
@@ -44,12 +46,35 @@ void RemovedLocations::forget(const QString &identifier) {
         logFailureOf(removed.map([](const auto &) {}));
         return;
     }
-    const Url URL = **removed;
+    const Expected<bool> isForgotten =
+        KnownTransactions::forgetSomeOfStore(m_profile, identifier, SteppedDeletion::StepDuration);
+    if (!isForgotten) {
+        logFailureOf(failure(isForgotten.error()));
+    } else if (*isForgotten) {
+        forgetRest(identifier, **removed);
+    } else {
+        goOn(identifier);
+    }
+}
+
+void RemovedLocations::goOn(const QString &identifier) {
+    m_threads.start(
+        [path = m_profile.path(), files = m_profile.files(), identifier, self = QPointer(this)] {
+            const Expected<void> moved = ProfileDatabase::moveLog(path, files);
+            MainQueue::dispatchAsync([self, identifier, moved] {
+                if (self) {
+                    logFailureOf(moved);
+                    self->forget(identifier);
+                }
+            });
+        });
+}
+
+void RemovedLocations::forgetRest(const QString &identifier, const Url &URL) {
     const EngineLocationKind &kind = m_kinds.kindForURL(URL);
-    const Expected<void> forgotten =
-        m_profile.write([&] { return KnownTransactions::forgetStore(m_profile, identifier); })
-            .and_then([&] { return kind.forgetInProfile(identifier); })
-            .and_then([&] { return kind.forgetServer(URL, listedURLs(kind)); });
+    const Expected<void> forgotten = kind.forgetInProfile(identifier).and_then([&] {
+        return kind.forgetServer(URL, listedURLs(kind));
+    });
     if (!forgotten) {
         logFailureOf(forgotten);
         return;

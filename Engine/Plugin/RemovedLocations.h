@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "Application/Interface/ProfileConstants.h"
+#include "Engine/Foundation/WorkerThreads.h"
 #include "Platform/Foundation/Expected.h"
 
 class EngineLocationKinds;
@@ -44,8 +45,14 @@ public:
     void didRemoveLocation(const QString &identifier);
 
 private:
-    /// Forgets what is in the profile, then the secrets.
+    /// Forgets a part of what is known of the store, which may be much, and goes on later. Then
+    /// forgets the rest.
     void forget(const QString &identifier);
+    /// Moves the profile's log, which the deleted rows have filled, on another thread, then goes
+    /// on.
+    void goOn(const QString &identifier);
+    /// Forgets what else is in the profile, then the secrets.
+    void forgetRest(const QString &identifier, const Url &URL);
     /// Returns a function that receives whether the secrets of the removed location are forgotten:
     /// it finishes, or reports the failure and keeps the record of the removal.
     std::function<void(const Expected<void> &forgotten)> finisher(const QString &identifier,
@@ -65,4 +72,5 @@ private:
     /// How often each location was removed: one that is back may be removed again, which begins
     /// another undo time.
     QHash<QString, quint64> m_removals;
+    WorkerThreads m_threads;
 };

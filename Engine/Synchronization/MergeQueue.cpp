@@ -7,7 +7,7 @@ namespace {
 
 /// Number of rows that take as long as it takes to record that a record is known.
 constexpr qsizetype RowsOfRecord = 10;
-/// Number of characters that take as long as another row.
+/// Number of characters of texts that take as long as another row.
 constexpr qsizetype CharactersInRow = 200;
 
 QByteArray digestOf(const Transaction &transaction) {
@@ -24,41 +24,65 @@ QByteArray digestOf(const Transaction &transaction) {
 
 MergeQueue::Entry MergeQueue::entryOf(const QString &name,
                                       const TransactionRecords::Record &record) {
-    Entry entry{name, record.transaction, record.size, {}};
+    Entry entry{.name = name, .transaction = record.transaction, .size = record.size};
     // Neighbours are inserted into the table in a fraction of the time.
     std::sort(entry.transaction.superseded.begin(), entry.transaction.superseded.end());
     entry.digest = digestOf(entry.transaction);
     return entry;
 }
 
-QList<MergeQueue::Part> MergeQueue::takeParts(qsizetype rows) {
+Expected<QList<MergeQueue::Part>> MergeQueue::takeParts(qsizetype rows, const SizeOf &sizeOf) {
     QList<Part> parts;
     while (!m_waiting.isEmpty() && rows > 0) {
-        parts.append(takePart(rows));
-        rows -= parts.last().rows;
+        const Expected<Part> part = takePart(rows, sizeOf);
+        if (!part) {
+            return failure(part.error());
+        }
+        parts.append(*part);
+        rows -= part->rows;
     }
     return parts;
 }
 
-MergeQueue::Part MergeQueue::takePart(qsizetype room) {
+Expected<MergeQueue::Part> MergeQueue::takePart(qsizetype room, const SizeOf &sizeOf) {
     Entry &entry = m_waiting.first();
-    const QList<Operation> &operations = entry.transaction.operations;
-    const QList<OperationId> &superseded = entry.transaction.superseded;
     Part part{.name = entry.name, .number = entry.takenParts++, .rows = RowsOfRecord};
-    while (entry.takenOperations < operations.size() && part.rows < room) {
-        const Operation &operation = operations[entry.takenOperations++];
-        part.transaction.operations.append(operation);
-        part.rows += 1 + operation.supersedes.size() +
-                     (operation.title.size() + operation.text.size()) / CharactersInRow;
+    const qsizetype last = entry.transaction.operations.size();
+    const auto isTaken = [&] {
+        return entry.takenOperations > last && entry.takenSuperseded == entry.superseded.size();
+    };
+    while (!isTaken() && part.rows < room) {
+        if (entry.takenSuperseded == entry.superseded.size()) {
+            takeOperation(entry, part);
+            continue;
+        }
+        const OperationId &identifier = entry.superseded[entry.takenSuperseded++];
+        const Expected<qint64> size = sizeOf(identifier);
+        if (!size) {
+            return failure(size.error());
+        }
+        part.contents.superseded.append(identifier);
+        part.rows += 1 + *size / CharactersInRow;
     }
-    const qsizetype count =
-        qMin(qMax(room - part.rows, qsizetype(0)), superseded.size() - entry.takenSuperseded);
-    part.transaction.superseded = superseded.mid(entry.takenSuperseded, count);
-    entry.takenSuperseded += count;
-    part.rows += count;
-    if (entry.takenOperations == operations.size() && entry.takenSuperseded == superseded.size()) {
-        part.size = entry.size;
+    if (isTaken()) {
+        part.isLast = true;
+        part.contents.size = entry.size;
         m_taken.append(m_waiting.takeFirst());
     }
     return part;
+}
+
+void MergeQueue::takeOperation(Entry &entry, Part &part) {
+    const QList<Operation> &operations = entry.transaction.operations;
+    const qsizetype number = entry.takenOperations++;
+    entry.takenSuperseded = 0;
+    if (number == operations.size()) {
+        entry.superseded = entry.transaction.superseded;
+        return;
+    }
+    const Operation &operation = operations[number];
+    entry.superseded = operation.supersedes;
+    part.operations.append(operation);
+    part.contents.operations.append(operation.id);
+    part.rows += 1 + (operation.title.size() + operation.text.size()) / CharactersInRow;
 }

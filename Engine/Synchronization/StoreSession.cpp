@@ -1,5 +1,6 @@
 #include "Engine/Synchronization/StoreSession.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileReader.h"
+#include "Engine/Profile/SteppedDeletion.h"
 #include "Engine/Synchronization/TransactionRecords.h"
 #include "Host/SyncStrings.h"
 
@@ -24,8 +26,6 @@ constexpr qsizetype IdentifiersInTransaction = 30000;
 constexpr qsizetype CharactersAtOnce = 7 * Transaction::UsualSize;
 /// If there are more, one transaction is large: they are written one after the other.
 constexpr qsizetype MostCharactersAtOnce = CharactersAtOnce + Transaction::UsualSize;
-/// Number of transactions that one step on the main thread forgets.
-constexpr qsizetype NamesForgottenAtOnce = 400;
 /// Number of identifiers that one step on the main thread records as written.
 constexpr qsizetype IdentifiersRecordedAtOnce = 500;
 
@@ -112,13 +112,17 @@ Expected<qsizetype> StoreSession::forgetSome(const QStringList &names, Contents 
     if (names.isEmpty()) {
         return 0;
     }
-    const QStringList some = names.first(qMin(names.size(), NamesForgottenAtOnce));
+    // A record may have very many identifiers.
+    const QDeadlineTimer deadline(SteppedDeletion::StepDuration);
+    qsizetype count = 0;
     const auto forget = [&] {
-        return contents == Contents::MayBeLost ? known().remove(some)
-                                               : known().removeReplaced(some);
+        const Expected<void> noted =
+            contents == Contents::MayBeLost ? known().setIncomplete() : Expected<void>();
+        return noted.and_then([&] { return known().removeReplacedUntil(deadline, names); })
+            .map([&](qsizetype removed) { count = removed; });
     };
     return rememberLost().and_then([&] { return m_profile.write(forget); }).map([&] {
-        return some.size();
+        return count;
     });
 }
 

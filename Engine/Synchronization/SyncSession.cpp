@@ -223,8 +223,8 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
     if (Expected<void> moved = moveLog(); !moved) {
         return moved;
     }
-    if (m_pass == Pass::Merging && !m_queue.isEmpty()) {
-        return future.isCancelled() ? failure(operationCancelled()) : Expected<void>();
+    if (m_pass == Pass::Merging && !isAllMerged()) {
+        return future.isCancelled() ? failure(operationCancelled()) : takeParts();
     }
     if (Expected<void> listed = listRewritten(store, future); !listed) {
         return listed;
@@ -244,7 +244,26 @@ Expected<void> SyncSession::readTransactions(BlobStore &store, const EngineFutur
     }
     m_unread.remove(0, names.size() - left.size());
     std::copy(left.begin(), left.end(), m_unread.begin());
-    return m_pass == Pass::Comparing ? compareTransactions() : Expected<void>();
+    const Expected<void> compared =
+        m_pass == Pass::Comparing ? compareTransactions() : Expected<void>();
+    return compared.and_then([this] { return takeParts(); });
+}
+
+Expected<void> SyncSession::takeParts() {
+    if (m_pass == Pass::Comparing || m_queue.isEmpty() || !m_parts.isEmpty()) {
+        return {};
+    }
+    return readProfile([this]() -> Expected<void> {
+        Expected<QSqlQuery> query = log().prepareSize();
+        if (!query) {
+            return failure(query.error());
+        }
+        const auto sizeOf = [&](const OperationId &identifier) {
+            return log().size(*query, identifier);
+        };
+        return m_queue.takeParts(m_rowsAtOnce, sizeOf)
+            .map([this](const QList<MergeQueue::Part> &parts) { m_parts = parts; });
+    });
 }
 
 Expected<void> SyncSession::listRewritten(BlobStore &store, const EngineFuture &future) {
@@ -547,8 +566,8 @@ Expected<void> SyncSession::continueReading() {
         return keepNotes();
     }
     return mergeTransactions().and_then([this]() -> Expected<void> {
-        const bool isAllMerged = m_unread.isEmpty() && m_queue.isEmpty();
-        return isAllMerged && !isRewrittenMeanwhile() ? endReading() : Expected<void>();
+        const bool isDone = m_unread.isEmpty() && isAllMerged() && !isRewrittenMeanwhile();
+        return isDone ? endReading() : Expected<void>();
     });
 }
 
@@ -587,31 +606,31 @@ Expected<void> SyncSession::keepNotes() {
     }
     m_operationsToKeep.remove(0, portion->count);
     return library().merge(database(),
-                           {{}, subject().place, portion->operations, m_forecast.superseded()},
+                           {.place = subject().place,
+                            .operationsToKeep = portion->operations,
+                            .supersededByAll = m_forecast.superseded()},
                            [] { return Expected<void>(); });
 }
 
 Expected<void> SyncSession::mergeTransactions() {
-    if (m_queue.isEmpty()) {
+    if (m_parts.isEmpty()) {
         return {};
     }
-    Merge merge{{Transaction()}, subject().place, {}, {}};
-    Transaction &all = merge.transactions.first();
     QElapsedTimer elapsed;
     elapsed.start();
-    const QList<MergeQueue::Part> parts = m_queue.takeParts(m_rowsAtOnce);
+    const QList<MergeQueue::Part> parts = std::exchange(m_parts, {});
+    Merge merge{.place = subject().place};
     for (const MergeQueue::Part &part : parts) {
-        all.operations.append(part.transaction.operations);
-        all.superseded.append(part.transaction.superseded);
+        merge.operations.append(part.operations);
+        merge.superseded.append(part.contents.superseded);
     }
-    const qint64 count = all.operations.size();
     return library().merge(database(), merge, [&] { return addToKnown(parts); }).map([&] {
-        addReceived(count);
-        reportRepaired(all.operations);
+        addReceived(merge.operations.size());
+        reportRepaired(merge.operations);
         for (const MergeQueue::Part &part : parts) {
             m_rowsInLog += part.rows;
-            addTransactionOfSize(part.size.value_or(0));
-            progress().advance(part.size ? 1 : 0);
+            addTransactionOfSize(part.contents.size);
+            progress().advance(part.isLast ? 1 : 0);
         }
         adaptRowsAtOnce(elapsed.nsecsElapsed());
     });
@@ -642,11 +661,11 @@ Expected<void> SyncSession::addToKnown(const QList<MergeQueue::Part> &parts) {
 }
 
 Expected<void> SyncSession::addToKnown(const MergeQueue::Part &part) {
-    if (!part.size) {
-        return known().addPart(part.name, part.number, part.transaction);
+    if (!part.isLast) {
+        return known().addPart(part.name, part.number, part.contents);
     }
-    return part.number == 0 ? known().add(part.name, part.transaction, *part.size)
-                            : known().addLastPart(part.name, part.transaction, *part.size);
+    return part.number == 0 ? known().add(part.name, part.contents)
+                            : known().addLastPart(part.name, part.contents);
 }
 
 Expected<void> SyncSession::prepareWriting() {

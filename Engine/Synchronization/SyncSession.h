@@ -126,6 +126,8 @@ private:
     Expected<void> compareTransactions();
     /// Returns an error if the user must decide about notes that disappear.
     Expected<void> checkRemoval();
+    /// Takes what the next step merges, unless it is taken. What takes long to merge is found here.
+    Expected<void> takeParts();
     /// Finds what is wrong in the profile and no merge repairs.
     Expected<void> findFaults();
     /// Finds what remains lost of the notes that the profile knew.
@@ -144,6 +146,8 @@ private:
     Expected<void> forgetGone();
     /// Forgets some of the records that are not what was written, then begins to collect.
     Expected<void> forgetDamaged();
+    /// Returns whether all that was read is merged.
+    bool isAllMerged() const { return m_queue.isEmpty() && m_parts.isEmpty(); }
     /// Merges a part of what was read. A record counts as known when all of it is merged.
     Expected<void> mergeTransactions();
     Expected<void> addToKnown(const QList<MergeQueue::Part> &parts);
@@ -211,6 +215,8 @@ private:
     /// later those that are damaged there.
     QStringList m_gone;
     MergeQueue m_queue;
+    /// What the next step merges.
+    QList<MergeQueue::Part> m_parts;
     /// Approximate number of rows that the next step merges.
     qsizetype m_rowsAtOnce = FirstRowsAtOnce;
     /// Number of rows that were merged since the log of the profile was moved.

@@ -29,8 +29,9 @@ private:
     NotesList *list() const { return m_view->findChild<NotesList *>(); }
     /// As it comes from another computer.
     void receive(const Transaction &transaction) {
-        QVERIFY(m_host->library().merge(m_database, Merge{.transactions = {transaction}},
-                                        [] { return Expected<void>(); }));
+        const Merge merge{.operations = transaction.operations,
+                          .superseded = transaction.allSuperseded()};
+        QVERIFY(m_host->library().merge(m_database, merge, [] { return Expected<void>(); }));
     }
     OperationId operationOf(const Note &note) const {
         return QByteArray::fromHex(note.revision.toLatin1());

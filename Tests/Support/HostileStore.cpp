@@ -71,6 +71,16 @@ QByteArrayList HostileStore::conflictingEdits(int count) {
     return records;
 }
 
+QByteArrayList HostileStore::largeEdits(int count) {
+    const QString note = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    const QString text(Operation::NoteLimit, u'x');
+    QByteArrayList records;
+    for (int i = 0; i < count; ++i) {
+        records.append(Transaction{{Operation::make(note, {}, text, i, {})}, {}}.encoded());
+    }
+    return records;
+}
+
 QByteArrayList HostileStore::smallRecords(int count) {
     QByteArrayList records;
     for (int i = 0; i < count; ++i) {

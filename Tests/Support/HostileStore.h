@@ -16,6 +16,8 @@ ScriptedServer::Script databases(int count, int nameSize);
 /// Returns the records of `count` edits of one note, none of which has seen another. Each record
 /// has at most 10,000 of them.
 QByteArrayList conflictingEdits(int count);
+/// Returns `count` records, each with an edit of the same note of the largest size.
+QByteArrayList largeEdits(int count);
 /// Returns `count` records, each with the only edit of another note.
 QByteArrayList smallRecords(int count);
 /// Writes `records` into the folder of the inbox's transactions in the store at `path`.

@@ -173,9 +173,8 @@ private Q_SLOTS:
         const Operation two =
             Operation::make(UUID, QStringLiteral("t"), QStringLiteral("2"), 2, {});
         const QList<OperationId> both{one.id, two.id};
-        const Transaction transaction{.operations = {one, two},
-                                      .superseded = {one.resolving(both).id}};
-        QVERIFY(database->merge({.transactions = {transaction}}, [] { return Expected<void>(); }));
+        const Merge merge{.operations = {one, two}, .superseded = {one.resolving(both).id}};
+        QVERIFY(database->merge(merge, [] { return Expected<void>(); }));
         QList<Note> edits = database->notes().value();
         QCOMPARE(edits.size(), 2);
         QVERIFY(database->resolveConflict(edits[1], edits[0]));

@@ -7,6 +7,8 @@
 
 namespace {
 
+using Contents = KnownTransactions::Contents;
+
 const QString FirstRecord = QStringLiteral("0f7e2f2c-9d1b-4a53-8c6e-0d9f6f3f8a11.json");
 const QString SecondRecord = QStringLiteral("0f7e2f2c-9d1b-4a53-8c6e-0d9f6f3f8a12.json");
 constexpr qint64 RecordSize = 1000;
@@ -74,16 +76,27 @@ class KnownTransactionsTest : public QObject {
         QVERIFY(database()->log().merge(superseding('a', 'a')));
     }
 
+    /// Forgets the store "store" in steps. Returns how many these were, without the last one.
+    int forgetStore(std::chrono::milliseconds stepDuration) const {
+        for (int steps = 0;; ++steps) {
+            const Expected<bool> isLast = KnownTransactions::forgetSomeOfStore(
+                profile(), QStringLiteral("store"), stepDuration);
+            if (!isLast || *isLast) {
+                return isLast ? steps : -1;
+            }
+        }
+    }
+
 private Q_SLOTS:
     void init() { m_host = std::make_unique<TestHost>(); }
     void cleanup() { m_host.reset(); }
 
     void theContentsOfARecordAreThoseOfAllParts() {
-        QVERIFY(known().addPart(FirstRecord, 0, superseding('c', 'd')));
-        QVERIFY(known().addPart(FirstRecord, 1, superseding('e', 'f')));
-        QVERIFY(known().addLastPart(FirstRecord, superseding('a', 'b'), RecordSize));
+        QVERIFY(known().addPart(FirstRecord, 0, Contents::of(superseding('c', 'd'), 0)));
+        QVERIFY(known().addPart(FirstRecord, 1, Contents::of(superseding('e', 'f'), 0)));
+        QVERIFY(known().addLastPart(FirstRecord, Contents::of(superseding('a', 'b'), RecordSize)));
         QVERIFY(known().add(SecondRecord, superseding('g', 'g'), RecordSize));
-        const auto expected = KnownTransactions::Contents::of(superseding('a', 'f'), RecordSize);
+        const auto expected = Contents::of(superseding('a', 'f'), RecordSize);
         QCOMPARE(known().contents(FirstRecord).value(), expected);
         QCOMPARE(known().all().value().value(FirstRecord), expected);
         QCOMPARE(known().all().value().size(), 2);
@@ -99,10 +112,9 @@ private Q_SLOTS:
             QVERIFY(known().add(FirstRecord, large, RecordSize));
         }
         QVERIFY(known().isComplete().value());
-        QVERIFY(known().addPart(SecondRecord, 0, superseding('a', 'b')));
-        QVERIFY(known().addLastPart(SecondRecord, large, RecordSize));
-        QCOMPARE(known().contents(FirstRecord).value(),
-                 KnownTransactions::Contents::of(large, RecordSize));
+        QVERIFY(known().addPart(SecondRecord, 0, Contents::of(superseding('a', 'b'), 0)));
+        QVERIFY(known().addLastPart(SecondRecord, Contents::of(large, RecordSize)));
+        QCOMPARE(known().contents(FirstRecord).value(), Contents::of(large, RecordSize));
         QCOMPARE(known().contents(SecondRecord).value().superseded.size(), 1002);
         QCOMPARE(known().names().value(), QSet<QString>({FirstRecord, SecondRecord}));
         QCOMPARE(known().sizes().value(),
@@ -112,7 +124,7 @@ private Q_SLOTS:
     }
 
     void aRecordWithoutItsLastPartIsNotKnown() {
-        QVERIFY(known().addPart(FirstRecord, 0, superseding('a', 'b')));
+        QVERIFY(known().addPart(FirstRecord, 0, Contents::of(superseding('a', 'b'), 0)));
         QVERIFY(known().all().value().isEmpty());
         QVERIFY(known().sizes().value().isEmpty());
         QCOMPARE(known().contents(FirstRecord).value(), KnownTransactions::Contents());
@@ -120,36 +132,36 @@ private Q_SLOTS:
 
     void partsThatWereAddedBeforeAreReplaced() {
         for (int part = 0; part < 3; ++part) {
-            QVERIFY(known().addPart(FirstRecord, part, superseding('x', 'z')));
+            QVERIFY(known().addPart(FirstRecord, part, Contents::of(superseding('x', 'z'), 0)));
         }
-        QVERIFY(known().addPart(FirstRecord, 0, superseding('a', 'a')));
-        QVERIFY(known().addLastPart(FirstRecord, superseding('b', 'b'), RecordSize));
+        QVERIFY(known().addPart(FirstRecord, 0, Contents::of(superseding('a', 'a'), 0)));
+        QVERIFY(known().addLastPart(FirstRecord, Contents::of(superseding('b', 'b'), RecordSize)));
         QCOMPARE(known().contents(FirstRecord).value(),
-                 KnownTransactions::Contents::of(superseding('a', 'b'), RecordSize));
+                 Contents::of(superseding('a', 'b'), RecordSize));
     }
 
     /// Its merge was interrupted, then it was read again and merged at once.
     void aRecordThatIsAddedAsAWholeHasNoPartsOfEarlier() {
         beginRecording(known());
         for (int part = 0; part < 2; ++part) {
-            QVERIFY(known().addPart(FirstRecord, part, superseding('x', 'z')));
+            QVERIFY(known().addPart(FirstRecord, part, Contents::of(superseding('x', 'z'), 0)));
         }
         QVERIFY(known().setComplete());
         QVERIFY(known().add(FirstRecord, superseding('a', 'a'), RecordSize));
         QCOMPARE(known().contents(FirstRecord).value(),
-                 KnownTransactions::Contents::of(superseding('a', 'a'), RecordSize));
+                 Contents::of(superseding('a', 'a'), RecordSize));
         QVERIFY(!known().isComplete().value());
     }
 
     void removingARecordRemovesItsPartsOnly() {
-        QVERIFY(known().addPart(FirstRecord, 0, superseding('a', 'a')));
-        QVERIFY(known().addLastPart(FirstRecord, superseding('b', 'b'), RecordSize));
+        QVERIFY(known().addPart(FirstRecord, 0, Contents::of(superseding('a', 'a'), 0)));
+        QVERIFY(known().addLastPart(FirstRecord, Contents::of(superseding('b', 'b'), RecordSize)));
         QVERIFY(known().add(SecondRecord, superseding('c', 'c'), RecordSize));
         QVERIFY(known().remove({FirstRecord}));
         QCOMPARE(known().sizes().value(), (QHash<QString, qint64>{{SecondRecord, RecordSize}}));
         QVERIFY(known().add(FirstRecord, superseding('d', 'd'), RecordSize));
         QCOMPARE(known().contents(FirstRecord).value(),
-                 KnownTransactions::Contents::of(superseding('d', 'd'), RecordSize));
+                 Contents::of(superseding('d', 'd'), RecordSize));
     }
 
     void whatIsAddedIsUnwrittenUntilARecordContainsIt() {
@@ -166,7 +178,7 @@ private Q_SLOTS:
         QCOMPARE(recorded(known()).superseded, QSet{identifier('b')});
         Transaction written = superseding('b', 'c');
         written.operations = {Operation{edit, {}, {}, {}, {}, {}, {}}};
-        QVERIFY(known().addPart(SecondRecord, 0, written));
+        QVERIFY(known().addPart(SecondRecord, 0, Contents::of(written, 0)));
         QVERIFY(!known().hasUnwritten().value());
     }
 
@@ -192,12 +204,35 @@ private Q_SLOTS:
         QCOMPARE(recorded(known()).superseded.size(), 2);
         QCOMPARE(recorded(other).superseded.size(), 1);
         QVERIFY(!known(QStringLiteral("third")).hasUnwritten().value());
-        QVERIFY(profile().write(
-            [&] { return KnownTransactions::forgetStore(profile(), QStringLiteral("store")); }));
+        forgetStore(std::chrono::hours(1));
         QCOMPARE(KnownTransactions::recordedStores(profile(), database()->log().database()).value(),
                  QStringList{QStringLiteral("other")});
         QVERIFY(!known().hasUnwritten().value());
         QCOMPARE(recorded(other).superseded.size(), 1);
+    }
+
+    /// A record may have very many identifiers.
+    void recordsAreForgottenInSteps() {
+        constexpr int parts = 5;
+        for (const KnownTransactions &each : {known(), known(QStringLiteral("other"))}) {
+            for (int i = 0; i < parts; ++i) {
+                QVERIFY(each.addPart(FirstRecord, i, Contents::of(manyIdentifiers(100), 0)));
+            }
+            QVERIFY(each.addLastPart(FirstRecord, Contents::of({}, RecordSize)));
+            QVERIFY(each.add(SecondRecord, superseding('a', 'b'), RecordSize));
+        }
+        const QDeadlineTimer expired(0);
+        QCOMPARE(known().removeReplacedUntil(expired, {FirstRecord, SecondRecord}).value(), 1);
+        QCOMPARE(known().names().value(), QSet<QString>{SecondRecord});
+        const KnownTransactions other = known(QStringLiteral("other"));
+        QVERIFY(other.removeReplaced({FirstRecord, SecondRecord}));
+        QVERIFY(other.names().value().isEmpty());
+
+        QVERIFY(known().add(FirstRecord, manyIdentifiers(100), RecordSize));
+        QVERIFY(other.add(FirstRecord, superseding('a', 'b'), RecordSize));
+        QCOMPARE(forgetStore(std::chrono::milliseconds(0)), 2);
+        QVERIFY(known().names().value().isEmpty());
+        QCOMPARE(other.names().value(), QSet<QString>{FirstRecord});
     }
 
     void whatAStoreMayHaveLostMustBeCompared() {

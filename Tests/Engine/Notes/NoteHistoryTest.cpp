@@ -245,6 +245,33 @@ private Q_SLOTS:
         QVERIFY(deletedTexts().contains(QStringLiteral("kept")));
     }
 
+    /// Removing large texts takes long.
+    void versionsAreRemovedByTheirSize_data() {
+        QTest::addColumn<int>("days");
+        QTest::addColumn<int>("megabytes");
+        QTest::newRow("too old") << 31 << 256;
+        QTest::newRow("too large together") << 0 << 1;
+    }
+    void versionsAreRemovedByTheirSize() {
+        QFETCH(const int, days);
+        QFETCH(const int, megabytes);
+        const QDateTime now = QDateTime::currentDateTime();
+        QVERIFY(m_host->library().setHistoryLimits({30, megabytes}));
+        QVERIFY(profile().run(
+            QStringLiteral("INSERT INTO versions (ended, size, database, note_uuid, place, title,"
+                           " text) WITH RECURSIVE number (n) AS (SELECT 1 UNION ALL SELECT n + 1"
+                           " FROM number WHERE n < 30) SELECT ?, 1048576, databases.id,"
+                           " 'u' || n, '', '', '' FROM number, databases WHERE is_inbox"),
+            {now.addDays(-days).toMSecsSinceEpoch()}));
+        const auto count = [this] {
+            return profile().value(QStringLiteral("SELECT count(*) FROM versions"));
+        };
+        QVERIFY(profile().write([&] { return NoteHistory::prune(profile(), now); }));
+        QCOMPARE(count().value().toInt(), 30 - 8);
+        QVERIFY(profile().write([&] { return NoteHistory::pruneAll(profile(), now); }));
+        QCOMPARE(count().value().toInt(), days > 0 ? 0 : 1);
+    }
+
     void aClockThatIsAheadOnceRemovesNothing() {
         QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("kept"))));
         const auto start = [this](const QDateTime &now) {

@@ -32,8 +32,9 @@ class NoteRowsTest : public QObject {
     qint64 m_position = 0;
 
     void receive(const Transaction &transaction) {
-        QVERIFY(m_host->library().merge(m_database, Merge{.transactions = {transaction}},
-                                        [] { return Expected<void>(); }));
+        const Merge merge{.operations = transaction.operations,
+                          .superseded = transaction.allSuperseded()};
+        QVERIFY(m_host->library().merge(m_database, merge, [] { return Expected<void>(); }));
     }
     /// Receives edits of the note from other computers, titled "1" and so on, the last one first.
     void receiveEdits(int count) {

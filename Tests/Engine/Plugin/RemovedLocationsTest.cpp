@@ -181,9 +181,13 @@ private Q_SLOTS:
         add(QStringLiteral("velmora://desk:8442"));
         const QString identifier = value(QStringLiteral("SELECT uuid FROM locations")).toString();
         const ProfileDatabase &profile = m_host->engine().profile();
-        QVERIFY(profile.run(QStringLiteral("INSERT INTO known_transactions SELECT ?, id, 'a', '',"
-                                           " '', 1 FROM databases"),
-                            {identifier}));
+        // So many identifiers that it takes several steps.
+        QVERIFY(profile.run(
+            QStringLiteral("INSERT INTO known_transactions WITH RECURSIVE number (n) AS"
+                           " (SELECT 1 UNION ALL SELECT n + 1 FROM number WHERE n < 300)"
+                           " SELECT ?, id, 'a' || n, zeroblob(100000), '', 1 FROM number,"
+                           " databases"),
+            {identifier}));
         const QString key = QStringLiteral("velmora://desk:8442 ") + identifier;
         const auto pairings = m_host->engine().plugin().context().pairings;
         pairings->keep(key, "fingerprint", QByteArray("secret"));

@@ -314,21 +314,24 @@ class HostileServersTest : public QObject {
         return result;
     }
 
-    /// Measures a synchronization of the inbox with the location of the last visit.
+    /// Starts a synchronization of the inbox with the location of the last visit. Returns a
+    /// function that returns whether it has ended.
+    std::function<bool()> synchronize() {
+        const QString inbox = m_host->inbox()->UUID();
+        auto state = m_location->stateForDatabaseWithUUID(inbox);
+        if (!state) {
+            state = m_host->addState(m_location, m_host->inbox());
+            state->setEnabled(true);
+            m_host->save();
+        }
+        const auto isDone = std::make_shared<bool>(false);
+        m_host->engine().plugin().dispatcher()->performSynchronizationsWithSynchronizationStates(
+            {state}, [isDone] { *isDone = true; });
+        return [isDone] { return *isDone; };
+    }
+    /// Measures it.
     void measureSynchronization(qint64 kept = 0, int deadline = 60000) {
-        const auto state = m_host->addState(m_location, m_host->inbox());
-        state->setEnabled(true);
-        m_host->save();
-        const auto synchronize = [&]() -> std::function<bool()> {
-            const auto isDone = std::make_shared<bool>(false);
-            m_host->engine()
-                .plugin()
-                .dispatcher()
-                ->performSynchronizationsWithSynchronizationStates({state},
-                                                                   [isDone] { *isDone = true; });
-            return [isDone] { return *isDone; };
-        };
-        measure(synchronize, deadline, kept);
+        measure([this] { return synchronize(); }, deadline, kept);
     }
 
     /// The number of megabytes that are kept of the visit `name`.
@@ -1055,6 +1058,32 @@ private Q_SLOTS:
             return [isFound] { return isFound; };
         };
         measure(lookUp, 5000);
+    }
+
+    /// A record of some bytes makes the profile keep all of them as earlier versions.
+    void supersededTextsAreBounded_data() {
+        QTest::addColumn<int>("edits");
+        QTest::addColumn<bool>("byOperation");
+        QTest::newRow("Folder: a record that supersedes 15 edits of 8 MiB") << 15 << false;
+        QTest::newRow("Folder: an operation that supersedes 15 edits of 8 MiB") << 15 << true;
+    }
+    void supersededTextsAreBounded() {
+        QFETCH(const int, edits);
+        QFETCH(const bool, byOperation);
+        folder([](const QString &) {});
+        const QString path = m_location->URL().path();
+        HostileStore::writeRecords(path, HostileStore::largeEdits(edits));
+        QVERIFY(QTest::qWaitFor(synchronize(), 120'000));
+        const NoteLog &log = m_host->library().synchronizedDatabase(InboxUUID)->log();
+        const QList<OperationId> all = log.operationIds().value();
+        QCOMPARE(all.size(), edits);
+        const Operation last =
+            Operation::make(QUuid::createUuid().toString(QUuid::WithoutBraces), {}, {}, edits, all);
+        const Transaction superseding =
+            byOperation ? Transaction{{last}, {}} : Transaction{{}, all.mid(1)};
+        HostileStore::writeRecords(path, {superseding.encoded()});
+        measureSynchronization();
+        QCOMPARE(log.operationIds().value().size(), 1);
     }
 
     /// VELMORA_RECORDS is their number. Twice as many must take about twice as long.

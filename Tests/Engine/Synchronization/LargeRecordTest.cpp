@@ -285,12 +285,10 @@ private Q_SLOTS:
             }
         });
         for (int i = 0; i < 5; ++i) {
-            const Transaction note{
-                {Operation::make(QUuid::createUuid().toString(QUuid::WithoutBraces),
-                                 QStringLiteral("Title"), QStringLiteral("Text"), 0, {})},
-                {}};
-            QVERIFY(m_host->library().merge(inbox, {.transactions = {note}},
-                                            [] { return Expected<void>(); }));
+            const Merge note{.operations = {Operation::make(
+                                 QUuid::createUuid().toString(QUuid::WithoutBraces),
+                                 QStringLiteral("Title"), QStringLiteral("Text"), 0, {})}};
+            QVERIFY(m_host->library().merge(inbox, note, [] { return Expected<void>(); }));
         }
         QCOMPARE(noted, QList<qint64>{1});
         QTRY_COMPARE(noted.size(), 2);

@@ -477,12 +477,11 @@ private Q_SLOTS:
     void aNameThatReplacesMoreNamesThanOneOperationHoldsIsSynchronized() {
         const auto database =
             std::dynamic_pointer_cast<EngineDatabase>(m_host->addDatabase(QStringLiteral("Mine")));
-        Transaction names;
+        Merge names;
         for (qint64 i = 0; i < Operation::SupersedesLimit + 10; ++i) {
             names.operations.append(Operation::make({}, QString::number(i), {}, i, {}));
         }
-        QVERIFY(m_host->library().merge(database, {.transactions = {names}},
-                                        [] { return Expected<void>(); }));
+        QVERIFY(m_host->library().merge(database, names, [] { return Expected<void>(); }));
         m_host->renameDatabase(database, QStringLiteral("First"));
         m_host->renameDatabase(database, QStringLiteral("Second"));
         const StoreSession::Subject subject{database->UUID(), QStringLiteral("?"),
