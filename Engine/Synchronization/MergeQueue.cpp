@@ -51,7 +51,12 @@ Expected<MergeQueue::Part> MergeQueue::takePart(qsizetype room, const SizeOf &si
     const auto isTaken = [&] {
         return entry.takenOperations > last && entry.takenSuperseded == entry.superseded.size();
     };
-    while (!isTaken() && part.rows < room) {
+    // An edit and the one that it replaces are merged together, so that no conflict shows
+    // meanwhile.
+    const auto isDivided = [&] {
+        return entry.takenSuperseded == 0 && !entry.superseded.isEmpty();
+    };
+    while (!isTaken() && (part.rows < room || isDivided())) {
         if (entry.takenSuperseded == entry.superseded.size()) {
             takeOperation(entry, part);
             continue;

@@ -29,7 +29,8 @@ public:
         qsizetype takenSuperseded = 0;
     };
     /// A part of a transaction to be merged. An operation and what it supersedes may be in several
-    /// parts, since the latter may take long; the operation comes first.
+    /// parts, since the latter may take long: the operation and the first that it supersedes come
+    /// first, together.
     struct Part {
         QString name;
         QList<Operation> operations = {};
