@@ -273,26 +273,32 @@ private Q_SLOTS:
         QCOMPARE_LT(timeOfName(), 50 * few);
     }
 
-    void slowReceiversAreNotifiedOfSeveralMergesTogether() {
+    void mergesAfterManyChangesAreAnnouncedTogether() {
+        constexpr int many = 100;
+        constexpr int single = 4;
         const auto inbox = m_host->library().synchronizedDatabase(InboxUUID);
-        QList<qint64> noted;
+        QList<qint64> announced;
         QObject receiver;
-        connect(inbox.get(), &NoteDatabase::notesChanged, &receiver, [&] {
-            noted.append(inbox->log().countOfNotes().value());
-            QElapsedTimer working;
-            working.start();
-            while (!working.hasExpired(100)) {
+        connect(inbox.get(), &NoteDatabase::notesChanged, &receiver,
+                [&] { announced.append(inbox->log().countOfNotes().value()); });
+        const auto merge = [&](int count) {
+            Merge notes;
+            for (int i = 0; i < count; ++i) {
+                notes.operations.append(
+                    Operation::make(QUuid::createUuid().toString(QUuid::WithoutBraces),
+                                    QStringLiteral("Title"), QStringLiteral("Text"), 0, {}));
             }
-        });
-        for (int i = 0; i < 5; ++i) {
-            const Merge note{.operations = {Operation::make(
-                                 QUuid::createUuid().toString(QUuid::WithoutBraces),
-                                 QStringLiteral("Title"), QStringLiteral("Text"), 0, {})}};
-            QVERIFY(m_host->library().merge(inbox, note, [] { return Expected<void>(); }));
+            QVERIFY(m_host->library().merge(inbox, notes, [] { return Expected<void>(); }));
+        };
+        merge(many);
+        for (int i = 0; i < single; ++i) {
+            merge(1);
         }
-        QCOMPARE(noted, QList<qint64>{1});
-        QTRY_COMPARE(noted.size(), 2);
-        QCOMPARE(noted.last(), 5);
+        QCOMPARE(announced, QList<qint64>{many});
+        QTRY_COMPARE(announced, (QList<qint64>{many, many + single}));
+        // These were few.
+        merge(1);
+        QCOMPARE(announced.last(), many + single + 1);
     }
 
     void aStepThatFailsIsReportedAndTheRecordIsReadAgain() {
