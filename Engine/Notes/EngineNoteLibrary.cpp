@@ -105,7 +105,7 @@ Expected<bool> EngineNoteLibrary::importDatabase(const QString &UUID, const QStr
     if (const auto deleted = deletedDatabase(UUID)) {
         return restoreDatabase(deleted).map([] { return true; });
     }
-    const Expected<bool> isErased = DeletedDatabase::eraseSome(m_profile, UUID, duration);
+    Expected<bool> isErased = DeletedDatabase::eraseSome(m_profile, UUID, duration);
     if (!isErased || !*isErased) {
         return isErased;
     }

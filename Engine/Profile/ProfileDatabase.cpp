@@ -226,7 +226,7 @@ Expected<void> ProfileDatabase::checkTables() const {
     static const QRegularExpression creation(
         QStringLiteral("^CREATE (TABLE|TRIGGER) IF NOT EXISTS (\\w+)"));
     QSet<std::pair<QString, QString>> present;
-    const Expected<void> done =
+    Expected<void> done =
         read(QStringLiteral("SELECT type, name FROM sqlite_schema"), {}, [&](const QSqlQuery &row) {
             present.insert({row.value(0).toString(), row.value(1).toString()});
         });

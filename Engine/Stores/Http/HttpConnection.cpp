@@ -141,6 +141,14 @@ void HttpConnection::configure(const HttpRequest &request) {
     set(CURLOPT_FRESH_CONNECT, request.isUnrepeatable ? 1L : 0L);
     set(CURLOPT_USERAGENT, "Velmora");
     set(CURLOPT_ERRORBUFFER, m_errorText);
+    configureTLS();
+    configureCallbacks();
+    configureProxy(request.URL);
+    configureHeaders(request);
+    configureBody(request);
+}
+
+void HttpConnection::configureTLS() {
     // The certificate is verified by verifyCertificate instead.
     set(CURLOPT_SSL_VERIFYPEER, 0L);
     set(CURLOPT_SSL_VERIFYHOST, 0L);
@@ -148,6 +156,9 @@ void HttpConnection::configure(const HttpRequest &request) {
     set(CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
     set(CURLOPT_SSL_CTX_FUNCTION, &HttpConnection::prepareTLS);
     set(CURLOPT_SSL_CTX_DATA, this);
+}
+
+void HttpConnection::configureCallbacks() {
     set(CURLOPT_OPENSOCKETFUNCTION, &HttpConnection::openSocket);
     set(CURLOPT_OPENSOCKETDATA, this);
     set(CURLOPT_CLOSESOCKETFUNCTION, &HttpConnection::closeSocket);
@@ -159,9 +170,6 @@ void HttpConnection::configure(const HttpRequest &request) {
     set(CURLOPT_NOPROGRESS, 0L);
     set(CURLOPT_XFERINFOFUNCTION, &HttpConnection::takeProgress);
     set(CURLOPT_XFERINFODATA, this);
-    configureProxy(request.URL);
-    configureHeaders(request);
-    configureBody(request);
 }
 
 void HttpConnection::configureProxy(const QUrl &URL) {

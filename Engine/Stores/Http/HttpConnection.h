@@ -88,6 +88,8 @@ private:
     void set(CURLoption option, Value value);
     /// Set the options of libcurl for `request`.
     void configure(const HttpRequest &request);
+    void configureTLS();
+    void configureCallbacks();
     void configureProxy(const QUrl &URL);
     void configureHeaders(const HttpRequest &request);
     void configureBody(const HttpRequest &request);
