@@ -17,6 +17,19 @@ double luminance(const QColor &color) {
            0.0722 * linear(color.blueF());
 }
 
+void makeDisabledTextLegible(QPalette &palette, QPalette::ColorRole text,
+                             QPalette::ColorRole ground) {
+    const QColor under = palette.color(QPalette::Disabled, ground);
+    const QColor disabled = palette.color(QPalette::Disabled, text);
+    if (Contrast::ratio(Contrast::blended(disabled, under), under) < Contrast::OfText) {
+        QColor color = palette.color(QPalette::Active, text);
+        color.setAlpha(0);
+        palette.setColor(
+            QPalette::Disabled, text,
+            Contrast::blended(Contrast::legible(color, under, Contrast::OfText), under));
+    }
+}
+
 /// Returns `color`, lighter or darker until it has the contrast `minimum` to `other`, or black or
 /// white if even that is not enough.
 QColor apart(QColor color, const QColor &other, bool becomesLighter, double minimum) {
@@ -78,5 +91,9 @@ QPalette Contrast::withLegibleTexts(const QPalette &palette) {
         result.setColor(group, QPalette::PlaceholderText,
                         legible(palette.color(group, QPalette::PlaceholderText), base));
     }
+    makeDisabledTextLegible(result, QPalette::WindowText, QPalette::Window);
+    makeDisabledTextLegible(result, QPalette::Text, QPalette::Base);
+    makeDisabledTextLegible(result, QPalette::PlaceholderText, QPalette::Base);
+    makeDisabledTextLegible(result, QPalette::ButtonText, QPalette::Button);
     return result;
 }

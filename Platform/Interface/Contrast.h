@@ -27,8 +27,9 @@ PLATFORM_EXPORT QColor outline(const QPalette &palette);
 /// Returns the color of the selection, lighter or darker if it needs that to be seen on the window,
 /// for the outline of the control with the focus.
 PLATFORM_EXPORT QColor focus(const QPalette &palette);
-/// Returns `palette` with a selection and a placeholder whose texts are legible, if they are not:
-/// the color of the selection then moves away from that of its text.
+/// Returns `palette` with a selection, a placeholder and disabled controls whose texts are legible,
+/// if they are not: the color of the selection then moves away from that of its text, and that of a
+/// disabled text towards that of an enabled one.
 PLATFORM_EXPORT QPalette withLegibleTexts(const QPalette &palette);
 
 }  // namespace Contrast

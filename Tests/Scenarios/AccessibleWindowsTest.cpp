@@ -18,6 +18,7 @@
 
 namespace {
 
+/// As the themes of desktops have it, with black texts of what is disabled.
 QPalette highContrastPalette() {
     QPalette palette(Qt::black);
     for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Window, QPalette::Button}) {
@@ -26,10 +27,11 @@ QPalette highContrastPalette() {
     for (const QPalette::ColorRole role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::BrightText}) {
         palette.setColor(role, Qt::white);
+        palette.setColor(QPalette::Disabled, role, Qt::black);
     }
     palette.setColor(QPalette::Highlight, Qt::yellow);
     palette.setColor(QPalette::HighlightedText, Qt::black);
-    return palette;
+    return Contrast::withLegibleTexts(palette);
 }
 
 int countOfContrastingPixels(const QImage &one, const QImage &other) {

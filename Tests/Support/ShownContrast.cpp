@@ -84,8 +84,8 @@ QRect textOf(const QWidget *widget) {
     return hasText ? field->rect().adjusted(Frame, Frame, -Frame, -Frame) : QRect();
 }
 
-/// Returns whether users need to see `widget`: what is disabled may be pale, but not a text that is
-/// not the label of something disabled.
+/// Returns whether users need to read `widget`: what is disabled may be paler as long as it can be
+/// seen, but not a text that is not the label of something disabled.
 bool informs(const QWidget &widget) {
     const auto *label = qobject_cast<const QLabel *>(&widget);
     return widget.isEnabled() || (label && !label->buddy());
@@ -98,12 +98,16 @@ public:
 
     QStringList problems() {
         for (const QWidget *widget : m_window.findChildren<QWidget *>()) {
-            if (widget->window() != &m_window || !widget->isVisible() || !informs(*widget)) {
+            if (widget->window() != &m_window || !widget->isVisible()) {
                 continue;
             }
             const QString name = QStringLiteral("%1 “%2”").arg(
                 widget->objectName(), widget->property("text").toString().left(40));
-            checkText(name, inPicture(widget, textOf(widget)));
+            checkText(name, inPicture(widget, textOf(widget)),
+                      informs(*widget) ? Contrast::OfText : Contrast::OfOutline);
+            if (!informs(*widget)) {
+                continue;
+            }
             checkOutline(name, inPicture(widget, outlineOf(widget)));
             checkIcon(name, *widget);
             checkPicture(name, *widget);
@@ -124,12 +128,12 @@ private:
         return place & m_picture.rect();
     }
 
-    void checkText(const QString &name, const QRect &place) {
+    void checkText(const QString &name, const QRect &place, double minimum) {
         if (place.isEmpty()) {
             return;
         }
         const double ratio = greatestRatio(m_picture, place, mostFrequent(m_picture, place));
-        if (ratio < Contrast::OfText) {
+        if (ratio < minimum) {
             m_problems.append(QStringLiteral("text of %1: %2").arg(name).arg(ratio));
         }
     }
@@ -199,7 +203,8 @@ private:
             const QModelIndex index = view.model()->index(row, 0);
             const QString text = index.data().toString();
             if (!text.isEmpty()) {
-                checkText(text, inPicture(view.viewport(), view.visualRect(index)));
+                checkText(text, inPicture(view.viewport(), view.visualRect(index)),
+                          Contrast::OfText);
             }
         }
     }

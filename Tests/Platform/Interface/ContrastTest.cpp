@@ -50,6 +50,31 @@ private Q_SLOTS:
                  QColor(Qt::darkBlue));
     }
 
+    /// As palettes of high contrast have it: black on black.
+    void disabledTextsCanBeSeenAndArePalerThanOthers() {
+        QPalette palette;
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            const QColor text = group == QPalette::Disabled ? Qt::black : Qt::white;
+            for (const auto ground : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+                palette.setColor(group, ground, Qt::black);
+            }
+            for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                    QPalette::PlaceholderText}) {
+                palette.setColor(group, role, text);
+            }
+        }
+        const QPalette legible = Contrast::withLegibleTexts(palette);
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                QPalette::PlaceholderText}) {
+            const double ratio =
+                Contrast::ratio(legible.color(QPalette::Disabled, role), Qt::black);
+            QVERIFY2(ratio >= 4.5 && ratio < 6, qPrintable(QString::number(ratio)));
+        }
+        const QPalette light(QColor(0xef, 0xef, 0xef));
+        QCOMPARE(Contrast::withLegibleTexts(light).color(QPalette::Active, QPalette::WindowText),
+                 light.color(QPalette::Active, QPalette::WindowText));
+    }
+
     void aSelectionWithDarkTextBecomesLighter() {
         QPalette palette;
         palette.setColor(QPalette::Highlight, QColor(90, 90, 90));
