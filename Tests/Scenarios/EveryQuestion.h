@@ -4,6 +4,8 @@
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QListWidget>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 #include <algorithm>
@@ -90,12 +92,12 @@ inline void askAboutDamagedProfileWithoutCopy(TestHost &host, MainWindow & /*win
         std::optional<QDate>());
 }
 
-/// Triggers the command of the main window with this shortcut for a database.
+/// Triggers the command of the database menu with this shortcut for a database.
 inline void chooseForDatabase(TestHost &host, MainWindow &window, const QKeySequence &shortcut) {
     host.addDatabase(QStringLiteral("Projects"));
     auto *list = window.findChild<QListWidget *>();
     list->setCurrentRow(list->count() - 1);
-    const auto actions = window.findChildren<QAction *>();
+    const auto actions = window.menuBar()->findChild<QMenu *>()->actions();
     const auto found = std::find_if(actions.begin(), actions.end(), [&](const QAction *action) {
         return action->shortcut() == shortcut;
     });
