@@ -41,6 +41,7 @@ private Q_SLOTS:
         QList<std::pair<const char *, EveryWindow::MakeWindow>> windows =
             EveryWindow::all() + EveryWindow::further();
         windows.append({"failed synchronization", EveryWindow::failedSynchronization});
+        windows.append({"folder access", EveryWindow::folderAccess});
         for (const auto &[name, makeWindow] : std::as_const(windows)) {
             for (const QLocale &locale : Languages::all()) {
                 // Its synchronization takes longer than the others.
