@@ -77,7 +77,20 @@ void DiscoveryClient::connectToBus() {
                                        AvahiBus::ServerInterface, QStringLiteral("GetAPIVersion"));
     await(m_bus.asyncCall(request, NoTimeout), this, [this](const QDBusMessage &reply) {
         if (reply.type() == QDBusMessage::ReplyMessage) {
-            connectToDaemon(reply.service());
+            askForOwner();
+        }
+    });
+}
+
+void DiscoveryClient::askForOwner() {
+    QDBusMessage request = QDBusMessage::createMethodCall(BusService, BusPath, BusService,
+                                                          QStringLiteral("GetNameOwner"));
+    request.setArguments({AvahiBus::Service});
+    // Not every version of Qt states the sender of a reply.
+    await(m_bus.asyncCall(request, NoTimeout), this, [this](const QDBusMessage &reply) {
+        if (const QString owner = reply.arguments().value(0).toString();
+            reply.type() == QDBusMessage::ReplyMessage && !owner.isEmpty()) {
+            connectToDaemon(owner);
         }
     });
 }

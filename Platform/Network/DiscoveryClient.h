@@ -75,6 +75,8 @@ private:
     /// Connects to the system bus, which has just responded; tries again later if that fails.
     void connectToBus();
     void disconnectFromBus();
+    /// Connects to the daemon, which has responded, unless the bus reports another one before.
+    void askForOwner();
     /// Connects to the daemon with this name on the bus.
     void connectToDaemon(const QString &owner);
     /// Forgets the daemon and the replies that are expected. Emits lost() if it was available.
