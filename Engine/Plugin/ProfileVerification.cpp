@@ -138,6 +138,10 @@ ProfileVerification::Findings ProfileVerification::integrityProblems() const {
                                          ? failure(ProfileInspection::unreadable(m_profile.path()))
                                          : Expected<void>();
                           });
+    // What SQLite misses then may be on the page that the disk does not return.
+    if (isUnreadable) {
+        found.problems.clear();
+    }
     return found;
 }
 

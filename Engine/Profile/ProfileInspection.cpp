@@ -161,7 +161,8 @@ Expected<void> checkContents(const QString &path, const ReadOnlyConnection &data
 bool isInPage(const QString &problem) {
     static const QRegularExpression page(QStringLiteral("page \\d+[^:]*: "),
                                          QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression link(QStringLiteral("reference|overflow|invalid page number"));
+    static const QRegularExpression link(
+        QStringLiteral("reference|overflow|invalid page number|never used"));
     return page.match(problem).hasMatch() && !link.match(problem).hasMatch();
 }
 
@@ -226,8 +227,16 @@ Error ProfileInspection::unreadable(const QString &path) {
 
 bool ProfileInspection::isInputOutputError(const QString &problem) {
     static const QRegularExpression code(QStringLiteral("error code[= ](\\d+)"));
-    return problem.contains(QStringLiteral("failed to get page")) ||
-           sqliteCode(code.match(problem).captured(1).toInt()) == SqliteCode::InputOutputError;
+    if (problem.contains(QStringLiteral("failed to get page"))) {
+        return true;
+    }
+    // It may have several lines.
+    for (const QRegularExpressionMatch &match : code.globalMatch(problem)) {
+        if (sqliteCode(match.captured(1).toInt()) == SqliteCode::InputOutputError) {
+            return true;
+        }
+    }
+    return false;
 }
 
 Expected<void> ProfileInspection::checkIntegrity(const QString &path,

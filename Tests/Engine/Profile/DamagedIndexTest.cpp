@@ -1,3 +1,4 @@
+#include <QtCore/QtEndian>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
@@ -236,6 +237,28 @@ private Q_SLOTS:
         QCOMPARE(texts(), before);
         QVERIFY(run<SyncSession>());
         verifySound();
+    }
+
+    /// Nothing shows what was on it.
+    void aPageThatNothingUsesIsNotAnIndex() {
+        QVERIFY(ProfileBackups(m_directory).make(QDate(2026, 11, 22)));
+        m_host->goToComputer(QStringLiteral("Other"));
+        QFile profile(file());
+        QVERIFY(profile.open(QIODevice::ReadWrite));
+        const QByteArray header = profile.read(100);
+        const int pageSize = qFromBigEndian<quint16>(header.constData() + 16);
+        const auto pages = qToBigEndian<quint32>(quint32(profile.size() / pageSize) + 1);
+        QVERIFY(profile.seek(28));
+        QCOMPARE(profile.write(reinterpret_cast<const char *>(&pages), 4), qint64(4));
+        QVERIFY(profile.seek(profile.size()));
+        QCOMPARE(profile.write(QByteArray(pageSize, '\0')), qint64(pageSize));
+        profile.close();
+        const Expected<void> opened = open();
+        QCOMPARE(code(opened), EngineErrorCode::ProfileDamaged);
+        QVERIFY2(description(opened).startsWith(
+                     QStringLiteral("The profile “%1” is damaged. ").arg(file())),
+                 qPrintable(description(opened)));
+        QVERIFY(SyncEngine::restoreBackup(m_directory));
     }
 
     /// The table cannot be trusted either if several indexes differ from it.
