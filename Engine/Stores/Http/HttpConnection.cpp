@@ -55,7 +55,6 @@ HttpConnection::HttpConnection() {
     static const CURLcode initialized = curl_global_init(CURL_GLOBAL_DEFAULT);
     if (initialized == CURLE_OK) {
         m_multi.reset(curl_multi_init());
-        m_easy.reset(curl_easy_init());
     }
 }
 
@@ -70,6 +69,14 @@ Expected<HttpResponse> HttpConnection::exchange(const HttpRequest &request,
     if (canRepeat(code)) {
         code = attempt(future);
     }
+    Expected<HttpResponse> response = responseOf(code);
+    // Newer versions of libcurl keep in it what was sent, perhaps with a password, until it is
+    // freed. The network connection is not its own.
+    m_easy.reset();
+    return response;
+}
+
+Expected<HttpResponse> HttpConnection::responseOf(CURLcode code) {
     if (m_error) {
         return failure(*m_error);
     }
@@ -122,11 +129,11 @@ void HttpConnection::set(CURLoption option, Value value) {
 /// Sets everything for each request. Nothing that libcurl could do by itself is left to it:
 /// redirects, challenges of servers, cookies, the choice of a proxy and certificates.
 void HttpConnection::configure(const HttpRequest &request) {
-    m_isConfigured = m_multi && m_easy;
+    m_easy.reset(m_multi ? curl_easy_init() : nullptr);
+    m_isConfigured = m_easy != nullptr;
     if (!m_isConfigured) {
         return;
     }
-    curl_easy_reset(m_easy.get());
     m_errorText[0] = '\0';
     const QByteArray URL = request.URL.toEncoded(QUrl::RemoveUserInfo | QUrl::RemoveFragment |
                                                  QUrl::NormalizePathSegments);

@@ -98,6 +98,8 @@ private:
     Error unreachable(const QString &reason) const;
     /// Configures and performs the request. Blocks. Sets the error, unless it is one of libcurl.
     CURLcode attempt(const EngineFuture &future);
+    /// Returns the response, or the error of the last attempt.
+    Expected<HttpResponse> responseOf(CURLcode code);
     /// Returns whether the attempt failed because the server had closed a kept connection, which it
     /// may do at any time, and the request has a method that can be repeated without harm. libcurl
     /// repeats requests itself if it notices when it reads, but not when it sends.
@@ -129,7 +131,9 @@ private:
 
     /// Used until libcurl has closed its connections.
     CountedSockets m_sockets;
+    /// Has the network connections.
     std::unique_ptr<CURLM, MultiDeleter> m_multi;
+    /// The request; null between requests.
     std::unique_ptr<CURL, EasyDeleter> m_easy;
     std::unique_ptr<curl_slist, ListDeleter> m_headers;
     /// Whether libcurl has accepted all options.
