@@ -6,6 +6,7 @@
 #include <QtWidgets/QStyle>
 #include <utility>
 
+#include "Host/ClassRegistry.h"
 #include "Host/InboxUUID.h"
 #include "Host/QVJobLog.h"
 #include "Host/QVSyncLocationsController.h"
@@ -194,6 +195,10 @@ void QVImportDatabasesController::didFetch(const std::optional<QVRemoteDatabases
 }
 
 void QVImportDatabasesController::list(const QVRemoteDatabases &fetched) {
+    // They may arrive after the host has ended.
+    if (!optionalHostClass<QVSyncPlugin::Class>()) {
+        return;
+    }
     QVRemoteDatabases offered;
     for (const Record &database : fetched) {
         if (shouldListDatabase(database)) {

@@ -107,6 +107,16 @@ private Q_SLOTS:
         m_realHost.reset();
     }
 
+    void whatIsFetchedAfterTheEndOfTheHostIsIgnored() {
+        run();
+        m_script->databases = QVRemoteDatabases{m_location->record(QStringLiteral("A"))};
+        m_controller->fetchDatabasesForLocation(m_location);
+        QThreadPool::globalInstance()->waitForDone();
+        m_host.reset();
+        QCoreApplication::processEvents();
+        QVERIFY(!m_controller->databases());
+    }
+
     void aNewControllerHasFetchedNothing() {
         QVERIFY(m_controller->isActive());
         QVERIFY(!m_controller->databases());
