@@ -63,7 +63,11 @@ Expected<void> checkUnused(const QString &directory) {
     if (*isUnused) {
         return {};
     }
-    if (ProfileRecovery::hasTraces(directory)) {
+    const Expected<bool> hasTraces = ProfileRecovery::hasTraces(directory);
+    if (!hasTraces) {
+        return failure(hasTraces.error());
+    }
+    if (*hasTraces) {
         return failure(engineError(EngineErrorCode::ProfileDamaged,
                                    "The profile is missing from the folder “%1”. Restore it from a "
                                    "backup or use another profile.",

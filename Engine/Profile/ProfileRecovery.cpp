@@ -446,10 +446,18 @@ Expected<LocationSources> sourcesOfLocations(const QString &directory, const QSt
 
 }  // namespace
 
-bool ProfileRecovery::hasTraces(const QString &directory) {
+Expected<bool> ProfileRecovery::hasTraces(const QString &directory) {
     const QString log = ProfileFolder::logOf(directory + u'/' + ProfileDatabaseName);
-    return QFileInfo(directory + u'/' + ProfileBackups::FolderName).isDir() ||
-           QFileInfo(directory + u'/' + FolderName).isDir() || QFileInfo(log).size() > 0;
+    return FileManager::names(directory, std::filesystem::file_type::directory)
+        .and_then([&](const QStringList &folders) {
+            return folders.contains(ProfileBackups::FolderName) || folders.contains(FolderName)
+                       ? Expected<bool>(true)
+                       : FileManager::size(log).map([](qint64 size) { return size > 0; });
+        })
+        .map_error([&](const Error &error) {
+            return ProfileFolder::unreadable(directory, error.localizedFailureReason,
+                                             EngineErrorCode::ProfileUnusable);
+        });
 }
 
 Expected<void> ProfileRecovery::restoreBackup(const QString &directory, const Amendment &amend) {

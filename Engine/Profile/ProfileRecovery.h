@@ -21,8 +21,9 @@ namespace ProfileRecovery {
 inline const QString FolderName = QStringLiteral("Damaged Profiles");
 
 /// Returns whether the profile folder `directory` contains traces of a profile that can be
-/// recovered: backups, damaged profiles, or the log of a missing database.
-bool hasTraces(const QString &directory);
+/// recovered: backups, damaged profiles, or the log of a missing database. The error has the code
+/// ProfileUnusable.
+Expected<bool> hasTraces(const QString &directory);
 
 /// Adds to the closed profile in the folder `folder`, which is to replace the damaged one, what can
 /// be read from the copy `damaged` of the damaged database. An error prevents the recovery.
