@@ -423,9 +423,11 @@ void NotesView::showContents() {
     m_title->setReadOnly(!isExact);
     m_text->setReadOnly(!isExact);
     m_copyButton->setVisible(!isExact);
-    setNotice(isExact ? QString()
-                      : tr("This note cannot be edited here: it contains something that the editor "
-                           "would change, or too many or too long lines."));
+    setNotice(isExact
+                  ? QString()
+                  : tr("This note cannot be edited here: it contains something that the editor "
+                       "would change, or too many or too long lines. To go on with it, copy its "
+                       "text and paste it into a new note."));
 }
 
 void NotesView::setAddingEnabled(bool isEnabled) {

@@ -6,7 +6,6 @@
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QTimer>
 #include <chrono>
-#include <cstdio>
 #include <memory>
 
 #include "Application/ApplicationError.h"
@@ -27,12 +26,19 @@ QString commandLineText(const char *text) {
     return QCoreApplication::translate("ShellCommandLine", text);
 }
 
-void print(const ShellResult &result) {
-    std::fputs(TerminalText::lines(result.output).toUtf8().constData(), stdout);
+/// Returns the exit code.
+int print(const ShellResult &result) {
+    const Expected<void> printed = TerminalText::print(result.output);
     const QStringList errors = result.errors.split(u'\n', Qt::SkipEmptyParts);
     for (const QString &error : errors) {
         TerminalText::printError(error);
     }
+    if (printed) {
+        return result.exitCode;
+    }
+    TerminalText::printError(printed.error().localizedDescription);
+    TerminalText::printError(printed.error().localizedFailureReason);
+    return result.exitCode == ShellResult::Success ? ShellResult::Problems : result.exitCode;
 }
 
 ShellResult runHere(VelmoraApplication &application, const LaunchOptions &options,
@@ -101,9 +107,7 @@ Expected<void> ShellCommandLine::findProfile(const LaunchOptions &options, const
 
 int ShellCommandLine::run(VelmoraApplication &application, const LaunchOptions &options,
                           SyncPlugIn &sync) {
-    const ShellResult result = resultOf(application, options, sync);
-    print(result);
-    return result.exitCode;
+    return print(resultOf(application, options, sync));
 }
 
 void ShellCommandLine::enterSession() {

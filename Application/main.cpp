@@ -77,11 +77,6 @@ int fail(VelmoraApplication &application, const Error &error, bool isBatch) {
     return EXIT_FAILURE;
 }
 
-/// Writes `text`, which may have several lines, to the standard output.
-void print(const QString &text) {
-    std::fputs(TerminalText::lines(text).toUtf8().constData(), stdout);
-}
-
 /// Renders Sync Preferences as the user would see them, and writes the picture to `file`.
 Expected<void> writeScreenshot(const QString &file) {
     auto pane = PlugIns::makeSyncPreferences();
@@ -105,25 +100,25 @@ Expected<void> writeScreenshot(const QString &file) {
 }
 
 Expected<void> printDescription(const NoteLibrary &library) {
-    return describeProfile(library).map([](const QJsonObject &description) {
-        print(QString::fromUtf8(QJsonDocument(description).toJson()));
+    return describeProfile(library).and_then([](const QJsonObject &description) {
+        return TerminalText::print(QString::fromUtf8(QJsonDocument(description).toJson()));
     });
 }
 
 int runBatch(VelmoraApplication &application, LaunchOptions options, const NoteLibrary &library) {
+    Expected<void> result;
     if (options.hasNoDisplay && options.screenshot.isEmpty() && !options.describe) {
         options.screenshot = QDir::cleanPath(QCoreApplication::applicationDirPath() +
                                              QStringLiteral("/../sync-preferences.png"));
         options.describe = true;
-        std::printf("%s\n%s\n",
-                    qPrintable(QCoreApplication::translate(
-                        "main",
-                        "There is no display to open a window on. A picture of Sync Preferences "
-                        "is in this file:")),
-                    qPrintable(TerminalText::line(options.screenshot)));
+        result = TerminalText::print(
+            QCoreApplication::translate(
+                "main",
+                "There is no display to open a window on. A picture of Sync Preferences "
+                "is in this file:") +
+            u'\n' + TerminalText::line(options.screenshot) + u'\n');
     }
-    Expected<void> result;
-    if (!options.screenshot.isEmpty()) {
+    if (result && !options.screenshot.isEmpty()) {
         result = writeScreenshot(options.screenshot);
     }
     if (result && options.describe) {
@@ -270,9 +265,11 @@ int runVerification(VelmoraApplication &application, const LaunchOptions &option
     const VerificationMode mode =
         options.repair ? VerificationMode::Repair : VerificationMode::Report;
     const VerificationReport report = sync.verify(mode);
-    print(options.json ? QString::fromUtf8(QJsonDocument(VerificationOutput::json(report)).toJson())
-                       : VerificationOutput::text(report, mode));
-    return VerificationOutput::exitCode(report.outcome());
+    const Expected<void> printed = TerminalText::print(
+        options.json ? QString::fromUtf8(QJsonDocument(VerificationOutput::json(report)).toJson())
+                     : VerificationOutput::text(report, mode));
+    return printed ? VerificationOutput::exitCode(report.outcome())
+                   : fail(application, printed.error(), true);
 }
 
 struct End {

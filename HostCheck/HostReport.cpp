@@ -2,7 +2,8 @@
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <cstdio>
+
+#include "Platform/Foundation/TerminalText.h"
 
 namespace {
 
@@ -36,11 +37,6 @@ QByteArray object(const HostFinding &finding) {
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-void print(const QByteArray &text) {
-    std::fputs(text.constData(), stdout);
-    std::fflush(stdout);
-}
-
 }  // namespace
 
 void HostReport::begin(HostVersion version) {
@@ -64,10 +60,14 @@ void HostReport::add(const HostFinding &finding) {
     m_isFirst = false;
 }
 
-bool HostReport::finish() {
+Expected<bool> HostReport::finish() {
     const std::lock_guard lock(m_mutex);
     print(end());
-    return m_isSound;
+    return m_written.map([&] { return m_isSound; });
+}
+
+void HostReport::print(const QByteArray &text) {
+    m_written = m_written.and_then([&] { return TerminalText::print(QString::fromUtf8(text)); });
 }
 
 QByteArray HostReport::text(const HostFinding &finding) const {

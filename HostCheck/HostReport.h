@@ -4,6 +4,7 @@
 
 #include "Host/HostVersion.h"
 #include "HostCheck/HostFinding.h"
+#include "Platform/Foundation/Expected.h"
 
 /// What velmora-check-host writes to the standard output. Every finding is written at once.
 /// Thread-safe.
@@ -26,10 +27,12 @@ public:
     QByteArray end(const HostFinding &finding) const;
     /// Adds what was found about a promise.
     void add(const HostFinding &finding);
-    /// Ends the report. Nothing can be added afterwards. Returns whether no promise is broken.
-    bool finish();
+    /// Ends the report. Nothing can be added afterwards. Returns whether no promise is broken, or
+    /// an error if not everything could be written.
+    Expected<bool> finish();
 
 private:
+    void print(const QByteArray &text);
     /// Returns `finding` as it is written, after others.
     QByteArray text(const HostFinding &finding) const;
     /// Returns what follows the last finding.
@@ -39,4 +42,6 @@ private:
     mutable std::mutex m_mutex;
     bool m_isFirst = true;
     bool m_isSound = true;
+    /// The first failure to write.
+    Expected<void> m_written;
 };

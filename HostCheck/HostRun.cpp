@@ -33,7 +33,7 @@ Expected<bool> HostRun::run() {
     }
     m_report.begin(version.value_or(HostVersion{}));
     checkAll();
-    const bool isSound = m_report.finish();
+    const Expected<bool> isSound = m_report.finish();
     end();
     return isSound;
 }
@@ -68,7 +68,10 @@ void HostRun::endWithout(const HostPromise &promise) {
     finding.result = HostFinding::Result::Broken;
     finding.reason = reason();
     m_report.add(finding);
-    m_report.finish();
+    if (const Expected<bool> finished = m_report.finish(); !finished) {
+        std::fprintf(stderr, "velmora-check-host: %s\n",
+                     qUtf8Printable(finished.error().localizedDescription));
+    }
     m_folder.remove();
     std::_Exit(EXIT_FAILURE);
 }

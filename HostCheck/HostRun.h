@@ -20,7 +20,8 @@ public:
             QTemporaryDir &folder);
 
     /// Returns whether no promise is broken, or an error if the host cannot be begun or was built
-    /// for another version of the interface, whose promises are others. Blocks until the host has
+    /// for another version of the interface, whose promises are others, or if not all of the report
+    /// could be written. Blocks until the host has
     /// ended, and runs the event loop. Must be called once.
     Expected<bool> run();
 

@@ -47,7 +47,8 @@ Expected<std::unique_ptr<PreferencePane>> SyncPreferencesPlugIn::makePreferenceP
     const QJsonObject &info) {
     if (const QStringList missing = missingHostClasses(); !missing.isEmpty()) {
         return failure(unusableError(
-            localizedSyncString("Sync Preferences cannot be used: the sync plug-in has no %1.")
+            localizedSyncString("Sync Preferences cannot be used: the sync plug-in has no %1. "
+                                "Install both from the same version of Velmora.")
                 .arg(missing.join(QStringLiteral(", ")))));
     }
     if (const Expected<void> isFit = checkHostVersion(); !isFit) {

@@ -44,7 +44,9 @@ QString problemOfServer(const QString &server) {
     const auto found = std::find_if(characters.begin(), characters.end(),
                                     [](char32_t each) { return !isOfServer(each); });
     if (found == characters.end()) {
-        return localizedSyncString("“%1” is not a valid server name.").arg(server);
+        return localizedSyncString(
+                   "“%1” is not a valid server name. Enter a name such as “dav.example.org”.")
+            .arg(server);
     }
     const char32_t character = *found;
     if (QChar::isSpace(character)) {

@@ -1,7 +1,11 @@
 #include "Platform/Foundation/TerminalText.h"
 
 #include <QtCore/QList>
+#include <cerrno>
 #include <cstdio>
+
+#include "Platform/Foundation/Localization.h"
+#include "Platform/Foundation/SystemError.h"
 
 namespace {
 
@@ -49,6 +53,17 @@ QString TerminalText::line(const QString &text) {
 
 QString TerminalText::lines(const QString &text) {
     return escapedText(text, true);
+}
+
+Expected<void> TerminalText::print(const QString &text) {
+    if (std::fputs(lines(text).toUtf8().constData(), stdout) >= 0 && std::fflush(stdout) == 0) {
+        return {};
+    }
+    const int number = errno;
+    return failure(systemError(
+        number, localizedString(PlatformTable,
+                                "The output could not be written. Check the disk or the program "
+                                "that receives it, then try again.")));
 }
 
 void TerminalText::printError(const QString &text) {

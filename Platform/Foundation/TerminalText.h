@@ -2,6 +2,7 @@
 
 #include <QtCore/QString>
 
+#include "Platform/Foundation/Expected.h"
 #include "Platform/PlatformExport.h"
 
 /// Shows texts as they are on a terminal, which would take control characters in them for commands.
@@ -15,6 +16,11 @@ namespace TerminalText {
 PLATFORM_EXPORT QString line(const QString &text);
 /// Does the same, but keeps line feeds. JSON keeps its meaning.
 PLATFORM_EXPORT QString lines(const QString &text);
+
+/// Writes lines(text) to the standard output and flushes it. Blocks if the reader of the output is
+/// slow. Returns an error if not everything could be written, for example because a disk is full.
+/// The error's reason is that of the system.
+PLATFORM_EXPORT Expected<void> print(const QString &text);
 
 /// Writes line(text) and a line feed to the standard error output. Blocks if the reader of the
 /// output is slow; a failure is ignored.

@@ -77,7 +77,9 @@ Error errorOfReading(Failure failure) {
     return {.domain = ErrorDomain,
             .code = static_cast<int>(failure),
             .localizedDescription =
-                localizedString(PlatformTable, "The saved password could not be read."),
+                localizedString(PlatformTable,
+                                "The saved password could not be read. Start or unlock the "
+                                "password service, then try again."),
             .localizedFailureReason = reasonOf(failure)};
 }
 

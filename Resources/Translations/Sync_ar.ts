@@ -24,8 +24,8 @@
         <translation>أدخل خادمًا واسم مخزن.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid server name.</source>
-        <translation>«⁨%1⁩» ليس اسم خادم صالحًا.</translation>
+        <source>“%1” is not a valid server name. Enter a name such as “dav.example.org”.</source>
+        <translation>«⁨%1⁩» ليس اسم خادم صالحًا. أدخل اسمًا مثل «⁨dav.example.org⁩».</translation>
     </message>
     <message>
         <source>A server name contains no blanks. Remove the blank from “%1”.</source>
@@ -973,8 +973,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>حدث خطأ في هذا الموقع. عرضه.</translation>
     </message>
     <message>
-        <source>Sync Preferences cannot be used: the sync plug-in has no %1.</source>
-        <translation>لا يمكن استخدام تفضيلات المزامنة: ينقص ملحقَ المزامنة ⁨%1⁩.</translation>
+        <source>Sync Preferences cannot be used: the sync plug-in has no %1. Install both from the same version of Velmora.</source>
+        <translation>لا يمكن استخدام تفضيلات المزامنة: ينقص ملحقَ المزامنة ⁨%1⁩. ثبِّت كليهما من إصدار Velmora نفسه.</translation>
     </message>
     <message>
         <source>Sync Preferences cannot be used: it needs version %1 of the interface to the sync plug-in, which offers version %2. Install both from the same version of Velmora.</source>
@@ -1949,8 +1949,12 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>لا تعمل أي خدمة لكلمات المرور على هذا الحاسوب.</translation>
     </message>
     <message>
-        <source>The saved password could not be read.</source>
-        <translation>تعذرت قراءة كلمة المرور المحفوظة.</translation>
+        <source>The output could not be written. Check the disk or the program that receives it, then try again.</source>
+        <translation>تعذرت كتابة المخرجات. تحقق من القرص أو من البرنامج الذي يستقبلها، ثم أعد المحاولة.</translation>
+    </message>
+    <message>
+        <source>The saved password could not be read. Start or unlock the password service, then try again.</source>
+        <translation>تعذرت قراءة كلمة المرور المحفوظة. شغِّل خدمة كلمات المرور أو افتح قفلها، ثم أعد المحاولة.</translation>
     </message>
     <message>
         <source>A saved password or permission could not be deleted. Unlock the keyring and try again.</source>

@@ -24,8 +24,8 @@
         <translation>Geben Sie einen Server und den Namen eines Speichers ein.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid server name.</source>
-        <translation>„%1“ ist kein gültiger Servername.</translation>
+        <source>“%1” is not a valid server name. Enter a name such as “dav.example.org”.</source>
+        <translation>„%1“ ist kein gültiger Servername. Geben Sie einen Namen wie „dav.example.org“ ein.</translation>
     </message>
     <message>
         <source>A server name contains no blanks. Remove the blank from “%1”.</source>
@@ -977,8 +977,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>An diesem Ort ist ein Fehler aufgetreten. Fehler anzeigen.</translation>
     </message>
     <message>
-        <source>Sync Preferences cannot be used: the sync plug-in has no %1.</source>
-        <translation>Die Sync-Einstellungen sind nicht verwendbar: Dem Sync-Modul fehlt %1.</translation>
+        <source>Sync Preferences cannot be used: the sync plug-in has no %1. Install both from the same version of Velmora.</source>
+        <translation>Die Sync-Einstellungen sind nicht verwendbar: Dem Sync-Modul fehlt %1. Installieren Sie beide aus derselben Version von Velmora.</translation>
     </message>
     <message>
         <source>Sync Preferences cannot be used: it needs version %1 of the interface to the sync plug-in, which offers version %2. Install both from the same version of Velmora.</source>
@@ -1925,8 +1925,12 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Auf diesem Computer läuft kein Passwortdienst.</translation>
     </message>
     <message>
-        <source>The saved password could not be read.</source>
-        <translation>Das gespeicherte Passwort konnte nicht gelesen werden.</translation>
+        <source>The output could not be written. Check the disk or the program that receives it, then try again.</source>
+        <translation>Die Ausgabe konnte nicht geschrieben werden. Prüfen Sie den Datenträger oder das Programm, das sie empfängt, und versuchen Sie es dann erneut.</translation>
+    </message>
+    <message>
+        <source>The saved password could not be read. Start or unlock the password service, then try again.</source>
+        <translation>Das gespeicherte Passwort konnte nicht gelesen werden. Starten oder entsperren Sie den Passwortdienst, und versuchen Sie es dann erneut.</translation>
     </message>
     <message>
         <source>A saved password or permission could not be deleted. Unlock the keyring and try again.</source>

@@ -24,8 +24,8 @@
         <translation>Introduzca un servidor y el nombre de un almacén.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid server name.</source>
-        <translation>«%1» no es un nombre de servidor válido.</translation>
+        <source>“%1” is not a valid server name. Enter a name such as “dav.example.org”.</source>
+        <translation>«%1» no es un nombre de servidor válido. Introduzca un nombre como «dav.example.org».</translation>
     </message>
     <message>
         <source>A server name contains no blanks. Remove the blank from “%1”.</source>
@@ -941,8 +941,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>Se ha producido un error en esta ubicación. Mostrarlo.</translation>
     </message>
     <message>
-        <source>Sync Preferences cannot be used: the sync plug-in has no %1.</source>
-        <translation>No se pueden usar las Preferencias de sincronización: al complemento de sincronización le falta %1.</translation>
+        <source>Sync Preferences cannot be used: the sync plug-in has no %1. Install both from the same version of Velmora.</source>
+        <translation>No se pueden usar las Preferencias de sincronización: al complemento de sincronización le falta %1. Instale ambos de la misma versión de Velmora.</translation>
     </message>
     <message>
         <source>Sync Preferences cannot be used: it needs version %1 of the interface to the sync plug-in, which offers version %2. Install both from the same version of Velmora.</source>
@@ -1925,8 +1925,12 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>No hay ningún servicio de contraseñas en ejecución en este equipo.</translation>
     </message>
     <message>
-        <source>The saved password could not be read.</source>
-        <translation>No se pudo leer la contraseña guardada.</translation>
+        <source>The output could not be written. Check the disk or the program that receives it, then try again.</source>
+        <translation>No se pudo escribir la salida. Compruebe el disco o el programa que la recibe y vuelva a intentarlo.</translation>
+    </message>
+    <message>
+        <source>The saved password could not be read. Start or unlock the password service, then try again.</source>
+        <translation>No se pudo leer la contraseña guardada. Inicie o desbloquee el servicio de contraseñas y vuelva a intentarlo.</translation>
     </message>
     <message>
         <source>A saved password or permission could not be deleted. Unlock the keyring and try again.</source>

@@ -24,8 +24,8 @@
         <translation>Saisissez un serveur et le nom d’un dépôt.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid server name.</source>
-        <translation>« %1 » n’est pas un nom de serveur valide.</translation>
+        <source>“%1” is not a valid server name. Enter a name such as “dav.example.org”.</source>
+        <translation>« %1 » n’est pas un nom de serveur valide. Saisissez un nom comme « dav.example.org ».</translation>
     </message>
     <message>
         <source>A server name contains no blanks. Remove the blank from “%1”.</source>
@@ -941,8 +941,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Une erreur s’est produite à cet emplacement. L’afficher.</translation>
     </message>
     <message>
-        <source>Sync Preferences cannot be used: the sync plug-in has no %1.</source>
-        <translation>Les Préférences de synchronisation ne peuvent pas être utilisées : il manque %1 au module de synchronisation.</translation>
+        <source>Sync Preferences cannot be used: the sync plug-in has no %1. Install both from the same version of Velmora.</source>
+        <translation>Les Préférences de synchronisation ne peuvent pas être utilisées : il manque %1 au module de synchronisation. Installez les deux à partir de la même version de Velmora.</translation>
     </message>
     <message>
         <source>Sync Preferences cannot be used: it needs version %1 of the interface to the sync plug-in, which offers version %2. Install both from the same version of Velmora.</source>
@@ -1925,8 +1925,12 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Aucun service de mots de passe n’est en cours d’exécution sur cet ordinateur.</translation>
     </message>
     <message>
-        <source>The saved password could not be read.</source>
-        <translation>Le mot de passe enregistré n’a pas pu être lu.</translation>
+        <source>The output could not be written. Check the disk or the program that receives it, then try again.</source>
+        <translation>La sortie n’a pas pu être écrite. Vérifiez le disque ou le programme qui la reçoit, puis réessayez.</translation>
+    </message>
+    <message>
+        <source>The saved password could not be read. Start or unlock the password service, then try again.</source>
+        <translation>Le mot de passe enregistré n’a pas pu être lu. Démarrez ou déverrouillez le service de mots de passe, puis réessayez.</translation>
     </message>
     <message>
         <source>A saved password or permission could not be deleted. Unlock the keyring and try again.</source>

@@ -24,8 +24,8 @@
         <translation>サーバーとストア名を入力してください。</translation>
     </message>
     <message>
-        <source>“%1” is not a valid server name.</source>
-        <translation>「%1」は有効なサーバー名ではありません。</translation>
+        <source>“%1” is not a valid server name. Enter a name such as “dav.example.org”.</source>
+        <translation>「%1」は有効なサーバー名ではありません。「dav.example.org」のような名前を入力してください。</translation>
     </message>
     <message>
         <source>A server name contains no blanks. Remove the blank from “%1”.</source>
@@ -958,8 +958,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>この同期先でエラーが発生しました。エラーを表示します。</translation>
     </message>
     <message>
-        <source>Sync Preferences cannot be used: the sync plug-in has no %1.</source>
-        <translation>同期設定を使用できません。同期プラグインに%1がありません。</translation>
+        <source>Sync Preferences cannot be used: the sync plug-in has no %1. Install both from the same version of Velmora.</source>
+        <translation>同期設定を使用できません。同期プラグインに%1がありません。両方を同じバージョンのVelmoraからインストールしてください。</translation>
     </message>
     <message>
         <source>Sync Preferences cannot be used: it needs version %1 of the interface to the sync plug-in, which offers version %2. Install both from the same version of Velmora.</source>
@@ -1919,8 +1919,12 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>このコンピューターでパスワードサービスが実行されていません。</translation>
     </message>
     <message>
-        <source>The saved password could not be read.</source>
-        <translation>保存されたパスワードを読み取れませんでした。</translation>
+        <source>The output could not be written. Check the disk or the program that receives it, then try again.</source>
+        <translation>出力を書き込めませんでした。ディスクまたは出力を受け取るプログラムを確認して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>The saved password could not be read. Start or unlock the password service, then try again.</source>
+        <translation>保存されたパスワードを読み取れませんでした。パスワードサービスを開始するか、ロックを解除して、もう一度お試しください。</translation>
     </message>
     <message>
         <source>A saved password or permission could not be deleted. Unlock the keyring and try again.</source>

@@ -635,8 +635,8 @@ License: Apache License 2.0</source>
         <translation>النص</translation>
     </message>
     <message>
-        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines.</source>
-        <translation>لا يمكن تحرير هذه الملاحظة هنا: فيها ما سيغيّره المحرِّر، أو أسطر كثيرة جدًا أو طويلة جدًا.</translation>
+        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines. To go on with it, copy its text and paste it into a new note.</source>
+        <translation>لا يمكن تحرير هذه الملاحظة هنا: فيها ما سيغيّره المحرِّر، أو أسطر كثيرة جدًا أو طويلة جدًا. لمتابعة العمل عليها، انسخ نصها وألصقه في ملاحظة جديدة.</translation>
     </message>
     <message>
         <source>This note is not saved: %1</source>

@@ -619,8 +619,8 @@ Lizenz: Apache License 2.0</translation>
         <translation>Text</translation>
     </message>
     <message>
-        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines.</source>
-        <translation>Diese Notiz kann hier nicht bearbeitet werden: Sie enthält etwas, was der Editor ändern würde, oder zu viele oder zu lange Zeilen.</translation>
+        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines. To go on with it, copy its text and paste it into a new note.</source>
+        <translation>Diese Notiz kann hier nicht bearbeitet werden: Sie enthält etwas, was der Editor ändern würde, oder zu viele oder zu lange Zeilen. Um damit weiterzuarbeiten, kopieren Sie den Text und fügen Sie ihn in eine neue Notiz ein.</translation>
     </message>
     <message>
         <source>This note is not saved: %1</source>

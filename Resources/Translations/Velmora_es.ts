@@ -615,8 +615,8 @@ Licencia: Apache License 2.0</translation>
         <translation>Texto</translation>
     </message>
     <message>
-        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines.</source>
-        <translation>Esta nota no se puede editar aquí: contiene algo que el editor cambiaría, o demasiadas líneas o líneas demasiado largas.</translation>
+        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines. To go on with it, copy its text and paste it into a new note.</source>
+        <translation>Esta nota no se puede editar aquí: contiene algo que el editor cambiaría, o demasiadas líneas o líneas demasiado largas. Para seguir trabajando en ella, copie el texto y péguelo en una nota nueva.</translation>
     </message>
     <message>
         <source>This note is not saved: %1</source>

@@ -615,8 +615,8 @@ Licence : Apache License 2.0</translation>
         <translation>Texte</translation>
     </message>
     <message>
-        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines.</source>
-        <translation>Cette note ne peut pas être modifiée ici : elle contient quelque chose que l’éditeur changerait, ou des lignes trop nombreuses ou trop longues.</translation>
+        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines. To go on with it, copy its text and paste it into a new note.</source>
+        <translation>Cette note ne peut pas être modifiée ici : elle contient quelque chose que l’éditeur changerait, ou des lignes trop nombreuses ou trop longues. Pour continuer à y travailler, copiez son texte et collez-le dans une nouvelle note.</translation>
     </message>
     <message>
         <source>This note is not saved: %1</source>

@@ -615,8 +615,8 @@ License: Apache License 2.0</source>
         <translation>本文</translation>
     </message>
     <message>
-        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines.</source>
-        <translation>このノートはここでは編集できません。エディターによって変わってしまう内容、または多すぎる行や長すぎる行が含まれています。</translation>
+        <source>This note cannot be edited here: it contains something that the editor would change, or too many or too long lines. To go on with it, copy its text and paste it into a new note.</source>
+        <translation>このノートはここでは編集できません。エディターによって変わってしまう内容、または多すぎる行や長すぎる行が含まれています。続けて使うには、本文をコピーして新しいノートに貼り付けてください。</translation>
     </message>
     <message>
         <source>This note is not saved: %1</source>

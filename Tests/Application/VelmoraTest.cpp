@@ -114,6 +114,31 @@ private Q_SLOTS:
         }
     }
 
+    void outputThatCannotBeWrittenIsAnError_data() {
+        QTest::addColumn<QString>("command");
+        for (const char *command : {"--describe", "verify", "status"}) {
+            QTest::addRow("%s", command) << QString::fromLatin1(command);
+        }
+    }
+    void outputThatCannotBeWrittenIsAnError() {
+        QFETCH(QString, command);
+        QCOMPARE(
+            run({QStringLiteral("--profile"), profile(), QStringLiteral("--describe")}).exitCode,
+            0);
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), m_folder.path());
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
+        process.setProcessEnvironment(environment);
+        process.setStandardOutputFile(QStringLiteral("/dev/full"));
+        process.start(QStringLiteral(VELMORA), {QStringLiteral("--profile"), profile(), command});
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitCode(), 1);
+        const QByteArray errors = process.readAllStandardError();
+        QVERIFY2(errors.contains("The output could not be written.") && errors.contains("space"),
+                 errors.constData());
+    }
+
     void aFreshProfileHoldsWhatTheFirstStartShows() {
         const Run first =
             run({QStringLiteral("--profile"), profile(), QStringLiteral("--describe")});

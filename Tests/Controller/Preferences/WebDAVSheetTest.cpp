@@ -186,7 +186,7 @@ private Q_SLOTS:
         row("a letter of another alphabet", {.server = QStringLiteral("münchen.de"), .store = s},
             "A server name cannot contain “ü”. Enter “xn--mnchen-3ya.de” instead.");
         row("no server name at all", {.server = QStringLiteral("//"), .store = s},
-            "“//” is not a valid server name.");
+            "“//” is not a valid server name. Enter a name such as “dav.example.org”.");
         row("a port that is too large", {.server = h, .store = s, .port = QStringLiteral("65536")},
             "The port is a number from 1 to 65535. Correct it or leave it empty.");
         row("words as a port", {.server = h, .store = s, .port = QStringLiteral("8080 or so")},
