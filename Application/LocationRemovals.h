@@ -52,7 +52,7 @@ private:
     struct Removal {
         Listed listed;
         qsizetype index = 0;
-        /// Tells several removals of one location apart.
+        /// Distinguishes several removals of one location.
         quint64 number = 0;
     };
 

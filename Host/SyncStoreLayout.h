@@ -4,7 +4,7 @@
 
 /// The names in a sync store: a folder with an extension of its own that holds one folder of
 /// database records and one of transaction records. The pane makes and selects such folders, so a
-/// host must recognize them. What they contain is the host's affair.
+/// host must recognize them. Their contents are up to the host.
 namespace SyncStoreLayout {
 
 /// The extension of the folder, without the dot.

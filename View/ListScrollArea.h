@@ -67,7 +67,7 @@ private:
     /// Returns whether `event` is a blank within the name of a row that is being typed, instead of
     /// the key that ticks.
     bool isBlankOfName(const QKeyEvent &event);
-    /// Tells assistive technologies that the selected row has the focus, if the area has it.
+    /// Announces to assistive technologies that the selected row has the focus, if the area has it.
     void announceFocus();
     /// Returns the area and the controls of the selected row that take the focus, in Tab order.
     QWidgetList focusStops();

@@ -208,7 +208,7 @@ void QVListView::setSelectionIndexes(const IndexSet &indexes) {
         if (shouldSelect(items.at(i).get())) {
             const bool isSelected = indexes.contains(i);
             if (isSelected && isStacked()) {
-                // Its view tells assistive technologies.
+                // Its view informs assistive technologies.
                 items.at(i)->makeView();
             }
             items.at(i)->setSelected(isSelected);

@@ -5,8 +5,8 @@
 
 #include "Platform/Foundation/Url.h"
 
-/// The address of a WebDAV location: how it is composed of the fields of its sheet, and what the
-/// sheet tells the user about it. The functions are thread-safe.
+/// The address of a WebDAV location: how it is composed of the fields of its sheet, and what
+/// the sheet says about it. The functions are thread-safe.
 namespace WebDAVAddress {
 
 /// The contents of the sheet's fields, as the user has typed them: neither trimmed nor checked.

@@ -17,9 +17,9 @@ public:
     /// afterwards. The title is never empty: it defaults to the name of the kind. It comes from the
     /// URL, so it may contain any text and must be shown as plain text.
     EngineLocationFormatter(const Url &URL, const EngineLocationKind &kind);
-    /// As above, but with a title that tells the location from all others in `locations`, to which
-    /// it need not belong: the address, without a password, if another one has the same title.
-    /// `locations` must be EngineSyncLocations.
+    /// As above, but with a title that distinguishes the location from all others in `locations`,
+    /// to which it need not belong: the address, without a password, if another one has the same
+    /// title. `locations` must be EngineSyncLocations.
     EngineLocationFormatter(const Url &URL, const EngineLocationKind &kind,
                             const QList<std::shared_ptr<QVSyncLocation>> &locations);
 

@@ -54,7 +54,7 @@ private:
     struct Deletion {
         QList<std::shared_ptr<EngineSyncState>> enabledStates;
         bool wasServed = false;
-        /// Tells several deletions of one database apart.
+        /// Distinguishes several deletions of one database.
         quint64 number = 0;
     };
 

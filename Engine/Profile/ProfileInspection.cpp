@@ -156,7 +156,7 @@ Expected<void> checkContents(const QString &path, const ReadOnlyConnection &data
 }
 
 /// Returns whether SQLite has found `problem` within a page of a table or an index. A page that
-/// another one names by mistake tells nothing about which of the two is wrong, and the rest of a
+/// another one names by mistake says nothing about which of the two is wrong, and the rest of a
 /// long text may be that of another one without an error.
 bool isInPage(const QString &problem) {
     static const QRegularExpression page(QStringLiteral("page \\d+[^:]*: "),

@@ -62,7 +62,7 @@ void NotificationLabel::notify() {
     }
 }
 
-// Qt itself tells screen readers of every widget that appears.
+// Qt itself announces every widget that appears to screen readers.
 void NotificationLabel::showEvent(QShowEvent *event) {
     TextLabel::showEvent(event);
     if (!event->spontaneous() && !text().isEmpty()) {
