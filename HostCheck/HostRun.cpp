@@ -33,7 +33,7 @@ Expected<bool> HostRun::run() {
     }
     m_report.begin(version.value_or(HostVersion{}));
     checkAll();
-    const Expected<bool> isSound = m_report.finish();
+    Expected<bool> isSound = m_report.finish();
     end();
     return isSound;
 }
