@@ -8,6 +8,7 @@
 /// marks and the icons of rows and buttons grow with the font. The arrow of a bar without enough
 /// room has the color of texts. Buttons have more room at both sides of their text, and so have the
 /// shortcuts in menus. Layouts have margins of 12 and spacings of 8 pixels unless they set others.
+/// Must be used on the main thread.
 class OutlineStyle : public QProxyStyle {
     Q_OBJECT
 public:

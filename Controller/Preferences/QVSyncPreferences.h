@@ -118,7 +118,7 @@ public:
     QVSyncPlugin *plugin() const;
     QIcon warningIcon() const { return m_warningIcon; }
     QPixmap databaseIcon() const;
-    /// Asks the host at each call. Not announced.
+    /// Calls the host each time. Not announced.
     bool isSandboxed() const;
     bool isRevealableInFinder() const;
     /// The outlets; null until the form is loaded.

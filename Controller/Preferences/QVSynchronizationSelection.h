@@ -103,7 +103,7 @@ public:
     bool isCleanable() const;
     bool isEditable() const;
     bool canCleanUp() const;
-    /// Asks the host at each call, which does not block, see QVSyncPlugin::isVolumeMountedAtPath().
+    /// Calls the host each time, which does not block, see QVSyncPlugin::isVolumeMountedAtPath().
     /// Not announced.
     bool isMounted() const;
     QColor textColor() const;

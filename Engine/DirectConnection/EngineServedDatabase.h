@@ -5,7 +5,8 @@
 class NoteDatabase;
 class ServedDatabases;
 
-/// A database of the profile, as the settings of the direct-connection server show it.
+/// A database of the profile, as the settings of the direct-connection server show it. Must be used
+/// on the main thread.
 class EngineServedDatabase : public QVServedDatabase {
     Q_OBJECT
 public:

@@ -70,7 +70,7 @@ public:
     /// follows. Call reloadData() afterwards.
     void setTableDelegate(TableViewDelegate *delegate);
     TableViewDelegate *tableDelegate() const { return m_delegate; }
-    /// Asks the delegate for all rows again; without a delegate, removes all rows. Keeps the
+    /// Reads all rows from the delegate again; without a delegate, removes all rows. Keeps the
     /// selected rows by position; if some of them no longer exist, announces the selection. Views
     /// that the delegate returns again are reused; replaced ones are deleted from the event loop.
     /// O(rows times columns).
@@ -125,7 +125,7 @@ private:
     /// Sets the value at `checkKey` as the user has changed it, and shows the one it has then.
     void itemDidChange(QTableWidgetItem *item);
     QIcon iconOf(const QVariant &object) const;
-    /// Asks the delegate for the view of one cell and shows it.
+    /// Gets the view of one cell from the delegate and shows it.
     void reloadCell(int row, int column);
     void selectionDidChange();
     void paintViews();

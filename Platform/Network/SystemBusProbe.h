@@ -5,7 +5,7 @@
 #include <QtNetwork/QLocalSocket>
 #include <chrono>
 
-/// Asks the system bus whether it responds, on a connection of its own, before Qt connects to it:
+/// Finds out whether the system bus responds, on a connection of its own, before Qt connects to it:
 /// Qt serves the connections to all buses on one thread, and connecting to a bus that accepts
 /// connections but does not respond holds that thread and the caller for 25 s. Must be used on one
 /// thread. The destructor does not wait.
@@ -15,10 +15,11 @@ public:
     explicit SystemBusProbe(QObject *parent = nullptr);
     ~SystemBusProbe() override;
 
-    /// Asks the bus, without waiting for it; ended() is emitted with the result, perhaps within
-    /// this call. Must not be called before that if it was called already.
+    /// Sends a request to the bus, without waiting for it; ended() is emitted with the result,
+    /// perhaps within this call. Must not be called again before that.
     void start();
-    /// Asks the bus and returns whether it has responded. Blocks for at most `timeout`.
+    /// Sends a request to the bus and returns whether it has responded. Blocks for at most
+    /// `timeout`.
     static bool responds(std::chrono::milliseconds timeout);
 
 Q_SIGNALS:

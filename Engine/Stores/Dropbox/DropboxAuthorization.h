@@ -44,7 +44,7 @@ private:
                                    const EngineFuture &future);
     /// Opens the browser on the main thread and waits for that.
     Expected<void> openBrowser(const QUrl &address, const EngineFuture &future);
-    /// Asks the server for the address of the account.
+    /// Requests the address of the account from the server.
     Expected<QString> accountAddress(const DropboxConfiguration &configuration,
                                      const DropboxTokens &tokens, const EngineFuture &future);
 

@@ -13,7 +13,7 @@ struct DesktopProxy {
     QByteArray user = {};
     QByteArray password = {};
 
-    /// Asks the settings for the server of `URL`; a server on this computer has no proxy. Blocks:
+    /// Reads the settings for the server of `URL`; a server on this computer has no proxy. Blocks:
     /// they may name a script that is loaded from the network. Thread-safe.
     static DesktopProxy forURL(const QUrl &URL);
 };

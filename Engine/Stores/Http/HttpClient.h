@@ -13,7 +13,7 @@
 class HttpConnection;
 
 /// Sends requests to HTTP servers (RFC 9110) for threads that may wait. Keeps the credential that a
-/// server has accepted until it is destroyed; connections, and how the server has asked for the
+/// server has accepted until it is destroyed; connections, and how the server requests the
 /// credential, belong to a session, which may outlive the client. May be created and destroyed on
 /// any thread; several threads may send at the same time. Nothing else is remembered between two
 /// clients: no cookies and no cached responses. Servers are reached through the proxy of the
@@ -46,7 +46,7 @@ public:
     /// another scheme, host or port, which fails. Responds to one challenge of each exchange (see
     /// HttpAuthentication), and sends a credential that the server has accepted with the following
     /// requests to it, also if it was that of an earlier client of the session; if the server
-    /// challenges it again, the credential is asked for again. Challenges of several threads are
+    /// challenges it again, the credential is read again. Challenges of several threads are
     /// answered one after the other, so that a wrong password is not tried by each of them: what is
     /// accepted or refused for one, is for those that wait.
     ///
@@ -70,9 +70,9 @@ private:
     /// The same; called by one thread at a time.
     Expected<Response> authenticateNow(const Request &request, const Response &challenge,
                                        const EngineFuture &future);
-    /// Returns `request`, with the credential if it is known how its server asks for it.
+    /// Returns `request`, with the credential if it is known how its server requests it.
     Request withKnownLogin(const Request &request);
-    /// Returns the credential for `scheme`, which is asked for once; empty if there is none.
+    /// Returns the credential for `scheme`, which is read once; empty if there is none.
     std::optional<UrlCredential> knownCredential(Scheme scheme);
     void setCredential(Scheme scheme, const UrlCredential &credential);
     /// Sends one request and blocks for its response.
