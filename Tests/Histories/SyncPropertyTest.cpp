@@ -68,6 +68,10 @@ namespace {
 
 const QString Mark = QStringLiteral(" (conflict)");
 
+/// Numbers of characters, each of up to three bytes in a record.
+constexpr int ShortText = 40;
+constexpr int LongText = 40'000;
+
 void require(const Expected<void> &result) {
     if (!result) {
         throw std::runtime_error(result.error().localizedDescription.toStdString());
@@ -311,7 +315,9 @@ private:
         const auto database = replica->library().synchronizedDatabase(m_UUID);
         const QString seen = note.revision;
         note.title = QStringLiteral("Edit %1").arg(m_edits.size());
-        note.text = QString(upTo(40), QChar(0x20 + upTo(0x2000)));
+        // Some are so long that their records are in higher tiers.
+        const int most = happens(20) ? LongText : ShortText;
+        note.text = QString(upTo(most), QChar(0x20 + upTo(0x2000)));
         note.modified = date(replica);
         if (!succeeds([&] { return database->saveNote(note); })) {
             return;
@@ -401,8 +407,16 @@ private:
     void beginRewriting() {
         const qsizetype store = anyStore();
         for (int i = 1 + upTo(2); i > 0; --i) {
-            happens(25) ? begin<CleanSession>(anyReplica(), store)
-                        : begin<Compaction>(anyReplica(), store);
+            switch (upTo(4)) {
+                case 0:
+                    begin<CleanSession>(anyReplica(), store);
+                    break;
+                case 1:
+                    begin<Compaction>(anyReplica(), store);
+                    break;
+                default:
+                    begin<UsualCompaction>(anyReplica(), store);
+            }
         }
     }
 
