@@ -676,6 +676,30 @@ Expected<NoteLog::IdentifierSets> NoteLog::identifierSets() const {
         });
 }
 
+Expected<NoteLog::IdentifierSets> NoteLog::identifierSetsOf(
+    const QList<OperationId> &identifiers) const {
+    IdentifierSets sets;
+    for (IdentifierSet *set : {&sets.operations, &sets.superseded}) {
+        Expected<QSqlQuery> query = m_profile.prepare(
+            QStringLiteral("SELECT digest FROM %1 WHERE database = ? AND digest = ?")
+                .arg(set == &sets.operations ? QStringLiteral("operations")
+                                             : QStringLiteral("superseded")));
+        if (!query) {
+            return failure(query.error());
+        }
+        for (const OperationId &identifier : identifiers) {
+            if (const Expected<void> read = m_profile.read(
+                    *query, {m_database, identifier},
+                    [&](const QSqlQuery &row) { set->add(row.value(0).toByteArray()); });
+                !read) {
+                return failure(read.error());
+            }
+        }
+        set->sort();
+    }
+    return sets;
+}
+
 Expected<QList<NoteLog::Damage>> NoteLog::damagedOperations() const {
     const Expected<QSet<OperationId>> superseded = supersededIds();
     if (!superseded) {

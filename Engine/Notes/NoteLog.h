@@ -111,6 +111,8 @@ public:
         IdentifierSet superseded;
     };
     Expected<IdentifierSets> identifierSets() const;
+    /// Returns those of `identifiers`, in time in proportion to them.
+    Expected<IdentifierSets> identifierSetsOf(const QList<OperationId> &identifiers) const;
     /// A current operation that is not what was saved.
     struct Damage {
         OperationId id;

@@ -95,26 +95,22 @@ Expected<void> CleanSession::recordRemoval() {
 }
 
 Expected<void> CleanSession::chooseTransactions() {
-    if (m_extent != Extent::Everything) {
-        const Expected<bool> isUnsent = UnsentChanges::exist(log(), known());
-        if (!isUnsent) {
-            return failure(isUnsent.error());
-        }
-        const Expected<QHash<QString, qint64>> sizes = known().sizes();
-        if (!sizes) {
-            return failure(sizes.error());
-        }
-        const Expected<bool> isChosen = chooseRewritten(*sizes);
-        if (!isChosen) {
-            return failure(isChosen.error());
-        }
-        const bool isNeeded =
-            m_extent == Extent::FullTiersAndLarge || !RecordTiers::full(*sizes).isEmpty();
-        if (*isChosen || !isNeeded || *isUnsent) {
-            return {};
-        }
+    if (m_extent == Extent::Everything) {
+        return chooseFromAll();
     }
-    return known().all().and_then([this](const Transactions &all) { return chooseFrom(all); });
+    const Expected<bool> isUnsent = UnsentChanges::exist(log(), known());
+    if (!isUnsent) {
+        return failure(isUnsent.error());
+    }
+    const Expected<QHash<QString, qint64>> sizes = known().sizes();
+    if (!sizes) {
+        return failure(sizes.error());
+    }
+    const Expected<bool> isChosen = chooseRewritten(*sizes);
+    if (!isChosen || *isChosen || *isUnsent) {
+        return isChosen.map([](bool) {});
+    }
+    return m_extent == Extent::FullTiersAndLarge ? chooseFromAll() : chooseFullTiers(*sizes);
 }
 
 Expected<bool> CleanSession::chooseRewritten(const QHash<QString, qint64> &sizes) {
@@ -133,31 +129,77 @@ Expected<bool> CleanSession::chooseRewritten(const QHash<QString, qint64> &sizes
     });
 }
 
-Expected<void> CleanSession::chooseFrom(Transactions all) {
+Expected<void> CleanSession::chooseFromAll() {
+    Expected<Transactions> all = known().all();
     const Expected<NoteLog::IdentifierSets> present = log().identifierSets();
-    if (!present) {
-        return failure(present.error());
+    if (!all || !present) {
+        return failure(all ? present.error() : all.error());
     }
-    const IdentifierSet &current = present->operations;
     // What was saved since the synchronization supersedes operations that are about to be removed.
-    const Expected<QSet<OperationId>> unwritten = operationsNotIn(all);
+    const Expected<QSet<OperationId>> unwritten = operationsNotIn(*all);
     if (!unwritten) {
         return failure(unwritten.error());
     }
-    m_isComparisonNeeded = removeWithOthers(all, *present);
-    m_toRemove = m_extent == Extent::Everything ? transactionsToRewrite(all, current)
-                                                : fullTiers(all, current);
-    QSet<OperationId> chosen = m_toRemove.isEmpty() ? QSet<OperationId>() : *unwritten;
-    for (const QString &name : std::as_const(m_toRemove)) {
-        const KnownTransactions::Contents contents = all.value(name);
+    m_isComparisonNeeded = !removeWithOthers(*all, *present).isEmpty();
+    const IdentifierSet &current = present->operations;
+    const QStringList names = m_extent == Extent::Everything ? transactionsToRewrite(*all, current)
+                                                             : fullTiers(*all, current);
+    const QSet chosen(names.begin(), names.end());
+    all->removeIf([&](Transactions::iterator each) { return !chosen.contains(each.key()); });
+    choose(*all, current, names.isEmpty() ? QSet<OperationId>() : *unwritten);
+    return {};
+}
+
+Expected<void> CleanSession::chooseFullTiers(QHash<QString, qint64> sizes) {
+    // Nothing is unwritten: see chooseTransactions().
+    for (;;) {
+        Expected<Transactions> full = contents(RecordTiers::full(sizes));
+        if (!full) {
+            return failure(full.error());
+        }
+        QList<OperationId> operations;
+        for (const KnownTransactions::Contents &each : std::as_const(*full)) {
+            operations.append(each.operations);
+        }
+        const Expected<NoteLog::IdentifierSets> present = log().identifierSetsOf(operations);
+        if (!present) {
+            return failure(present.error());
+        }
+        const QStringList others = removeWithOthers(*full, *present);
+        if (others.isEmpty()) {
+            choose(*full, present->operations, {});
+            return {};
+        }
+        // Without them, the tier may not be full.
+        m_isComparisonNeeded = true;
+        sizes.removeIf([&](auto each) { return others.contains(each.key()); });
+    }
+}
+
+void CleanSession::choose(const Transactions &transactions, const IdentifierSet &current,
+                          const QSet<OperationId> &unwritten) {
+    QSet<OperationId> chosen = unwritten;
+    for (const KnownTransactions::Contents &contents : transactions) {
         for (const OperationId &identifier : contents.operations) {
             (current.contains(identifier) ? chosen : m_supersededToWrite).insert(identifier);
         }
         m_supersededToWrite.unite(QSet(contents.superseded.begin(), contents.superseded.end()));
     }
+    m_toRemove = transactions.keys();
     m_operationsToWrite = chosen.values();
     progress().begin(SessionProgress::Phase::Writing, m_operationsToWrite.size());
-    return {};
+}
+
+Expected<CleanSession::Transactions> CleanSession::contents(const QStringList &names) const {
+    Transactions read;
+    for (const QString &name : names) {
+        const Expected<KnownTransactions::Contents> contents = known().contents(name);
+        if (!contents) {
+            return failure(contents.error());
+        }
+        read.insert(name, *contents);
+    }
+    return read;
 }
 
 Expected<QSet<OperationId>> CleanSession::operationsNotIn(const Transactions &all) const {
@@ -176,14 +218,20 @@ Expected<QSet<OperationId>> CleanSession::operationsNotIn(const Transactions &al
         .map([&] { return others; });
 }
 
-bool CleanSession::removeWithOthers(Transactions &all, const NoteLog::IdentifierSets &present) {
-    const auto hasOthers = [&](Transactions::iterator each) {
-        return !std::all_of(
+QStringList CleanSession::removeWithOthers(Transactions &all,
+                                           const NoteLog::IdentifierSets &present) {
+    QStringList removed;
+    all.removeIf([&](Transactions::iterator each) {
+        const bool hasOthers = !std::all_of(
             each->operations.begin(), each->operations.end(), [&](const OperationId &id) {
                 return present.operations.contains(id) || present.superseded.contains(id);
             });
-    };
-    return all.removeIf(hasOthers) > 0;
+        if (hasOthers) {
+            removed.append(each.key());
+        }
+        return hasOthers;
+    });
+    return removed;
 }
 
 QStringList CleanSession::transactionsToRewrite(const Transactions &all,
@@ -215,11 +263,9 @@ QStringList CleanSession::fullTiers(const Transactions &all, const IdentifierSet
     QStringList large;
     for (auto each = all.begin(); each != all.end(); ++each) {
         sizes.insert(each.key(), each->size);
-        const qsizetype needed =
-            std::count_if(each->operations.begin(), each->operations.end(),
-                          [&](const OperationId &id) { return current.contains(id); });
-        if (each->size >= RecordTiers::LargeSize && needed * 2 <= each->operations.size() &&
-            !each->operations.isEmpty()) {
+        RecordTiers::Use use;
+        use.add(each->operations, current);
+        if (use.isLow(each->size)) {
             large.append(each.key());
         }
     }

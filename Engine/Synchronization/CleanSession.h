@@ -18,10 +18,9 @@ public:
     enum class Extent {
         /// Those that contain superseded or duplicate operations or are small.
         Everything,
-        /// Those of full tiers (see RecordTiers). If there are any, also the large ones of which
-        /// most operations are superseded.
+        /// Those of full tiers (see RecordTiers). Takes time in proportion to what they contain.
         FullTiers,
-        /// Those of full tiers, and in any case the large ones.
+        /// Also the large ones of which most operations are superseded. Compares everything.
         FullTiersAndLarge
     };
 
@@ -45,15 +44,22 @@ private:
     /// Determine which transactions to rewrite and remove, and what must be written before. Called
     /// on a worker thread.
     Expected<void> chooseTransactions();
-    Expected<void> chooseFrom(Transactions all);
+    Expected<void> chooseFromAll();
+    Expected<void> chooseFullTiers(QHash<QString, qint64> sizes);
+    /// Lets the contents of `transactions` and the operations `unwritten` be written, and then
+    /// `transactions` be removed. `current` contains those of their operations that are current.
+    void choose(const Transactions &transactions, const IdentifierSet &current,
+                const QSet<OperationId> &unwritten);
     /// Chooses what is left of a session that was interrupted before it had removed all; returns
     /// whether there is anything.
     Expected<bool> chooseRewritten(const QHash<QString, qint64> &sizes);
     /// Returns the current operations that no transaction of `all` contains.
     Expected<QSet<OperationId>> operationsNotIn(const Transactions &all) const;
-    /// Removes from `all` the transactions with an operation that is not `present`. Returns whether
-    /// there were any.
-    static bool removeWithOthers(Transactions &all, const NoteLog::IdentifierSets &present);
+    /// Returns the contents of the known transactions `names`.
+    Expected<Transactions> contents(const QStringList &names) const;
+    /// Removes from `all` the transactions with an operation that is not `present`. Returns their
+    /// names.
+    static QStringList removeWithOthers(Transactions &all, const NoteLog::IdentifierSets &present);
     /// Returns the names of the transactions that contain operations other than `current` ones, or
     /// ones that another transaction contains too, or that are small. O(number of operations).
     static QStringList transactionsToRewrite(const Transactions &all, const IdentifierSet &current);

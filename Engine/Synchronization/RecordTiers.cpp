@@ -35,3 +35,13 @@ QStringList RecordTiers::full(const QHash<QString, qint64> &sizes) {
     });
     return names.first(qMin(names.size(), qsizetype(MostAtOnce)));
 }
+
+void RecordTiers::Use::add(const QList<OperationId> &operations, const IdentifierSet &allCurrent) {
+    all += operations.size();
+    current += std::count_if(operations.begin(), operations.end(),
+                             [&](const OperationId &id) { return allCurrent.contains(id); });
+}
+
+bool RecordTiers::Use::isLow(qint64 size) const {
+    return size >= LargeSize && all > 0 && current * 2 <= all;
+}

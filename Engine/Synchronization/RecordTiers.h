@@ -3,6 +3,8 @@
 #include <QtCore/QHash>
 #include <QtCore/QStringList>
 
+#include "Engine/Notes/IdentifierSet.h"
+
 /// The records of one database in one store, divided into tiers by their size. Each tier reaches to
 /// eight times the size of the one below. Rewriting a tier with MostInTier records moves their
 /// contents to a higher tier, so that of n records at most MostInTier * log n remain, and every
@@ -21,5 +23,18 @@ constexpr qint64 LargeSize = 512LL << 10;
 /// smallest MostAtOnce of them; empty if none is full. `sizes` contains the sizes in bytes by the
 /// names of the records. Thread-safe; O(n log n).
 QStringList full(const QHash<QString, qint64> &sizes);
+
+/// How many of the operations of a record are current.
+struct Use {
+    qsizetype current = 0;
+    qsizetype all = 0;
+
+    /// Adds the `operations` of the record, or some of them. `allCurrent` contains all current
+    /// operations of the database.
+    void add(const QList<OperationId> &operations, const IdentifierSet &allCurrent);
+    /// Returns whether the record, of `size` bytes, is large and at least half of its operations
+    /// are superseded.
+    bool isLow(qint64 size) const;
+};
 
 }  // namespace RecordTiers

@@ -150,7 +150,11 @@ StoreSession *SyncJob::nextSession() {
         return nullptr;
     }
     ++m_merges;
-    const bool isLarge = m_sessions.front()->largestTransaction() >= RecordTiers::LargeSize;
+    // A large record may supersede much of others, and so may all that was merged since.
+    const bool isLarge = m_synchronization->isMergeDue() ||
+                         std::any_of(m_sessions.begin(), m_sessions.end(), [](const auto &session) {
+                             return session->largestTransaction() >= RecordTiers::LargeSize;
+                         });
     const auto merge = std::make_shared<CleanSession>(
         m_profile, m_library, m_subject,
         isLarge ? CleanSession::Extent::FullTiersAndLarge : CleanSession::Extent::FullTiers);

@@ -379,7 +379,7 @@ Expected<void> SyncSession::compareListing() {
         return failure(all.error());
     }
     m_isMergeDue = m_mustCompare && !RecordTiers::full(*all).isEmpty();
-    if (Expected<void> chosen = chooseToReadAgain(); !chosen) {
+    if (Expected<void> chosen = chooseToReadAgain(*all); !chosen) {
         return chosen;
     }
     // What is not listed any more says nothing.
@@ -400,7 +400,7 @@ Expected<void> SyncSession::compareListing() {
     return noteLost(m_gone);
 }
 
-Expected<void> SyncSession::chooseToReadAgain() {
+Expected<void> SyncSession::chooseToReadAgain(const QHash<QString, qint64> &sizes) {
     const Expected<bool> isComplete = known().isComplete();
     if (!isComplete || (*isComplete && !m_mustCompare)) {
         return isComplete.map([](bool) {});
@@ -412,14 +412,21 @@ Expected<void> SyncSession::chooseToReadAgain() {
     m_damagedOperations.removeIf(
         [&](const OperationId &id) { return !present->operations.contains(id); });
     QSet<QString> needed;
+    QHash<QString, RecordTiers::Use> uses;
     Expected<void> chosen =
         known().visitParts([&](const QString &name, const KnownTransactions::Contents &part) {
-            if (m_listed.contains(name) && isNeeded(name, part, *present)) {
-                needed.insert(name);
+            if (m_listed.contains(name)) {
+                uses[name].add(part.operations, present->operations);
+                if (isNeeded(name, part, *present)) {
+                    needed.insert(name);
+                }
             }
         });
     if (!chosen) {
         return chosen;
+    }
+    for (auto each = uses.begin(); each != uses.end(); ++each) {
+        m_isMergeDue = m_isMergeDue || each->isLow(sizes.value(each.key()));
     }
     for (const QString &name : std::as_const(needed)) {
         const Expected<KnownTransactions::Contents> contents = known().contents(name);

@@ -51,10 +51,10 @@ public:
     /// edits, so that the other computers keep them, too. Must be called before the first step.
     void setDecision(const Decision &decision) { m_decision = decision; }
 
-    /// Returns whether the small records should be merged even if this session has neither read nor
-    /// written any, as in a store that an earlier version has left: there are many, and this
-    /// session compares everything, which is not often. Must be called on the main thread, after
-    /// the session.
+    /// Returns whether this session compares everything, which is not often, and records should be
+    /// rewritten, even if it has neither read nor written any: there are many small ones, as in a
+    /// store that an earlier version has left, or most of a large one is superseded. Must be called
+    /// on the main thread, after the session.
     bool isMergeDue() const { return m_isMergeDue; }
 
     /// Reads or writes the store, depending on the step.
@@ -114,8 +114,9 @@ private:
     /// Parts that only read the profile, called on a worker thread.
     Expected<void> compareListing();
     /// If everything is compared, chooses those of the known records that are listed that contain
-    /// what is damaged in the profile, or what the profile has lost.
-    Expected<void> chooseToReadAgain();
+    /// what is damaged in the profile, or what the profile has lost, and finds out whether most of
+    /// a large one is superseded. `sizes` contains the sizes of the known records.
+    Expected<void> chooseToReadAgain(const QHash<QString, qint64> &sizes);
     /// Returns whether the record `name` is read again because of this part, and notes what the
     /// profile has lost of it. `present` is what the profile contains.
     bool isNeeded(const QString &name, const KnownTransactions::Contents &part,

@@ -3,6 +3,7 @@
 #include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Synchronization/RecordTiers.h"
 #include "Engine/Synchronization/SyncJob.h"
+#include "Host/SyncStoreLayout.h"
 #include "Support/Failure.h"
 #include "Support/SessionTestCase.h"
 
@@ -60,6 +61,32 @@ private:
         QTRY_VERIFY_WITH_TIMEOUT(hasEnded, 60000);
         QCOMPARE(description(job->result()), QString());
         QCOMPARE(job->problems().count(), 0);
+    }
+
+    std::shared_ptr<EngineDatabase> inbox() const {
+        return m_host->library().synchronizedDatabase(InboxUUID);
+    }
+    KnownTransactions known() const {
+        return {profile(), subject().store, inbox()->log().database()};
+    }
+
+    /// Adds a known record, which the store does not have, with an operation that the profile
+    /// neither has nor knows to be superseded. Returns its name.
+    QString addKnownRecord(qint64 size) const {
+        const QString name =
+            QUuid::createUuid().toString(QUuid::WithoutBraces) + SyncStoreLayout::RecordEnding;
+        const OperationId unknown(Operation::IdentifierSize, 'x');
+        const auto add = [&] { return known().add(name, {{unknown}, {}, size}); };
+        return profile().write(add) ? name : QString();
+    }
+
+    /// Reports what the profile has lost, then forgets that.
+    void repair() {
+        SyncSession session(profile(), m_host->library(), subject(),
+                            RecordVerification::Extent::All);
+        MemoryStore store(m_blobs);
+        QVERIFY(runSession(session, store));
+        QCOMPARE(session.problems().count(), 1);
     }
 
     QStringList titles() {
@@ -121,9 +148,47 @@ private Q_SLOTS:
 
     void recordsAreMergedWhenATierIsFull() {
         fillTier();
-        QVERIFY(run<Compaction>());
+        QVERIFY(run<UsualCompaction>());
         QCOMPARE(sizes().size(), 1);
         verifyNotesOfAnotherComputer();
+    }
+
+    /// Merging takes time in proportion to what is merged.
+    void whatIsNotMergedIsNotExamined() {
+        fillTier();
+        addKnownRecord(RecordTiers::LargeSize);
+        QVERIFY(run<UsualCompaction>());
+        QCOMPARE(sizes().size(), 1);
+        QVERIFY(!inbox()->isComparisonDue(subject().store));
+        QVERIFY(run<Compaction>());
+        QVERIFY(inbox()->isComparisonDue(subject().store));
+        repair();
+        verifyNotesOfAnotherComputer();
+    }
+
+    void recordsWithUnknownOperationsAreNotMerged() {
+        fillTier();
+        const QString name = addKnownRecord(1);
+        QVERIFY(run<UsualCompaction>());
+        QCOMPARE(sizes().size(), 1);
+        QVERIFY(known().names().value().contains(name));
+        QVERIFY(inbox()->isComparisonDue(subject().store));
+        repair();
+        verifyNotesOfAnotherComputer();
+    }
+
+    /// Without it, the tier is not full.
+    void recordsWithUnknownOperationsDoNotFillATier() {
+        for (int i = 2; i < RecordTiers::MostInTier; ++i) {
+            saveNote(QString::number(i));
+            QVERIFY(run<SyncSession>());
+        }
+        addKnownRecord(1);
+        const MemoryStore::Blobs before = m_blobs;
+        QVERIFY(run<UsualCompaction>());
+        QCOMPARE(m_blobs, before);
+        QVERIFY(inbox()->isComparisonDue(subject().store));
+        repair();
     }
 
     void nothingIsRewrittenBeforeATierIsFull() {
@@ -183,11 +248,8 @@ private Q_SLOTS:
         const MemoryStore::Blobs before = m_blobs;
         QVERIFY(run<SyncSession>());
         QCOMPARE(m_blobs, before);
-        const auto database = m_host->library().synchronizedDatabase(InboxUUID);
-        const KnownTransactions known(profile(), QStringLiteral("store"),
-                                      database->log().database());
-        QVERIFY(known.isComplete().value());
-        QVERIFY(!known.hasUnwritten().value());
+        QVERIFY(known().isComplete().value());
+        QVERIFY(!known().hasUnwritten().value());
     }
 
     /// As on a server that refuses deletions, or after the program was killed.
@@ -269,6 +331,23 @@ private Q_SLOTS:
         const QList<qint64> left = sizes().values();
         QVERIFY(std::all_of(left.begin(), left.end(),
                             [](qint64 size) { return size < RecordTiers::LargeSize; }));
+        verifyNotesOfAnotherComputer();
+    }
+
+    void aLargeRecordIsRewrittenAfterTheNextComparison() {
+        edit(QString(RecordTiers::LargeSize, u'x'));
+        edit(QStringLiteral("short"));
+        const auto hasLarge = [this] {
+            const QList<qint64> all = sizes().values();
+            return std::any_of(all.begin(), all.end(),
+                               [](qint64 size) { return size >= RecordTiers::LargeSize; });
+        };
+        runJob();
+        QVERIFY(hasLarge());
+        m_host->goToComputer(QStringLiteral("Other"));
+        m_host->goToComputer(QStringLiteral("Profile"));
+        runJob();
+        QVERIFY(!hasLarge());
         verifyNotesOfAnotherComputer();
     }
 
