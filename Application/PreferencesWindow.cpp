@@ -8,6 +8,7 @@
 #include "Application/CloseKeys.h"
 #include "Application/Guide.h"
 #include "Application/LocationRemovals.h"
+#include "Application/PaneArea.h"
 #include "Application/PresentIfFailed.h"
 #include "Application/SaveLocations.h"
 #include "Application/UndoBar.h"
@@ -46,17 +47,18 @@ std::shared_ptr<QVSyncLocation> locationWithAddress(const QString &address) {
 }  // namespace
 
 PreferencesWindow::PreferencesWindow(std::unique_ptr<PreferencePane> pane, QWidget *parent)
-    : QWidget(parent, Qt::Window) {
+    : QWidget(parent, Qt::Window), m_area(new PaneArea) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Sync Preferences"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    layout->addWidget(m_area, 1);
     new HeightKeeper(this);
     CloseKeys::add(*this);
     Guide::addShortcut(this, Guide::LocationsPage);
     // Larger fonts need more room.
-    resize(QSize(920, 600).expandedTo(WindowSize::of(*this, 100, 36)));
+    resize(WindowSize::atLeast({920, 600}, *this, 100, 36));
     showPane(std::move(pane));
 }
 
@@ -65,7 +67,7 @@ PreferencesWindow::~PreferencesWindow() = default;
 void PreferencesWindow::showPane(std::unique_ptr<PreferencePane> pane) {
     m_pane = std::move(pane);
     m_pane->loadMainView();
-    static_cast<QVBoxLayout *>(layout())->insertWidget(0, m_pane->mainView(), 1);
+    m_area->setPane(m_pane->mainView());
     // Not only when the layout does so later: it can get the focus now.
     m_pane->mainView()->show();
     m_pane->willSelect();

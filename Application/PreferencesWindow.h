@@ -8,12 +8,13 @@
 #include "Platform/Foundation/Expected.h"
 
 class LocationRemovals;
+class PaneArea;
 class PreferencePane;
 class QVSyncLocation;
 class UndoBar;
 
-/// A window that shows a preference pane. It deletes itself when it is closed. Must be used on the
-/// main thread.
+/// A window that shows a preference pane, which scrolls if the screen is too small. It deletes
+/// itself when it is closed. Must be used on the main thread.
 class PreferencesWindow : public QWidget {
     Q_OBJECT
 public:
@@ -67,6 +68,7 @@ private:
     QString selectedAddress() const;
     void select(const QString &database, const std::shared_ptr<QVSyncLocation> &location);
 
+    PaneArea *m_area;
     std::unique_ptr<PreferencePane> m_pane;
     bool m_closesInAnyCase = false;
     bool m_remembers = false;

@@ -11,5 +11,7 @@ namespace WindowSize {
 /// direction. A widget that was not shown yet counts as being on its parent's screen, or else the
 /// primary one. Must be called on the main thread.
 QSize of(const QWidget &widget, int columns, int lines);
+/// Returns that size, but at least `smallest` if the screen has room for it.
+QSize atLeast(const QSize &smallest, const QWidget &widget, int columns, int lines);
 
 }  // namespace WindowSize
