@@ -16,6 +16,7 @@ constexpr double RoundWidth = 1.5;
 constexpr int ButtonPadding = 6;
 /// Between the text of an item of a menu and its shortcut, in letters.
 constexpr int GapOfShortcut = 3;
+constexpr int MenuEdge = 1;
 // Of layouts, in the scale of 4, 8, 12 and 16.
 constexpr int Margin = 12;
 constexpr int Spacing = 8;
@@ -38,6 +39,15 @@ void drawOutline(const QStyleOption &option, QPainter *painter, bool isRound) {
     } else {
         painter->drawRoundedRect(frame, Radius, Radius);
     }
+    painter->restore();
+}
+
+/// Draws the edge of a menu, which has no state.
+void drawEdge(const QStyleOption &option, QPainter *painter) {
+    painter->save();
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(Contrast::outline(option.palette));
+    painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
     painter->restore();
 }
 
@@ -114,6 +124,9 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *o
                 drawOutline(*option, painter, false);
             }
             break;
+        case PE_FrameMenu:
+            drawEdge(*option, painter);
+            break;
         case PE_PanelButtonTool:
             if (!option->state.testFlag(State_AutoRaise)) {
                 drawOutline(*option, painter, false);
@@ -171,6 +184,8 @@ int OutlineStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
                                                : QFontMetrics(QApplication::font());
             return qMax(usual, font.ascent());
         }
+        case PM_MenuPanelWidth:
+            return MenuEdge;
         case PM_LayoutLeftMargin:
         case PM_LayoutTopMargin:
         case PM_LayoutRightMargin:

@@ -143,6 +143,42 @@ private Q_SLOTS:
         QVERIFY(Contrast::ratio(side, ground) >= Contrast::OfOutline);
     }
 
+    void aMenuHasAnEdge_data() {
+        QTest::addColumn<QPalette>("palette");
+        QTest::newRow("light") << QPalette(QColor(0xef, 0xef, 0xef));
+        QTest::newRow("dark") << QPalette(QColor(0x3a, 0x3a, 0x3c), QColor(0x2a, 0x2a, 0x2c));
+        QPalette contrast(Qt::black);
+        contrast.setColor(QPalette::Window, Qt::black);
+        contrast.setColor(QPalette::Base, Qt::black);
+        contrast.setColor(QPalette::WindowText, Qt::white);
+        QTest::newRow("high contrast") << contrast;
+    }
+    void aMenuHasAnEdge() {
+        QFETCH(const QPalette, palette);
+        QMenu menu;
+        menu.setStyle(&m_style);
+        menu.setPalette(palette);
+        menu.addAction(QStringLiteral("i"));
+        menu.resize(menu.sizeHint());
+        const QImage picture = menu.grab().toImage();
+        const QPoint center = picture.rect().center();
+        const int right = picture.width() - 1;
+        const int bottom = picture.height() - 1;
+        const std::pair<QPoint, QPoint> sides[] = {
+            {{0, center.y()}, {4, center.y()}},
+            {{right, center.y()}, {right - 4, center.y()}},
+            {{center.x(), 0}, {center.x(), 2}},
+            {{center.x(), bottom}, {center.x(), bottom - 2}}};
+        for (const auto &[edge, inside] : sides) {
+            const QColor color = picture.pixelColor(edge);
+            for (const QColor &ground :
+                 {palette.color(QPalette::Window), picture.pixelColor(inside)}) {
+                const double ratio = Contrast::ratio(color, ground);
+                QVERIFY2(ratio >= Contrast::OfOutline, qPrintable(QString::number(ratio)));
+            }
+        }
+    }
+
     void checkMarksGrowWithTheFont() {
         QVERIFY(heightOfMark<QCheckBox>(9) >= 13);
         QVERIFY(heightOfMark<QCheckBox>(18) >= 20);
