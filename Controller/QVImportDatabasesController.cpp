@@ -254,6 +254,7 @@ void QVImportDatabasesController::importDatabases(const QVRemoteDatabases &datab
     QVSyncStates states;
     for (const Record &database : databases) {
         states.append(importDatabase(database));
+        m_importedUUIDs.append(database->UUID());
     }
     locationsController().save(nullptr);
     QVSyncPlugin::plugin()->dispatcher()->performSynchronizationsWithSynchronizationStates(states);

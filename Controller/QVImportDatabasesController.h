@@ -93,6 +93,8 @@ public:
     /// Also true before a location was chosen, when the page of databases is not visible.
     bool isActive() const;
     QList<std::shared_ptr<QVSyncLocation>> locations() const;
+    /// Returns the UUIDs of the databases that were imported; empty before.
+    QStringList importedUUIDs() const { return m_importedUUIDs; }
     QString actionButtonTitle() const { return m_actionButtonTitle; }
     /// Sets the title, which must be localized already. The button shows it at once if the window
     /// is loaded.
@@ -223,6 +225,7 @@ private:
     std::atomic<std::shared_ptr<PZFuture>> m_future;
     /// Empty after it was called.
     std::function<void()> m_completionHandler;
+    QStringList m_importedUUIDs;
     QString m_actionButtonTitle;
     /// The latest animation; null before the first. A new one replaces a running one.
     std::unique_ptr<QParallelAnimationGroup> m_slide;

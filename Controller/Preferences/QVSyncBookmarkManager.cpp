@@ -39,9 +39,13 @@ void QVSyncBookmarkManager::openPanelForBookmarkLocation(QObject * /*sender*/) {
         localizedSyncString("Give Velmora access to any folder where indexed items may be kept."),
         window());
     panel->setAttribute(Qt::WA_DeleteOnClose);
-    connect(panel, &QDialog::accepted, this,
-            [this, panel] { addBookmarksObject(panel->URL().path()); });
+    connect(panel, &QDialog::accepted, this, [this, panel] { addChosen(panel->URL().path()); });
     panel->open();
+}
+
+void QVSyncBookmarkManager::addChosen(const QString &path) {
+    addBookmarksObject(path);
+    m_tableView->selectRow(dataSource()->rowOfPath(path));
 }
 
 void QVSyncBookmarkManager::addBookmarksObject(const QString &path) {

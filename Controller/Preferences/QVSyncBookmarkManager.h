@@ -51,6 +51,8 @@ protected:
     void leaveSheet() override;
 
 private:
+    /// Grants access to the folder and selects its row.
+    void addChosen(const QString &path);
     /// Returns the table's delegate, which the form creates and owns.
     QVSyncBookmarkManagerDataSource *dataSource() const;
 

@@ -6,6 +6,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QStyle>
+#include <algorithm>
 
 #include "Host/QVSyncPlugin.h"
 #include "Host/SyncLog.h"
@@ -109,6 +110,12 @@ QVariantMap QVSyncBookmarkManagerDataSource::dictionaryForPath(const QString &pa
 bool QVSyncBookmarkManagerDataSource::containsRow(const QVariantMap &row) const {
     return std::any_of(m_tableContents.begin(), m_tableContents.end(),
                        [&](const QVariant &other) { return pathOf(other) == pathOf(row); });
+}
+
+int QVSyncBookmarkManagerDataSource::rowOfPath(const QString &path) const {
+    const auto found = std::find_if(m_tableContents.begin(), m_tableContents.end(),
+                                    [&](const QVariant &row) { return pathOf(row) == path; });
+    return found == m_tableContents.end() ? -1 : static_cast<int>(found - m_tableContents.begin());
 }
 
 void QVSyncBookmarkManagerDataSource::insertDictionaryForPath(const QString &path) {

@@ -36,6 +36,8 @@ public:
     QVariantMap dictionaryForPath(const QString &path) const;
     /// Returns whether there is a row with the same path. O(n).
     bool containsRow(const QVariantMap &row) const;
+    /// Returns the row of `path`, or -1. O(n).
+    int rowOfPath(const QString &path) const;
     /// Appends a row unless `path` has one. Raises an AssertionFailure if `path` is null.
     void insertDictionaryForPath(const QString &path);
     /// Removes the row of `path`, if there is one.

@@ -322,6 +322,7 @@ void QVSyncPreferences::showImportDatabasesSheet(QObject * /*sender*/) {
     m_importController->runImportDatabasesSheetModalForWindow(
         mainView()->window(), [pane = QPointer(this)] {
             if (pane) {
+                pane->awaitImported(pane->m_importController->importedUUIDs());
                 pane->m_importController.reset();
             }
         });

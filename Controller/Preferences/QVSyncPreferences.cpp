@@ -281,6 +281,22 @@ void QVSyncPreferences::didOpenDatabase(const Notification &notification) {
     const auto *opened = qobject_cast<const QVDatabase *>(notification.object);
     if (opened && !localDatabaseForUUID(rowKey(*opened))) {
         addLocalDatabasesObject(standInForDatabase(*opened));
+        selectImported(rowKey(*opened));
+    }
+}
+
+void QVSyncPreferences::awaitImported(const QStringList &UUIDs) {
+    m_importedUUIDs = UUIDs;
+    m_selectedAtImport = selectedDatabase();
+}
+
+void QVSyncPreferences::selectImported(const QString &UUID) {
+    if (!m_importedUUIDs.contains(UUID)) {
+        return;
+    }
+    m_importedUUIDs.clear();
+    if (selectedDatabase() == m_selectedAtImport) {
+        selectDatabase(UUID);
     }
 }
 

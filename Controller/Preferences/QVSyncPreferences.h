@@ -302,6 +302,11 @@ private:
     void tickAdded(const std::shared_ptr<QVSyncLocation> &location);
     /// Selects and announces the row that was appended last.
     void announceAddedSelection();
+    /// Selects the row of the first of these databases that gets one, unless the user selects
+    /// another row before.
+    void awaitImported(const QStringList &UUIDs);
+    /// Selects the row of this database if it is awaited.
+    void selectImported(const QString &UUID);
     /// Handler of the editors' sheets.
     void didEditLocation(const std::shared_ptr<QVSyncLocationEditor> &editor, bool isNew,
                          qint64 result);
@@ -334,4 +339,8 @@ private:
     QList<std::shared_ptr<QVSyncLocationEditor>> m_editors;
     /// Null while its sheet is closed.
     std::shared_ptr<QVImportDatabasesController> m_importController;
+    /// The databases that were imported last and have no row yet, and the one that was selected
+    /// then.
+    QStringList m_importedUUIDs;
+    QString m_selectedAtImport;
 };

@@ -15,6 +15,7 @@
 #include "Platform/Foundation/MainQueue.h"
 #include "Platform/Interface/PackagePanel.h"
 #include "Platform/Interface/SheetWindow.h"
+#include "Platform/Interface/TableView.h"
 #include "Support/HostShortcuts.h"
 #include "Support/MessageRecorder.h"
 #include "Support/TestHost.h"
@@ -608,6 +609,32 @@ private Q_SLOTS:
             QVERIFY(location->synchronizationStates().constFirst()->isEnabled());
             QTest::keyClick(sheet(), Qt::Key_Escape);
         }
+    }
+
+    void anImportedDatabaseIsSelected_data() {
+        QTest::addColumn<bool>("selectsAnother");
+        QTest::newRow("it is awaited") << false;
+        QTest::newRow("the user goes on") << true;
+    }
+    void anImportedDatabaseIsSelected() {
+        QFETCH(const bool, selectsAnother);
+        const QString imported = QStringLiteral("5c9f2f6e-3f4f-4b55-8a52-0c8a2a0a1b11");
+        putDatabaseRecord(m_host->addLocation(), imported, QStringLiteral("Attic"));
+        const QString projects = m_host->addDatabase(QStringLiteral("Projects"))->UUID();
+        showPane();
+        m_pane->showImportDatabasesSheet(nullptr);
+        sheet()->findChild<TableView *>(QStringLiteral("locationsTable"))->selectRow(0);
+        pressInSheet("continueButton");
+        auto *databases = sheet()->findChild<TableView *>(QStringLiteral("databasesTable"));
+        QTRY_COMPARE(databases->rowCount(), 1);
+        databases->selectRow(0);
+        QTRY_VERIFY(sheet()->findChild<QPushButton *>(QStringLiteral("actionButton"))->isEnabled());
+        pressInSheet("actionButton");
+        if (selectsAnother) {
+            m_pane->selectDatabase(projects);
+        }
+        QTRY_COMPARE(m_pane->databasesView()->items().size(), 3);
+        QCOMPARE(m_pane->selectedDatabase(), selectsAnother ? projects : imported);
     }
 
     void theFirstLocationIsTickedForEveryDatabase() {

@@ -282,6 +282,27 @@ private Q_SLOTS:
                                             Url::fileURL(folder.path()).absoluteString()});
     }
 
+    void aChosenFolderIsSelected() {
+        QTemporaryDir folder;
+        load({folder.path(), Work});
+        const auto choose = [&](const QString &path) {
+            run([&] {
+                part<QPushButton>("addButton")->click();
+                inPanel([&](OpenPanel &panel) {
+                    panel.selectFile(path);
+                    QMetaObject::invokeMethod(&panel, "accept");
+                });
+            });
+        };
+        QTemporaryDir other;
+        choose(other.path());
+        QCOMPARE(table()->selectionIndexes(), IndexSet{2});
+        QVERIFY(dataSource().canRemove());
+        // One that is listed already.
+        choose(folder.path());
+        QCOMPARE(table()->selectionIndexes(), IndexSet{0});
+    }
+
     void cancellingThePanelAddsNothing() {
         load({});
         run([&] {
