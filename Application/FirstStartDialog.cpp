@@ -27,13 +27,22 @@ struct LabeledChoice {
     QString text;
 };
 
+/// Returns a font that leaves everything but the weight to the parent.
+QFont fontOfWeight(QFont::Weight weight) {
+    QFont font;
+    font.setWeight(weight);
+    return font;
+}
+
 QGroupBox *makeGroup(const QString &question, const QList<LabeledChoice> &choices,
                      QButtonGroup &group) {
     auto *box = new QGroupBox(question);
+    box->setFont(fontOfWeight(QFont::Bold));
     auto *layout = new QVBoxLayout(box);
     for (const LabeledChoice &choice : choices) {
         auto *button = new QRadioButton(choice.text);
         button->setObjectName(choice.name + QStringLiteral("Button"));
+        button->setFont(fontOfWeight(QFont::Normal));
         group.addButton(button, choice.id);
         layout->addWidget(button);
     }
