@@ -51,8 +51,9 @@ public:
         const QMargins margins = field->textMargins();
         // QLineEdit's own margin.
         constexpr int margin = 2;
+        const QFontMetrics font = field->fontMetrics();
         return field->width() - contents + margins.left() + margins.right() + 2 * margin +
-               field->fontMetrics().horizontalAdvance(field->placeholderText());
+               qMax(0, -font.minLeftBearing()) + font.horizontalAdvance(field->placeholderText());
     }
 };
 
