@@ -95,6 +95,7 @@ int OutlineStyle::styleHint(StyleHint hint, const QStyleOption *option, const QW
                             QStyleHintReturn *returnData) const {
     switch (hint) {
         case SH_DialogButtonBox_ButtonsHaveIcons:
+        case SH_EtchDisabledText:
             return 0;
         case SH_DialogButtonLayout:
             return QDialogButtonBox::GnomeLayout;

@@ -19,7 +19,8 @@ public:
     void polish(QWidget *widget) override;
     void unpolish(QWidget *widget) override;
     /// Standard buttons have no icons, as other buttons have none, and the one that accepts is
-    /// last, as in the sheets.
+    /// last, as in the sheets. Disabled items of menus have no second text beside them, which makes
+    /// them hard to read on a dark ground.
     int styleHint(StyleHint hint, const QStyleOption *option = nullptr,
                   const QWidget *widget = nullptr,
                   QStyleHintReturn *returnData = nullptr) const override;

@@ -179,6 +179,25 @@ private Q_SLOTS:
         }
     }
 
+    void aDisabledItemOfAMenuIsDrawnOnce() {
+        QMenu menu;
+        menu.setStyle(&m_style);
+        QPalette palette(QColor(0x3a, 0x3a, 0x3c), QColor(0x2a, 0x2a, 0x2c));
+        palette.setColor(QPalette::Light, Qt::magenta);
+        menu.setPalette(palette);
+        menu.addAction(QStringLiteral("Rename"))->setEnabled(false);
+        menu.resize(menu.sizeHint());
+        const QImage picture = menu.grab().toImage();
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor color = picture.pixelColor(x, y);
+                count += color.red() > 2 * color.green() ? 1 : 0;
+            }
+        }
+        QCOMPARE(count, 0);
+    }
+
     void checkMarksGrowWithTheFont() {
         QVERIFY(heightOfMark<QCheckBox>(9) >= 13);
         QVERIFY(heightOfMark<QCheckBox>(18) >= 20);
