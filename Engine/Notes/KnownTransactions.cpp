@@ -3,6 +3,7 @@
 #include <QtCore/QDeadlineTimer>
 #include <algorithm>
 
+#include "Engine/Notes/KeptOperations.h"
 #include "Engine/Notes/LostOperations.h"
 #include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -257,14 +258,16 @@ Expected<void> KnownTransactions::forgetSettings(const ProfileDatabase &profile,
     return ProfileSettings::removeAll(profile, VerifiedPrefix, u' ' + store)
         .and_then(
             [&] { return ProfileSettings::removeAll(profile, RewrittenPrefix, u' ' + store); })
-        .and_then([&] { return LostOperations::forgetStore(profile, store); });
+        .and_then([&] { return LostOperations::forgetStore(profile, store); })
+        .and_then([&] { return KeptOperations::forgetStore(profile, store); });
 }
 
 Expected<void> KnownTransactions::forgetDatabase(const ProfileDatabase &profile, qint64 database) {
     const QString key = QString::number(database) + u' ';
     return ProfileSettings::removeAll(profile, VerifiedPrefix + key)
         .and_then([&] { return ProfileSettings::removeAll(profile, RewrittenPrefix + key); })
-        .and_then([&] { return LostOperations::forgetDatabase(profile, database); });
+        .and_then([&] { return LostOperations::forgetDatabase(profile, database); })
+        .and_then([&] { return KeptOperations::forgetDatabase(profile, database); });
 }
 
 Expected<QString> KnownTransactions::lastVerified() const {

@@ -89,7 +89,7 @@ public:
     Expected<qint64> size(QSqlQuery &query, const OperationId &identifier) const;
     /// Replaces `operations`, which must be current, by new ones with the same contents, which are
     /// not among those that are `superseded`, so that merging these deletes nothing. All computers
-    /// make the same operations, unless very many of them are superseded.
+    /// make the same operations, unless three in a row are superseded.
     Expected<void> renew(const QList<Operation> &operations,
                          const QSet<OperationId> &superseded) const;
     /// Marks all operations as sent, so that later edits supersede them.

@@ -395,7 +395,12 @@ Expected<void> SyncSession::compareListing() {
     if (!isGuarded) {
         return failure(isGuarded.error());
     }
-    m_isGuarded = *isGuarded;
+    const Expected<QSet<OperationId>> kept = this->kept().all();
+    if (!kept) {
+        return failure(kept.error());
+    }
+    m_isAnyRemembered = !kept->isEmpty();
+    m_isGuarded = *isGuarded || m_isAnyRemembered;
     beginPass();
     return noteLost(m_gone);
 }
@@ -499,30 +504,52 @@ Expected<void> SyncSession::checkRemoval() {
     if (!count) {
         return failure(count.error());
     }
-    Removal removal{{}, {}, *count};
-    qint64 openQuestions = 0;
+    const Expected<Answer> answer = answerTo(*removed);
+    if (!answer) {
+        return failure(answer.error());
+    }
+    if (answer->undecided > 0 && isLarge(removed->size(), *count)) {
+        Removal removal{{}, {}, *count};
+        for (const RemovalForecast::Note &note : *removed) {
+            removal.UUIDs.append(note.UUID);
+            removal.titles.append(note.title);
+        }
+        setUndecidedRemoval(removal);
+        return failure(undecided(removed->size(), *count));
+    }
+    m_isKeepRemembered = false;
+    m_operationsToKeep = answer->kept;
+    return {};
+}
+
+Expected<SyncSession::Answer> SyncSession::answerTo(
+    const QList<RemovalForecast::Note> &removed) const {
     QSet<QString> decided;
     if (m_decision.decision != RemovalDecision::Later) {
         decided = QSet(m_decision.UUIDs.begin(), m_decision.UUIDs.end());
     }
-    for (const RemovalForecast::Note &note : *removed) {
-        removal.UUIDs.append(note.UUID);
-        removal.titles.append(note.title);
-        const bool isDecided = decided.contains(note.UUID);
-        openQuestions += isDecided ? 0 : 1;
-        if (isDecided && m_decision.decision == RemovalDecision::Keep) {
+    return kept().all().and_then([&](const QSet<OperationId> &kept) -> Expected<Answer> {
+        Answer answer;
+        QSet<OperationId> others = QSet(kept).intersect(m_forecast.superseded());
+        for (const RemovalForecast::Note &note : removed) {
             const Expected<QList<OperationId>> operations = log().operationIds(note.UUID);
             if (!operations) {
                 return failure(operations.error());
             }
-            m_operationsToKeep.append(*operations);
+            const QSet<OperationId> edits(operations->begin(), operations->end());
+            const bool isDecided = decided.contains(note.UUID);
+            if (!isDecided && !kept.contains(edits)) {
+                ++answer.undecided;
+                continue;
+            }
+            others.subtract(edits);
+            if (!isDecided || m_decision.decision == RemovalDecision::Keep) {
+                answer.kept.append(*operations);
+            }
         }
-    }
-    if (openQuestions > 0 && isLarge(removed->size(), *count)) {
-        setUndecidedRemoval(removal);
-        return failure(undecided(removed->size(), *count));
-    }
-    return {};
+        answer.kept.append(others.values());
+        return answer;
+    });
 }
 
 Expected<void> SyncSession::recordVerification() {
@@ -572,10 +599,12 @@ Expected<void> SyncSession::continueReading() {
     if (!m_operationsToKeep.isEmpty()) {
         return keepNotes();
     }
-    return mergeTransactions().and_then([this]() -> Expected<void> {
-        const bool isDone = m_unread.isEmpty() && isAllMerged() && !isRewrittenMeanwhile();
-        return isDone ? endReading() : Expected<void>();
-    });
+    return forgetKept()
+        .and_then([this] { return mergeTransactions(); })
+        .and_then([this]() -> Expected<void> {
+            const bool isDone = m_unread.isEmpty() && isAllMerged() && !isRewrittenMeanwhile();
+            return isDone ? endReading() : Expected<void>();
+        });
 }
 
 Expected<void> SyncSession::endReading() {
@@ -611,12 +640,24 @@ Expected<void> SyncSession::keepNotes() {
     if (!portion) {
         return failure(portion.error());
     }
+    const QList<OperationId> all = m_isKeepRemembered ? QList<OperationId>() : m_operationsToKeep;
     m_operationsToKeep.remove(0, portion->count);
-    return library().merge(database(),
-                           {.place = subject().place,
-                            .operationsToKeep = portion->operations,
-                            .supersededByAll = m_forecast.superseded()},
-                           [] { return Expected<void>(); });
+    return library()
+        .merge(database(),
+               {.place = subject().place,
+                .operationsToKeep = portion->operations,
+                .supersededByAll = m_forecast.superseded()},
+               [&] { return m_isKeepRemembered ? Expected<void>() : kept().remember(all); })
+        .map([this] {
+            m_isKeepRemembered = true;
+            m_isAnyRemembered = true;
+        });
+}
+
+Expected<void> SyncSession::forgetKept() {
+    return !std::exchange(m_isAnyRemembered, false)
+               ? Expected<void>()
+               : profile().write([this] { return kept().remember({}); });
 }
 
 Expected<void> SyncSession::mergeTransactions() {

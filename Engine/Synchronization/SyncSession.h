@@ -28,7 +28,9 @@
 ///
 /// If more than ten notes and more than half of the database's notes would disappear by all that is
 /// read together, nothing is merged or written, and the session ends with an error of the code
-/// RemovalUndecided, unless the user has decided about these notes.
+/// RemovalUndecided, unless the user has decided about these notes. The profile remembers which
+/// notes are kept until all of them are, so that a session that is interrupted meanwhile asks no
+/// second question and removes none.
 ///
 /// An operation that the profile has lost, and that is in no record any more, is reported by each
 /// session that compares everything, until it returns.
@@ -127,6 +129,14 @@ private:
     Expected<void> compareTransactions();
     /// Returns an error if the user must decide about notes that disappear.
     Expected<void> checkRemoval();
+    /// What the user has decided, now or before a session was interrupted, about notes that
+    /// disappear: the number of those that are undecided, and the operations that are kept, in the
+    /// order of the notes.
+    struct Answer {
+        qsizetype undecided = 0;
+        QList<OperationId> kept;
+    };
+    Expected<Answer> answerTo(const QList<RemovalForecast::Note> &removed) const;
     /// Takes what the next step merges, unless it is taken. What takes long to merge is found here.
     Expected<void> takeParts();
     /// Finds what is wrong in the profile and no merge repairs.
@@ -158,8 +168,11 @@ private:
     /// Lets the next step merge so many rows that it takes a short time, after the last one took
     /// `nanoseconds`.
     void adaptRowsAtOnce(qint64 nanoseconds);
-    /// Renews some of the operations of the notes that the user keeps.
+    /// Renews some of the operations of the notes that the user keeps. The first part also
+    /// remembers all of them.
     Expected<void> keepNotes();
+    /// Forgets what the user keeps: it is kept now, or no record removes it any more.
+    Expected<void> forgetKept();
     /// Merges once everything is compared, and proceeds if everything was merged.
     Expected<void> continueReading();
     /// Proceeds to verifying or collecting.
@@ -191,6 +204,9 @@ private:
     QHash<QString, QByteArray> m_released;
     /// The operations of notes that the transactions remove although the user keeps them.
     QList<OperationId> m_operationsToKeep;
+    /// Whether the profile remembers these, and whether it remembers any at all.
+    bool m_isKeepRemembered = false;
+    bool m_isAnyRemembered = false;
     /// Whether everything is compared although what is recorded as unwritten is complete.
     bool m_mustCompare = false;
     bool m_isMergeDue = false;

@@ -42,9 +42,8 @@ private:
         return titles;
     }
 
-    static StoreSession::Subject subject() {
-        return {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store"),
-                QStringLiteral("Home")};
+    static StoreSession::Subject subject(const QString &store = QStringLiteral("store")) {
+        return {InboxUUID, QStringLiteral("Inbox"), store, QStringLiteral("Home")};
     }
     qint64 rowsWritten() const {
         return profile().value(QStringLiteral("SELECT total_changes()")).value().toLongLong();
@@ -68,6 +67,29 @@ private:
     Run decide(RemovalDecision decision) {
         const Run undecided = run();
         return undecided.removal ? run({undecided.removal->UUIDs, decision}) : undecided;
+    }
+
+    /// Answers that the notes are kept, and ends the session when some of them are, as the end of
+    /// the program does.
+    void keepSome() {
+        const Run undecided = run();
+        QVERIFY(undecided.removal);
+        SyncSession session(profile(), m_host->library(), subject());
+        session.setDecision({undecided.removal->UUIDs, RemovalDecision::Keep});
+        MemoryStore store(m_blobs);
+        const EngineFuture future;
+        const QSet<OperationId> superseded = log().supersededIds().value();
+        while (log().supersededIds().value() == superseded) {
+            QVERIFY(!session.isDone());
+            QVERIFY(session.accessStore(store, future));
+            QVERIFY(session.accessProfile());
+        }
+    }
+    qint64 rememberedAnswers() const {
+        return profile()
+            .value(QStringLiteral("SELECT count(*) FROM settings WHERE key LIKE 'kept %'"))
+            .value()
+            .toLongLong();
     }
 
     void write(const Transaction &transaction) {
@@ -310,6 +332,72 @@ private Q_SLOTS:
         QCOMPARE_LE(most, mostRows);
         QCOMPARE_GT(rowsWritten() - first, 2 * mostRows);
         QCOMPARE(titles().size(), count);
+    }
+
+    void anInterruptedSessionGoesOnKeeping_data() {
+        QTest::addColumn<QString>("store");
+        QTest::addRow("with the same location") << QStringLiteral("store");
+        QTest::addRow("with another one that has the same records") << QStringLiteral("other");
+    }
+    void anInterruptedSessionGoesOnKeeping() {
+        QFETCH(const QString, store);
+        // The first step keeps 100: those that remain are too few for another question.
+        addNotes(150);
+        const QStringList all = titles();
+        QVERIFY(run().result);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        m_host->goToComputer(m_here);
+        attack(150);
+        keepSome();
+        m_host->restart();
+        QCOMPARE(rememberedAnswers(), 1);
+        for (const StoreSession::Subject &each : {subject(store), subject()}) {
+            SyncSession session(profile(), m_host->library(), each);
+            MemoryStore blobs(m_blobs);
+            QCOMPARE(description(runSession(session, blobs)), QString());
+            QCOMPARE(titles(), all);
+            QVERIFY(inbox()->deletedNotes().value().isEmpty());
+        }
+        QCOMPARE(rememberedAnswers(), 0);
+        m_host->goToComputer(m_there);
+        QVERIFY(run().result);
+        QCOMPARE(titles(), all);
+        QVERIFY(run<CleanSession>().result);
+        m_host->goToComputer(m_here);
+        QVERIFY(run().result);
+        QCOMPARE(titles(), all);
+    }
+
+    void anInterruptedAnswerIsOnlyAboutTheEditsOfThen() {
+        addNotes(150);
+        QVERIFY(run().result);
+        attack(150);
+        keepSome();
+        // What is removed besides, with so many, is another question, and so is what was kept.
+        Note mine{{}, QStringLiteral("mine"), {}, {}};
+        QVERIFY(inbox()->saveNote(mine));
+        write({{}, log().operationIds().value()});
+        const Run again = run();
+        QCOMPARE(code(again.result), EngineErrorCode::RemovalUndecided);
+        QCOMPARE(again.removal->UUIDs.size(), 151);
+        QVERIFY(run({again.removal->UUIDs, RemovalDecision::Remove}).result);
+        QVERIFY(titles().isEmpty());
+        QCOMPARE(rememberedAnswers(), 0);
+        QVERIFY(run().result);
+        QVERIFY(titles().isEmpty());
+    }
+
+    void anAnswerIsForgottenIfNothingIsRemovedAnyMore() {
+        addNotes(150);
+        QVERIFY(run().result);
+        const MemoryStore::Blobs sound = m_blobs;
+        attack(150);
+        keepSome();
+        m_blobs = sound;
+        QVERIFY(run().result);
+        QCOMPARE(rememberedAnswers(), 0);
+        QCOMPARE(titles().size(), 150);
     }
 
     /// The profile keeps what is superseded as earlier versions, however small the record is.
