@@ -137,8 +137,7 @@ QWidget *HistoryDialog::makeLimits() {
 }
 
 Expected<QList<NoteVersion>> HistoryDialog::read(const VersionsPart &part) const {
-    return isOfNote() ? m_database->earlierVersions(m_note.UUID, part)
-                      : m_database->deletedNotes(part);
+    return isOfNote() ? m_database->earlierVersions(m_note, part) : m_database->deletedNotes(part);
 }
 
 void HistoryDialog::showVersions() {

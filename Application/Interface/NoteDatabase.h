@@ -115,8 +115,10 @@ public:
     /// last; the one deleted last comes first. Notes that the profile no longer keeps are not among
     /// them, see NoteLibrary::historyLimits.
     virtual Expected<QList<NoteVersion>> deletedNotes(const VersionsPart &part = {}) const = 0;
-    /// Returns a part of the earlier versions of the note `UUID`, the one replaced last first.
-    virtual Expected<QList<NoteVersion>> earlierVersions(const QString &UUID,
+    /// Returns a part of the earlier versions of the note with the UUID of `note` and, if that
+    /// shows one of several conflicting edits, of the note `note.conflict`; the one replaced last
+    /// first. Takes time in proportion to the part.
+    virtual Expected<QList<NoteVersion>> earlierVersions(const Note &note,
                                                          const VersionsPart &part = {}) const = 0;
     /// Returns the complete note of `version`, with an empty revision, so that saving it restores
     /// it as a new edit. Fails if the version is no longer kept.

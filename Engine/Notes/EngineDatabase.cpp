@@ -84,9 +84,9 @@ Expected<QList<NoteVersion>> EngineDatabase::deletedNotes(const VersionsPart &pa
     return m_log.history().deletedNotes(part);
 }
 
-Expected<QList<NoteVersion>> EngineDatabase::earlierVersions(const QString &UUID,
+Expected<QList<NoteVersion>> EngineDatabase::earlierVersions(const Note &note,
                                                              const VersionsPart &part) const {
-    return m_log.earlierVersions(UUID, part);
+    return m_log.earlierVersions(note, part);
 }
 
 Expected<Note> EngineDatabase::noteOfVersion(const NoteVersion &version) const {

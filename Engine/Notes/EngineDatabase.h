@@ -63,7 +63,7 @@ public:
     Expected<bool> removeNote(const Note &note) override;
     Expected<void> resolveConflict(Note &kept, const Note &removed) override;
     Expected<QList<NoteVersion>> deletedNotes(const VersionsPart &part = {}) const override;
-    Expected<QList<NoteVersion>> earlierVersions(const QString &UUID,
+    Expected<QList<NoteVersion>> earlierVersions(const Note &note,
                                                  const VersionsPart &part = {}) const override;
     Expected<Note> noteOfVersion(const NoteVersion &version) const override;
 

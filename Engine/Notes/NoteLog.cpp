@@ -38,6 +38,12 @@ QString revisionOf(const Operation &operation) {
     return QString::fromLatin1(operation.id.toHex());
 }
 
+constexpr QChar Brace = u'{';
+
+QString inBraces(const QString &UUID) {
+    return Brace + UUID + u'}';
+}
+
 bool holds(const Operation &operation, const Note &note) {
     return operation.note == note.UUID && operation.title == note.title &&
            operation.text == note.text && operation.modified == soundMilliseconds(note.modified);
@@ -364,7 +370,7 @@ Expected<bool> NoteLog::hasNote(const QString &UUID) const {
 Expected<void> NoteLog::save(Note &note) const {
     Note saved{note.UUID, wellFormed(note.title), wellFormed(note.text), note.modified,
                note.revision};
-    if (saved.UUID.isEmpty()) {
+    if (saved.UUID.isEmpty() || saved.UUID.startsWith(Brace)) {
         saved.UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
     }
     if (Expected<void> checked = checkNote(saved); !checked) {
@@ -608,16 +614,12 @@ Expected<void> NoteLog::recountConflicts() const {
         {m_database, m_database});
 }
 
-Expected<QList<NoteVersion>> NoteLog::earlierVersions(const QString &noteUUID,
+Expected<QList<NoteVersion>> NoteLog::earlierVersions(const Note &note,
                                                       const VersionsPart &part) const {
-    const Expected<std::optional<Operation>> shown =
-        shownAs(noteUUID).and_then([&](const OperationId &id) { return operation(id); });
-    if (!shown) {
-        return failure(shown.error());
-    }
-    QStringList UUIDs{noteUUID};
-    if (*shown && (*shown)->note != noteUUID) {
-        UUIDs.append((*shown)->note);
+    QStringList UUIDs{note.UUID};
+    // A copy has the versions of the note, too.
+    if (!note.conflict.isEmpty() && note.conflict != note.UUID) {
+        UUIDs.append(note.conflict);
     }
     return m_history.versions(UUIDs, part);
 }
@@ -773,16 +775,6 @@ Expected<QList<NoteLog::Row>> NoteLog::rows() const {
     });
 }
 
-Expected<QList<NoteLog::Row>> NoteLog::conflictingRows() const {
-    return select(QStringLiteral("note_uuid IN (SELECT note_uuid FROM operations"
-                                 " WHERE database = ? AND note_uuid <> ''"
-                                 " GROUP BY note_uuid HAVING count(*) > 1)"),
-                  {m_database})
-        .and_then([this](const QList<Operation> &operations) {
-            return rowsOf(operations, [this](const QString &UUID) { return hasNote(UUID); });
-        });
-}
-
 Expected<QList<NoteLog::Row>> NoteLog::rowsOf(const QList<Operation> &operations,
                                               const HasNote &hasNote) {
     QHash<QString, QList<Operation>> editsByNote;
@@ -796,38 +788,26 @@ Expected<QList<NoteLog::Row>> NoteLog::rowsOf(const QList<Operation> &operations
     }
     QList<Row> rows;
     rows.reserve(operations.size());
-    QSet<QString> copies;
     for (const QString &note : std::as_const(notes)) {
         QList<Operation> &edits = editsByNote[note];
         std::sort(edits.begin(), edits.end(), comesBefore);
         const QString conflict = edits.size() > 1 ? note : QString();
         rows.append({note, edits.first(), conflict});
         for (const Operation &copy : edits.mid(1)) {
-            const Expected<QString> UUID = freeUUIDOfCopy(copy, copies, hasNote);
+            const Expected<QString> UUID = UUIDOfCopy(copy, hasNote);
             if (!UUID) {
                 return failure(UUID.error());
             }
-            copies.insert(*UUID);
             rows.append({*UUID, copy, conflict});
         }
     }
     return rows;
 }
 
-Expected<QString> NoteLog::freeUUIDOfCopy(const Operation &copy, const QSet<QString> &taken,
-                                          const HasNote &hasNote) {
-    QString UUID = copy.UUIDOfCopy();
-    for (;;) {
-        // A note has this UUID already only if it was created on purpose.
-        const Expected<bool> isNote = hasNote(UUID);
-        if (!isNote) {
-            return failure(isNote.error());
-        }
-        if (!*isNote && !taken.contains(UUID)) {
-            return UUID;
-        }
-        UUID = QUuid::createUuidV5(QUuid(UUID), UUID).toString(QUuid::WithoutBraces);
-    }
+Expected<QString> NoteLog::UUIDOfCopy(const Operation &copy, const HasNote &hasNote) {
+    const QString UUID = copy.UUIDOfCopy();
+    // A note has this UUID only if it was created on purpose. No note has one in braces.
+    return hasNote(UUID).map([&](bool isTaken) { return isTaken ? inBraces(UUID) : UUID; });
 }
 
 Expected<std::optional<Operation>> NoteLog::first(const QString &note) const {
@@ -855,11 +835,33 @@ Expected<OperationId> NoteLog::shownAs(const QString &noteUUID) const {
     if (*shown) {
         return (*shown)->id;
     }
-    return conflictingRows().map([&](const QList<Row> &all) {
-        const auto row = std::find_if(all.begin(), all.end(),
-                                      [&](const Row &each) { return each.UUID == noteUUID; });
-        return row == all.end() ? OperationId() : row->operation.id;
-    });
+    return copyShownAs(QUuid(noteUUID));
+}
+
+Expected<OperationId> NoteLog::copyShownAs(const QUuid &UUID) const {
+    OperationId found;
+    QString note;
+    QUuid space;
+    const Expected<void> done = m_profile.read(
+        // An index has these columns, in this order.
+        QStringLiteral("SELECT note_uuid, digest FROM operations WHERE database = ? AND note_uuid"
+                       " IN (SELECT note_uuid FROM operations WHERE database = ?"
+                       "  AND note_uuid <> '' GROUP BY note_uuid HAVING count(*) > 1)"
+                       " ORDER BY note_uuid DESC, modified DESC, digest DESC"),
+        {m_database, m_database}, [&](const QSqlQuery &row) {
+            const QString rowNote = row.value(0).toString();
+            // The first one shows as the note.
+            if (rowNote != note) {
+                note = rowNote;
+                space = QUuid(note);
+                return;
+            }
+            const OperationId identifier = row.value(1).toByteArray();
+            if (Operation::UUIDOfCopy(space, identifier) == UUID) {
+                found = identifier;
+            }
+        });
+    return done.map([&] { return found; });
 }
 
 Expected<QList<Operation>> NoteLog::select(const QString &condition,

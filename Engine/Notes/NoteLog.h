@@ -161,9 +161,8 @@ public:
     Expected<bool> isCountOfConflictsSound() const;
     /// Counts the conflicts and records their number. O(n).
     Expected<void> recountConflicts() const;
-    /// Returns a part of the earlier versions of what shows as the note `noteUUID`.
-    Expected<QList<NoteVersion>> earlierVersions(const QString &noteUUID,
-                                                 const VersionsPart &part) const;
+    /// See NoteDatabase::earlierVersions.
+    Expected<QList<NoteVersion>> earlierVersions(const Note &note, const VersionsPart &part) const;
     const NoteHistory &history() const { return m_history; }
 
     /// Returns the id of the database's row.
@@ -193,8 +192,6 @@ private:
     /// their order.
     static Expected<QList<Row>> rowsOf(const QList<Operation> &operations, const HasNote &hasNote);
     Expected<QList<Row>> rows() const;
-    /// Returns the rows of the notes with conflicting edits.
-    Expected<QList<Row>> conflictingRows() const;
     /// Returns the operations of notes in the rows of `source`, a table and a condition, at most
     /// `most`, ordered by position and note.
     Expected<QList<Place>> places(const QString &source, const QVariantList &values,
@@ -215,9 +212,9 @@ private:
     Expected<QList<Place>> somePlaces(qint64 position, const QString &note, int most) const;
     static Note noteOf(const Row &row);
     Expected<bool> hasNote(const QString &UUID) const;
-    /// Returns the UUID as which `copy` shows, which neither a note has nor is `taken`.
-    static Expected<QString> freeUUIDOfCopy(const Operation &copy, const QSet<QString> &taken,
-                                            const HasNote &hasNote);
+    /// Returns the UUID as which `copy` shows, which no note has. It may be in braces: such a copy
+    /// is saved with another UUID.
+    static Expected<QString> UUIDOfCopy(const Operation &copy, const HasNote &hasNote);
     Expected<QList<OperationId>> identifiers(const QString &condition,
                                              const QVariantList &values) const;
     Expected<void> visitIds(const QString &condition, const QVariantList &values,
@@ -229,6 +226,8 @@ private:
     Expected<std::optional<Operation>> first(const QString &note) const;
     /// Returns the operation that shows as the note `noteUUID`, or an empty identifier.
     Expected<OperationId> shownAs(const QString &noteUUID) const;
+    /// The same for a UUID that no note has. Reads the identifiers of all conflicting edits.
+    Expected<OperationId> copyShownAs(const QUuid &UUID) const;
     /// Returns the edit that the revision of `note` names or, if it is empty, the one that its UUID
     /// shows.
     Expected<OperationId> seenAs(const Note &note) const;

@@ -1,6 +1,5 @@
 #include "Engine/Notes/Operation.h"
 
-#include <QtCore/QUuid>
 #include <algorithm>
 #include <limits>
 
@@ -81,7 +80,11 @@ bool Operation::comesBefore(const Operation &other) const {
 }
 
 QString Operation::UUIDOfCopy() const {
-    return QUuid::createUuidV5(QUuid(note), id.toHex()).toString(QUuid::WithoutBraces);
+    return UUIDOfCopy(QUuid(note), id).toString(QUuid::WithoutBraces);
+}
+
+QUuid Operation::UUIDOfCopy(const QUuid &note, const OperationId &id) {
+    return QUuid::createUuidV5(note, id.toHex());
 }
 
 QByteArray Operation::packed(const QList<OperationId> &identifiers) {

@@ -3,6 +3,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
 #include <QtCore/QString>
+#include <QtCore/QUuid>
 #include <optional>
 
 /// Identifies an operation by its contents: 16 bytes, ordered as bytes.
@@ -61,6 +62,8 @@ struct Operation {
     /// note: a UUID of version 5 (RFC 4122, section 4.3) whose name space is the UUID of the note
     /// and whose name is the identifier in hexadecimal digits.
     QString UUIDOfCopy() const;
+    /// The same for the operation `id` of the note `note`.
+    static QUuid UUIDOfCopy(const QUuid &note, const OperationId &id);
 
     /// Returns `identifiers` concatenated; never null.
     static QByteArray packed(const QList<OperationId> &identifiers);

@@ -203,7 +203,7 @@ private Q_SLOTS:
         QVERIFY(choice == KeepBoth || left.first().endsWith(shown));
         QCOMPARE(here()->notes().value().first().UUID, UUID);
         if (choice != KeepBoth) {
-            const NoteVersion version = here()->earlierVersions(UUID).value().first();
+            const NoteVersion version = here()->earlierVersions({.UUID = UUID}).value().first();
             QCOMPARE(version.title, QStringLiteral("Shopping"));
             QCOMPARE(here()->noteOfVersion(version).value().text,
                      left.first().endsWith(Here) ? There : Here);

@@ -184,7 +184,7 @@ private Q_SLOTS:
         QCOMPARE(left.first().text, QStringLiteral("1"));
         QCOMPARE(left.first().revision, edits[1].revision);
         // The kept edit is no earlier version of itself.
-        QCOMPARE(database->earlierVersions(UUID).value().size(), 1);
+        QCOMPARE(database->earlierVersions({.UUID = UUID}).value().size(), 1);
     }
 
     void removingANoteWithoutUUIDRemovesNothing() {

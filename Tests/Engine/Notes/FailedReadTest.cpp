@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(code(database()->completeNote(all.last())), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds(note.UUID)), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().earlierVersions(note.UUID, {})), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().remove({.UUID = note.UUID})), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().noteUUIDs()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().hasMoreNotesThan(100)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().returnedIds()), EngineErrorCode::ProfileNotWritten);

@@ -62,7 +62,7 @@ private:
     }
     QStringList deletedTexts() const { return textsOf(inbox()->deletedNotes().value()); }
     QStringList earlierTexts(const QString &title) const {
-        return textsOf(inbox()->earlierVersions(noteWithTitle(title).UUID).value());
+        return textsOf(inbox()->earlierVersions(noteWithTitle(title)).value());
     }
 
 private Q_SLOTS:
@@ -96,7 +96,7 @@ private Q_SLOTS:
         // Restoring is a new edit, which other computers receive.
         QVERIFY(inbox()->saveNote(kept));
         QVERIFY(inbox()->deletedNotes().value().isEmpty());
-        QCOMPARE(textsOf(inbox()->earlierVersions(note.UUID).value()),
+        QCOMPARE(textsOf(inbox()->earlierVersions(note).value()),
                  QStringList{QStringLiteral("one")});
         run<SyncSession>();
         goTo(m_there);
@@ -377,7 +377,7 @@ private Q_SLOTS:
                                    static_cast<FailingTable::Fault>(fault));
         QCOMPARE(code(inbox()->deletedNotes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(inbox()->noteOfVersion(last)), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(inbox()->earlierVersions(kept.UUID)), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(inbox()->earlierVersions(kept)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(inbox()->saveNote(note)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(m_host->library().setHistoryLimits({1, 1})),
                  EngineErrorCode::ProfileNotWritten);

@@ -137,6 +137,56 @@ private Q_SLOTS:
         QVERIFY(UUIDs(rows).contains(m_note.UUID));
     }
 
+    /// A store knows the UUID of the copy, and all that would follow from it.
+    void aCopyWhoseUUIDIsTakenShowsNevertheless() {
+        constexpr int notes = 20'000;
+        receiveEdits(2);
+        const Note before = rowsAt()[1].note;
+        QVERIFY(before.UUID != m_note.UUID);
+        Transaction taking;
+        QString UUID = before.UUID;
+        for (int i = 0; i < notes; ++i) {
+            taking.operations.append(Operation::make(UUID, QStringLiteral("taken"), {}, 1, {}));
+            UUID = QUuid::createUuidV5(QUuid(UUID), UUID).toString(QUuid::WithoutBraces);
+        }
+        receive(taking);
+        const double begin = secondsOfThread();
+        QList<NoteRow> rows;
+        for (int i = 0; i < 50; ++i) {
+            rows = rowsAt();
+        }
+        // Following the chain takes much longer.
+        QVERIFY(secondsOfThread() - begin < 5);
+        QCOMPARE(rows.size(), 3);
+        QCOMPARE(UUIDs(rows).size(), 3);
+        Note copy = rows[1].note;
+        QCOMPARE(copy.revision, before.revision);
+        QCOMPARE(UUIDs(m_database->rows(FirstPosition, 2 * notes).value()).size(), notes + 3);
+        QCOMPARE(m_database->notes().value().size(), notes + 3);
+
+        copy.text = QStringLiteral("Changed");
+        QVERIFY(m_database->saveNote(copy));
+        QVERIFY(Operation::isUUID(copy.UUID) && copy.UUID != before.UUID);
+        QCOMPARE(rowsAt().size(), 3);
+        QVERIFY(rowsAt()[2].note.conflict.isEmpty());
+        QCOMPARE(m_database->countOfNotes().value(), notes + 2);
+    }
+
+    void anEditIsFoundByTheUUIDOfItsCopy() {
+        receiveEdits(2);
+        const QList<NoteRow> rows = rowsAt();
+        const Note copy = rows[1].note;
+        receive({{Operation::make(copy.UUID, QStringLiteral("taken"), {}, 1, {})}, {}});
+        const Note taken = rowsAt()[1].note;
+        QCOMPARE(taken.revision, copy.revision);
+        QVERIFY(m_database->removeNote({.UUID = taken.UUID}).value());
+        QVERIFY(m_database->removeNote({.UUID = rows[2].note.UUID}).value());
+        QVERIFY(!m_database->removeNote({.UUID = rows[2].note.UUID}).value());
+        QCOMPARE(revisions(rowsAt()), QStringList{rows[0].note.revision});
+        QVERIFY(m_database->removeNote({.UUID = copy.UUID}).value());
+        QCOMPARE(m_database->earlierVersions(copy).value().size(), 3);
+    }
+
     void manyNotesThatReplaceOneAreNotReadTogether() {
         constexpr int notes = 1000;
         Transaction transaction;

@@ -1040,24 +1040,43 @@ private Q_SLOTS:
     /// The window looks for the conflicts of what it shows, too.
     void conflictingEditsAreBounded_data() {
         QTest::addColumn<int>("edits");
-        QTest::newRow("Folder: 120,000 conflicting edits of one note") << 120'000;
+        QTest::addColumn<bool>("isLarge");
+        QTest::newRow("Folder: 120,000 conflicting edits of one note") << 120'000 << false;
+        QTest::newRow("Folder: 15 conflicting edits of 8 MiB") << 15 << true;
     }
     void conflictingEditsAreBounded() {
         QFETCH(const int, edits);
+        QFETCH(const bool, isLarge);
         folder([](const QString &) {});
-        HostileStore::writeRecords(m_location->URL().path(), HostileStore::conflictingEdits(edits));
-        measureSynchronization(0, 240'000);
+        HostileStore::writeRecords(
+            m_location->URL().path(),
+            isLarge ? HostileStore::largeEdits(edits) : HostileStore::conflictingEdits(edits));
+        if (isLarge) {
+            QVERIFY(QTest::qWaitFor(synchronize(), 240'000));
+        } else {
+            measureSynchronization(0, 240'000);
+        }
         const auto lookUp = [&]() -> std::function<bool()> {
             const QList<NoteRow> rows = m_host->inbox()->rows(0, 100).value();
             const Note first = rows.first().note;
             const bool isFound =
                 !first.conflict.isEmpty() && rows.size() < 1000 &&
                 m_host->inbox()->rowsAt(rows.first().position).value() == rows &&
-                m_host->inbox()->hasMoreEdits(first.conflict, rows.size()).value() &&
+                m_host->inbox()->hasMoreEdits(first.conflict, rows.size()).value() != isLarge &&
                 m_host->inbox()->countOfConflicts().value() == 1;
             return [isFound] { return isFound; };
         };
         measure(lookUp, 5000);
+        const Note copy = m_host->inbox()->rows(0, 100).value().at(1).note;
+        QVERIFY(copy.UUID != copy.conflict);
+        const auto lookUpVersions = [&]() -> std::function<bool()> {
+            const bool isFound = m_host->inbox()->earlierVersions(copy).value().isEmpty() &&
+                                 m_host->inbox()->removeNote({.UUID = copy.UUID}).value() &&
+                                 m_host->inbox()->earlierVersions(copy).value().size() == 1;
+            return [isFound] { return isFound; };
+        };
+        // The text of one edit, in several copies.
+        measure(lookUpVersions, 5000, isLarge ? 64 : 0);
     }
 
     /// A record of some bytes makes the profile keep all of them as earlier versions.

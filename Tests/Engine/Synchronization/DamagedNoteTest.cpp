@@ -138,7 +138,7 @@ private Q_SLOTS:
         // Nothing is kept twice.
         const QList<Note> notes = m_host->inbox()->notes().value();
         for (const Note &note : notes) {
-            const auto versions = m_host->inbox()->earlierVersions(note.UUID).value();
+            const auto versions = m_host->inbox()->earlierVersions(note).value();
             for (const NoteVersion &version : versions) {
                 QVERIFY(m_host->inbox()->noteOfVersion(version)->text != note.text);
             }
@@ -159,7 +159,7 @@ private Q_SLOTS:
         QCOMPARE(problems<SyncSession>().size(), 1);
         QCOMPARE(texts(), expected);
         verifySound();
-        QCOMPARE(m_host->inbox()->earlierVersions(edited.UUID).value().size(), 1);
+        QCOMPARE(m_host->inbox()->earlierVersions(edited).value().size(), 1);
     }
 
     /// As if the pages with their rows were those of an earlier state.
@@ -372,7 +372,7 @@ private Q_SLOTS:
         QCOMPARE(verify().size(), 1);
         QVERIFY(run<SyncSession>());
         QCOMPARE(texts(), before);
-        QCOMPARE(m_host->inbox()->earlierVersions(note.UUID).value().size(), 1);
+        QCOMPARE(m_host->inbox()->earlierVersions(note).value().size(), 1);
         verifySound();
     }
 
