@@ -570,16 +570,21 @@ Expected<qint64> NoteLog::countOfNotes() const {
         .map([](const QVariant &count) { return count.toLongLong(); });
 }
 
-Expected<QSet<QString>> NoteLog::noteUUIDs() const {
-    QSet<QString> UUIDs;
-    const Expected<void> done = m_profile.read(
-        QStringLiteral("SELECT DISTINCT note_uuid FROM operations"
-                       " WHERE database = ? AND note_uuid <> ''"),
-        {m_database}, [&](const QSqlQuery &row) { UUIDs.insert(row.value(0).toString()); });
-    if (!done) {
-        return failure(done.error());
+Expected<qsizetype> NoteLog::countOf(const QStringList &UUIDs) const {
+    Expected<QSqlQuery> query = m_profile.prepare(
+        QStringLiteral("SELECT 1 FROM operations WHERE database = ? AND note_uuid = ? LIMIT 1"));
+    if (!query) {
+        return failure(query.error());
     }
-    return UUIDs;
+    qsizetype count = 0;
+    for (const QString &UUID : UUIDs) {
+        const Expected<void> read =
+            m_profile.read(*query, {m_database, UUID}, [&](const QSqlQuery & /*row*/) { ++count; });
+        if (!read) {
+            return failure(read.error());
+        }
+    }
+    return count;
 }
 
 Expected<bool> NoteLog::hasMoreNotesThan(qint64 count) const {

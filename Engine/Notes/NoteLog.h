@@ -151,8 +151,8 @@ public:
     Expected<bool> isEmpty() const;
     /// Returns the number of notes; conflicting edits of a note count as one. Counts them: O(n).
     Expected<qint64> countOfNotes() const;
-    /// Returns the UUIDs of the notes, without those of the copies that notes() returns. O(n).
-    Expected<QSet<QString>> noteUUIDs() const;
+    /// Returns how many of the notes `UUIDs` there are. O(UUIDs log n).
+    Expected<qsizetype> countOf(const QStringList &UUIDs) const;
     /// Returns whether there are more notes than `count`. O(count).
     Expected<bool> hasMoreNotesThan(qint64 count) const;
     /// Returns the number of notes with conflicting edits, as the profile has recorded it. O(1).

@@ -410,10 +410,10 @@ std::optional<EngineDispatcher::Entry> EngineDispatcher::decided(
 
 void EngineDispatcher::presentGoneNotes(const QString &databaseUUID,
                                         const QStringList &notes) const {
-    const Expected<QSet<QString>> present = notesOf(databaseUUID);
+    const Expected<qsizetype> present = countOf(databaseUUID, notes);
     if (!present) {
         NSApp()->presentError(present.error());
-    } else if (!present->contains(QSet<QString>(notes.begin(), notes.end()))) {
+    } else if (*present < notes.size()) {
         const auto database = m_library.synchronizedDatabase(databaseUUID);
         NSApp()->presentError(engineError(
             EngineErrorCode::RemovalUndecided,
@@ -426,10 +426,10 @@ void EngineDispatcher::presentGoneNotes(const QString &databaseUUID,
 
 void EngineDispatcher::presentRemainingNotes(const QString &databaseUUID,
                                              const QStringList &notes) const {
-    const Expected<QSet<QString>> present = notesOf(databaseUUID);
+    const Expected<qsizetype> present = countOf(databaseUUID, notes);
     if (!present) {
         NSApp()->presentError(present.error());
-    } else if (present->intersects(QSet<QString>(notes.begin(), notes.end()))) {
+    } else if (*present > 0) {
         const auto database = m_library.synchronizedDatabase(databaseUUID);
         NSApp()->presentError(engineError(
             EngineErrorCode::RemovalUndecided,
@@ -439,9 +439,10 @@ void EngineDispatcher::presentRemainingNotes(const QString &databaseUUID,
     }
 }
 
-Expected<QSet<QString>> EngineDispatcher::notesOf(const QString &databaseUUID) const {
+Expected<qsizetype> EngineDispatcher::countOf(const QString &databaseUUID,
+                                              const QStringList &notes) const {
     const auto database = m_library.synchronizedDatabase(databaseUUID);
-    return database ? database->log().noteUUIDs() : Expected<QSet<QString>>();
+    return database ? database->log().countOf(notes) : 0;
 }
 
 QString EngineDispatcher::nameOf(const StoreSession::Subject &subject) const {

@@ -147,8 +147,8 @@ private:
     /// Presents an error if some of these notes, which the user removes, are still there after the
     /// synchronization with that decision.
     void presentRemainingNotes(const QString &databaseUUID, const QStringList &notes) const;
-    /// Returns the UUIDs of the notes of a database, none if there is no such database.
-    Expected<QSet<QString>> notesOf(const QString &databaseUUID) const;
+    /// Returns how many of the notes a database has, 0 if there is no such database.
+    Expected<qsizetype> countOf(const QString &databaseUUID, const QStringList &notes) const;
     /// Sets and saves the result of a job, and the date if it was a successful synchronization. A
     /// cancelled job has no result.
     void rememberResult(const Entry &entry);

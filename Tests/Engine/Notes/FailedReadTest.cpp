@@ -89,7 +89,7 @@ private Q_SLOTS:
         QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds(note.UUID)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().remove({.UUID = note.UUID})), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().noteUUIDs()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().countOf({note.UUID})), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().hasMoreNotesThan(100)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().returnedIds()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().isDamaged(allIdentifiers.last())), EngineErrorCode::ProfileNotWritten);
