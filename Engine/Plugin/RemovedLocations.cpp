@@ -58,16 +58,20 @@ void RemovedLocations::forget(const QString &identifier) {
 }
 
 void RemovedLocations::goOn(const QString &identifier) {
-    m_threads.start(
-        [path = m_profile.path(), files = m_profile.files(), identifier, self = QPointer(this)] {
-            const Expected<void> moved = ProfileDatabase::moveLog(path, files);
-            MainQueue::dispatchAsync([self, identifier, moved] {
-                if (self) {
-                    logFailureOf(moved);
-                    self->forget(identifier);
-                }
-            });
+    m_threads.start([path = m_profile.path(), files = m_profile.files(), identifier,
+                     removal = m_removals.value(identifier), self = QPointer(this)] {
+        const Expected<void> moved = ProfileDatabase::moveLog(path, files);
+        MainQueue::dispatchAsync([self, identifier, removal, moved] {
+            if (!self) {
+                return;
+            }
+            logFailureOf(moved);
+            // It may have been undone, and the location removed again, meanwhile.
+            if (self->m_removals.value(identifier) == removal) {
+                self->forget(identifier);
+            }
         });
+    });
 }
 
 void RemovedLocations::forgetRest(const QString &identifier, const Url &URL) {

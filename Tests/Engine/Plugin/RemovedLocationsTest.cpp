@@ -283,6 +283,37 @@ private Q_SLOTS:
         QVERIFY2(report.contains(u'“' + WebDAVAddress + u'”'), qPrintable(report));
     }
 
+    void aRemovalThatIsRepeatedWhileItIsForgottenCanBeUndoneAgain() {
+        add(WebDAVAddress);
+        const QString identifier = value(QStringLiteral("SELECT uuid FROM locations")).toString();
+        // So many identifiers that it takes several steps.
+        QVERIFY(m_host->engine().profile().run(
+            QStringLiteral("INSERT INTO known_transactions WITH RECURSIVE number (n) AS"
+                           " (SELECT 1 UNION ALL SELECT n + 1 FROM number WHERE n < 1000)"
+                           " SELECT ?, id, 'a' || n, zeroblob(100000), '', 1 FROM number,"
+                           " databases"),
+            {identifier}));
+        const auto known = [this] {
+            return value(QStringLiteral("SELECT count(*) FROM known_transactions")).toInt();
+        };
+        const auto location = m_host->locations().syncLocations().first();
+        removeFirst();
+        while (known() == 1000) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+        m_host->locations().insertObjectInSyncLocationsAtIndex(location, 0);
+        m_host->save();
+        m_host->engine().plugin().removedLocations().setUndoTime(std::chrono::hours(1));
+        m_host->locations().removeObjectFromSyncLocationsAtIndex(0);
+        m_host->save();
+        const int left = known();
+        QVERIFY(left > 0);
+        m_host->leaveUnverified("records are known that nobody has written");
+        // Nothing tells that nothing happens.
+        QTest::qWait(500);
+        QCOMPARE(known(), left);
+    }
+
     void aLocationThatIsAddedAgainLosesNothing() {
         storePassword();
         add(WebDAVAddress);
