@@ -52,7 +52,8 @@ public:
     virtual Expected<HistoryLimits> historyLimits() const = 0;
     /// Returns how many versions setHistoryLimits() would remove now. Changes nothing.
     virtual Expected<qint64> countOfVersionsBeyond(const HistoryLimits &limits) const = 0;
-    /// Changes the limits, which must not be negative, and removes what exceeds them.
+    /// Changes the limits, which must not be negative, and removes what exceeds them: some of it at
+    /// once, the rest soon, in short steps.
     virtual Expected<void> setHistoryLimits(const HistoryLimits &limits) = 0;
 
 Q_SIGNALS:

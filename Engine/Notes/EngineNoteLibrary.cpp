@@ -238,11 +238,13 @@ Expected<qint64> EngineNoteLibrary::countOfVersionsBeyond(const HistoryLimits &l
 }
 
 Expected<void> EngineNoteLibrary::setHistoryLimits(const HistoryLimits &limits) {
-    return m_profile.write([&] {
-        return NoteHistory::setLimits(m_profile, limits).and_then([this] {
-            return NoteHistory::pruneAll(m_profile, QDateTime::currentDateTime());
-        });
-    });
+    return m_profile
+        .write([&] {
+            return NoteHistory::setLimits(m_profile, limits).and_then([this] {
+                return NoteHistory::prune(m_profile, QDateTime::currentDateTime());
+            });
+        })
+        .map([this] { Q_EMIT historyLimitsChanged(); });
 }
 
 std::shared_ptr<EngineDatabase> EngineNoteLibrary::own(

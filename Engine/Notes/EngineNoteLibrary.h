@@ -70,6 +70,9 @@ public:
     Expected<void> setHistoryLimits(const HistoryLimits &limits) override;
 
 Q_SIGNALS:
+    /// Emitted after the limits for replaced and deleted notes were changed. What exceeds them
+    /// remains to be removed, see NoteHistory::prune.
+    void historyLimitsChanged();
     /// Emitted after the database was deleted or restored, before that is announced otherwise.
     void databaseDeleted(const QString &UUID);
     void databaseRestored(const QString &UUID);

@@ -23,6 +23,11 @@ void HistoryPruning::start() {
     m_timer.start(Pause);
 }
 
+void HistoryPruning::goOn() {
+    m_isContinued = true;
+    m_timer.start(Pause);
+}
+
 void HistoryPruning::prune() {
     const Expected<bool> pruned = advanceTime().and_then([this] { return pruneIfDue(); });
     if (!pruned) {

@@ -19,6 +19,9 @@ public:
     /// Begins from the event loop. The profile must be open. Must be called once. Destroying this
     /// object ends it.
     void start();
+    /// Removes what exceeds the limits, which have changed, from the event loop. The profile must
+    /// be open.
+    void goOn();
 
 private:
     /// Performs one step and schedules the next one.

@@ -251,11 +251,3 @@ Expected<void> NoteHistory::prune(const ProfileDatabase &profile, const QDateTim
     const qint64 excess = size->toLongLong() - bytesOf(*kept);
     return excess > 0 ? removeOldest(profile, excess) : Expected<void>();
 }
-
-Expected<void> NoteHistory::pruneAll(const ProfileDatabase &profile, const QDateTime &now) {
-    Expected<bool> remains = exceedsLimits(profile, now);
-    while (remains && *remains) {
-        remains = prune(profile, now).and_then([&] { return exceedsLimits(profile, now); });
-    }
-    return remains.map([](bool) {});
-}

@@ -51,15 +51,13 @@ public:
     /// Returns whether the versions of all databases exceed the limits at the time `now`, or at the
     /// one up to which they have aged if that is earlier. Writes nothing.
     static Expected<bool> exceedsLimits(const ProfileDatabase &profile, const QDateTime &now);
-    /// Returns how many versions of all databases pruneAll() would remove if the limits were
+    /// Returns how many versions of all databases prune() would remove in all if the limits were
     /// `limits`. Writes nothing.
     static Expected<qint64> countBeyond(const ProfileDatabase &profile, const HistoryLimits &limits,
                                         const QDateTime &now);
     /// Removes versions of all databases for which exceedsLimits() returns true, oldest first, but
     /// not more at once than takes a small part of a second.
     static Expected<void> prune(const ProfileDatabase &profile, const QDateTime &now);
-    /// Removes all versions for which exceedsLimits() returns true.
-    static Expected<void> pruneAll(const ProfileDatabase &profile, const QDateTime &now);
 
 private:
     /// Returns a part of the versions for which the SQL expression `condition` is true.

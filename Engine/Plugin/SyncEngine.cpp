@@ -128,6 +128,8 @@ Expected<void> SyncEngine::openProfile(const QString &directory, FirstContents c
         startTriggers();
         m_backups.start(m_profile, inspection());
         m_pruning.start();
+        QObject::connect(&m_library, &EngineNoteLibrary::historyLimitsChanged, &m_library,
+                         [this] { m_pruning.goOn(); });
     }
     return opened;
 }

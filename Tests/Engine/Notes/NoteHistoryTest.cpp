@@ -53,6 +53,28 @@ private:
         run<SyncSession>();
     }
 
+    Expected<void> pruneAll(const QDateTime &now) const {
+        Expected<bool> remains = NoteHistory::exceedsLimits(profile(), now);
+        while (remains && *remains) {
+            remains = NoteHistory::prune(profile(), now).and_then([&] {
+                return NoteHistory::exceedsLimits(profile(), now);
+            });
+        }
+        return remains.map([](bool) {});
+    }
+    /// Adds 30 versions of 1 MiB.
+    void addLargeVersions(const QDateTime &ended) const {
+        QVERIFY(profile().run(
+            QStringLiteral("INSERT INTO versions (ended, size, database, note_uuid, place, title,"
+                           " text) WITH RECURSIVE number (n) AS (SELECT 1 UNION ALL SELECT n + 1"
+                           " FROM number WHERE n < 30) SELECT ?, 1048576, databases.id,"
+                           " 'u' || n, '', '', '' FROM number, databases WHERE is_inbox"),
+            {ended.toMSecsSinceEpoch()}));
+    }
+    int countOfVersions() const {
+        return profile().value(QStringLiteral("SELECT count(*) FROM versions")).value().toInt();
+    }
+
     QStringList textsOf(const QList<NoteVersion> &versions) const {
         QStringList texts;
         for (const NoteVersion &version : versions) {
@@ -257,19 +279,19 @@ private Q_SLOTS:
         QFETCH(const int, megabytes);
         const QDateTime now = QDateTime::currentDateTime();
         QVERIFY(m_host->library().setHistoryLimits({30, megabytes}));
-        QVERIFY(profile().run(
-            QStringLiteral("INSERT INTO versions (ended, size, database, note_uuid, place, title,"
-                           " text) WITH RECURSIVE number (n) AS (SELECT 1 UNION ALL SELECT n + 1"
-                           " FROM number WHERE n < 30) SELECT ?, 1048576, databases.id,"
-                           " 'u' || n, '', '', '' FROM number, databases WHERE is_inbox"),
-            {now.addDays(-days).toMSecsSinceEpoch()}));
-        const auto count = [this] {
-            return profile().value(QStringLiteral("SELECT count(*) FROM versions"));
-        };
+        addLargeVersions(now.addDays(-days));
         QVERIFY(profile().write([&] { return NoteHistory::prune(profile(), now); }));
-        QCOMPARE(count().value().toInt(), 30 - 8);
-        QVERIFY(profile().write([&] { return NoteHistory::pruneAll(profile(), now); }));
-        QCOMPARE(count().value().toInt(), days > 0 ? 0 : 1);
+        QCOMPARE(countOfVersions(), 30 - 8);
+        QVERIFY(profile().write([&] { return pruneAll(now); }));
+        QCOMPARE(countOfVersions(), days > 0 ? 0 : 1);
+    }
+
+    void lowerLimitsRemoveInShortSteps() {
+        addLargeVersions(QDateTime::currentDateTime());
+        QVERIFY(m_host->library().setHistoryLimits({30, 1}));
+        QCOMPARE(countOfVersions(), 30 - 8);
+        QTRY_COMPARE(countOfVersions(), 1);
+        QVERIFY(m_host->application().logEntries().isEmpty());
     }
 
     void aClockThatIsAheadOnceRemovesNothing() {
@@ -277,7 +299,7 @@ private Q_SLOTS:
         const auto start = [this](const QDateTime &now) {
             QVERIFY(profile().write([&] {
                 return NoteHistory::advanceTime(profile(), now).and_then([&] {
-                    return NoteHistory::pruneAll(profile(), now);
+                    return pruneAll(now);
                 });
             }));
         };
@@ -285,8 +307,7 @@ private Q_SLOTS:
         const QDateTime now = QDateTime::currentDateTime().addMSecs(1);
         start(now);
         start(now.addDays(400));
-        QVERIFY(
-            profile().write([&] { return NoteHistory::pruneAll(profile(), now.addDays(400)); }));
+        QVERIFY(profile().write([&] { return pruneAll(now.addDays(400)); }));
         QCOMPARE(deletedTexts(), QStringList{QStringLiteral("kept")});
         // Setting the clock right brings the time back.
         start(now);
@@ -307,7 +328,7 @@ private Q_SLOTS:
             profile().run(QStringLiteral("UPDATE settings SET value = ? WHERE key = 'historyTime'"),
                           {right.toMSecsSinceEpoch()}));
         QVERIFY(inbox()->removeNote(add(QStringLiteral("a"), QStringLiteral("kept"))));
-        QVERIFY(profile().write([&] { return NoteHistory::pruneAll(profile(), right); }));
+        QVERIFY(profile().write([&] { return pruneAll(right); }));
         QCOMPARE(deletedTexts(), QStringList{QStringLiteral("kept")});
     }
 
@@ -331,7 +352,7 @@ private Q_SLOTS:
                 {QString::fromLatin1(value)}));
             QVERIFY(m_host->library().historyLimits().value().days > 365'000);
             QVERIFY(!NoteHistory::exceedsLimits(profile(), QDateTime::currentDateTime()).value());
-            QVERIFY(NoteHistory::pruneAll(profile(), QDateTime::currentDateTime()));
+            QVERIFY(pruneAll(QDateTime::currentDateTime()));
             QCOMPARE(deletedTexts(), QStringList{QStringLiteral("old")});
         }
     }
