@@ -210,6 +210,64 @@ Expected<void> KnownTransactions::removeReplaced(const QStringList &names) const
 
 Expected<qsizetype> KnownTransactions::removeReplacedUntil(const QDeadlineTimer &deadline,
                                                            const QStringList &names) const {
+    return removeUntil(deadline, names, [](const QString &) { return Expected<void>(); });
+}
+
+Expected<qsizetype> KnownTransactions::removeMovedUntil(const QDeadlineTimer &deadline,
+                                                        const QStringList &names) const {
+    return removeUntil(deadline, names, [this](const QString &name) { return setUnwritten(name); });
+}
+
+Expected<void> KnownTransactions::setUnwritten(const QString &name) const {
+    const Expected<Contents> contents = this->contents(name);
+    if (!contents) {
+        return failure(contents.error());
+    }
+    const Expected<bool> isSound = isListSound(*contents);
+    if (!isSound || !*isSound) {
+        return isSound.and_then([this](bool) { return setIncomplete(); });
+    }
+    for (const bool isSuperseded : {false, true}) {
+        Expected<QSqlQuery> insertion = m_profile.prepare(
+            QStringLiteral("INSERT OR IGNORE INTO unwritten"
+                           " SELECT c.place, c.database, ?, t.digest FROM compared_places AS c"
+                           " JOIN %1 AS t ON t.database = c.database"
+                           " WHERE c.place = ? AND c.database = ? AND t.digest = ?")
+                .arg(isSuperseded ? QStringLiteral("superseded") : QStringLiteral("operations")));
+        if (!insertion) {
+            return failure(insertion.error());
+        }
+        for (const OperationId &identifier :
+             isSuperseded ? contents->superseded : contents->operations) {
+            if (Expected<void> inserted =
+                    m_profile.run(*insertion, {isSuperseded, m_store, m_database, identifier});
+                !inserted) {
+                return inserted;
+            }
+        }
+    }
+    return {};
+}
+
+Expected<bool> KnownTransactions::isListSound(const Contents &contents) const {
+    const NoteLog log(m_profile, m_database);
+    const auto operations = log.identifierSetsOf(contents.operations);
+    const auto superseded = log.identifierSetsOf(contents.superseded);
+    if (!operations || !superseded) {
+        return failure(operations ? superseded.error() : operations.error());
+    }
+    return std::all_of(contents.operations.begin(), contents.operations.end(),
+                       [&](const OperationId &id) {
+                           return operations->operations.contains(id) ||
+                                  operations->superseded.contains(id);
+                       }) &&
+           std::all_of(contents.superseded.begin(), contents.superseded.end(),
+                       [&](const OperationId &id) { return superseded->superseded.contains(id); });
+}
+
+Expected<qsizetype> KnownTransactions::removeUntil(const QDeadlineTimer &deadline,
+                                                   const QStringList &names,
+                                                   const Preparation &prepare) const {
     Expected<QSqlQuery> deletion =
         m_profile.prepare(QStringLiteral("DELETE FROM known_transactions"
                                          " WHERE place = ? AND database = ? AND ") +
@@ -220,8 +278,10 @@ Expected<qsizetype> KnownTransactions::removeReplacedUntil(const QDeadlineTimer 
     qsizetype count = 0;
     while (count < names.size() && (count == 0 || !deadline.hasExpired())) {
         const QString &name = names[count++];
-        if (Expected<void> removed = m_profile.run(*deletion, {m_store, m_database, name, name});
-            !removed) {
+        const Expected<void> removed = prepare(name).and_then([&] {
+            return m_profile.run(*deletion, {m_store, m_database, name, name});
+        });
+        if (!removed) {
             return failure(removed.error());
         }
     }

@@ -78,6 +78,10 @@ public:
     /// large. Returns how many.
     Expected<qsizetype> removeReplacedUntil(const QDeadlineTimer &deadline,
                                             const QStringList &names) const;
+    /// Does the same with records whose contents others may contain that are to be added: records
+    /// these as unwritten until then. Each takes time in proportion to its contents.
+    Expected<qsizetype> removeMovedUntil(const QDeadlineTimer &deadline,
+                                         const QStringList &names) const;
 
     /// Removes a part of what the profile contains for the store `store` and all databases, in a
     /// transaction of its own that takes about `duration`. Returns whether nothing is left. Until
@@ -141,6 +145,17 @@ private:
                                             const QVariantList &values) const;
     /// Adds the row of a record or a part.
     Expected<void> insert(const QString &row, const Contents &contents) const;
+    /// Removes the first of `names`, at least one, until the deadline, and calls `prepare` before
+    /// each. Returns how many.
+    using Preparation = std::function<Expected<void>(const QString &name)>;
+    Expected<qsizetype> removeUntil(const QDeadlineTimer &deadline, const QStringList &names,
+                                    const Preparation &prepare) const;
+    /// Records what the record `name` contains as unwritten. Calls setIncomplete() instead if the
+    /// database does not know something of it: the profile has lost it, or what is recorded of the
+    /// record is damaged.
+    Expected<void> setUnwritten(const QString &name) const;
+    /// Returns whether the database knows all that `contents` lists. O(k log n) with k identifiers.
+    Expected<bool> isListSound(const Contents &contents) const;
     /// Reads identifiers, and returns nothing if one of them has a NULL beside it.
     Expected<std::optional<QList<OperationId>>> readRecorded(const QString &statement) const;
     /// Removes what the settings contain for a store and all databases.

@@ -103,9 +103,11 @@ Expected<void> StoreSession::rememberLost() {
     const auto remember = [this](const QSet<OperationId> &remembered) {
         return lost().remember(remembered + m_notedAsLost);
     };
-    return m_profile.write([&] { return lost().remembered().and_then(remember); }).map([this] {
-        m_notedAsLost.clear();
-    });
+    const auto change = [&] {
+        return lost().remembered().and_then(remember).and_then(
+            [this] { return known().setIncomplete(); });
+    };
+    return m_profile.write(change).map([this] { m_notedAsLost.clear(); });
 }
 
 Expected<qsizetype> StoreSession::forgetSome(const QStringList &names, Contents contents) {
@@ -118,7 +120,12 @@ Expected<qsizetype> StoreSession::forgetSome(const QStringList &names, Contents 
     const auto forget = [&] {
         const Expected<void> noted =
             contents == Contents::MayBeLost ? known().setIncomplete() : Expected<void>();
-        return noted.and_then([&] { return known().removeReplacedUntil(deadline, names); })
+        return noted
+            .and_then([&] {
+                return contents == Contents::MayBeInUnread
+                           ? known().removeMovedUntil(deadline, names)
+                           : known().removeReplacedUntil(deadline, names);
+            })
             .map([&](qsizetype removed) { count = removed; });
     };
     return rememberLost().and_then([&] { return m_profile.write(forget); }).map([&] {

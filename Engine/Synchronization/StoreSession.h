@@ -110,11 +110,13 @@ protected:
     /// To be called in readProfile() only, before these are forgotten.
     Expected<void> noteLost(const QStringList &names);
     void noteLost(const OperationId &identifier) { m_notedAsLost.insert(identifier); }
-    /// Remembers in the profile what was noted; forgetSome() does so, too. Must be called on the
-    /// main thread.
+    /// Remembers in the profile what was noted, and that everything must be compared then;
+    /// forgetSome() does so, too. Must be called on the main thread.
     Expected<void> rememberLost();
-    /// What becomes of the contents of records that are forgotten.
-    enum class Contents { MayBeLost, AreInOthers };
+    /// What becomes of the contents of records that are forgotten. If they may be in others that
+    /// this session is about to read, they are recorded as unwritten until then; if they may be
+    /// lost, everything is compared.
+    enum class Contents { MayBeLost, MayBeInUnread, AreInOthers };
     /// Removes some of the transactions `names`, from the first on, from the known ones. Returns
     /// their number, which is not 0 unless `names` is empty. Must be called on the main thread,
     /// repeatedly with those that remain.

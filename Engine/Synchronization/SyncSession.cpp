@@ -31,6 +31,9 @@ constexpr qsizetype MostRowsAtOnce = 2000;
 constexpr qsizetype RowsInLog = 1000;
 /// Number of operations that one step on the main thread renews, each of which writes several rows.
 constexpr qsizetype OperationsRenewedAtOnce = 100;
+/// Size in bytes of a record whose identifiers one step on the main thread can handle. With larger
+/// ones, so many notes were rewritten that comparing all of them costs little more.
+constexpr qint64 MostInStep = 64LL << 10;
 /// Size of the records whose transactions are kept in memory until all are compared, in bytes.
 constexpr qint64 KeptUntilCompared = 16LL << 20;
 /// The number of times that the store is listed again because others rewrite its records before
@@ -123,7 +126,8 @@ Expected<void> SyncSession::accessProfile() {
 
 Expected<void> SyncSession::forgetGone() {
     m_step = Step::Forgetting;
-    return forgetSome(m_gone).and_then([this](qsizetype count) -> Expected<void> {
+    const Contents contents = m_isMuchGone ? Contents::MayBeLost : Contents::MayBeInUnread;
+    return forgetSome(m_gone, contents).and_then([this](qsizetype count) -> Expected<void> {
         m_gone.remove(0, count);
         if (!m_gone.isEmpty()) {
             return {};
@@ -387,6 +391,7 @@ Expected<void> SyncSession::compareListing() {
     for (auto each = all->begin(); each != all->end(); ++each) {
         if (!m_listed.contains(each.key()) && !m_readAgain.contains(each.key())) {
             m_gone.append(each.key());
+            m_isMuchGone = m_isMuchGone || each.value() >= MostInStep;
         }
     }
     m_unread.removeIf(

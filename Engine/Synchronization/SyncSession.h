@@ -231,6 +231,8 @@ private:
     /// The known transactions that are to be forgotten: first those that the store no longer has,
     /// later those that are damaged there.
     QStringList m_gone;
+    /// Whether so much is in one of those that the store no longer has that everything is compared.
+    bool m_isMuchGone = false;
     MergeQueue m_queue;
     /// What the next step merges.
     QList<MergeQueue::Part> m_parts;

@@ -70,6 +70,11 @@ private:
         return {profile(), subject().store, inbox()->log().database()};
     }
 
+    void verifyComplete() const {
+        QVERIFY(known().isComplete().value());
+        QVERIFY(!known().hasUnwritten().value());
+    }
+
     /// Adds a known record, which the store does not have, with an operation that the profile
     /// neither has nor knows to be superseded. Returns its name.
     QString addKnownRecord(qint64 size) const {
@@ -101,6 +106,7 @@ private:
 
     /// Another computer must get the same notes from the store.
     void verifyNotesOfAnotherComputer() {
+        QVERIFY(run<SyncSession>());
         const QStringList expected = titles();
         m_host->goToComputer(QStringLiteral("Other"));
         QVERIFY(run<SyncSession>());
@@ -248,8 +254,7 @@ private Q_SLOTS:
         const MemoryStore::Blobs before = m_blobs;
         QVERIFY(run<SyncSession>());
         QCOMPARE(m_blobs, before);
-        QVERIFY(known().isComplete().value());
-        QVERIFY(!known().hasUnwritten().value());
+        verifyComplete();
     }
 
     /// As on a server that refuses deletions, or after the program was killed.
@@ -321,6 +326,31 @@ private Q_SLOTS:
         QVERIFY(run<Compaction>());
         QCOMPARE(sizes().size(), 2);
         QVERIFY(run<SyncSession>());
+        verifyNotesOfAnotherComputer();
+    }
+
+    /// What it has rewritten is found again, the rest is not looked at.
+    void afterARewriteByAnotherComputerNothingIsComparedAgain() {
+        fillTier();
+        const QString other = QStringLiteral("Merging");
+        m_host->goToComputer(other);
+        QVERIFY(run<SyncSession>());
+        QVERIFY(inbox()->removeNote(inbox()->notes().value().first()));
+        QVERIFY(run<SyncSession>());
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QVERIFY(run<SyncSession>());
+        m_host->goToComputer(other);
+        QVERIFY(run<UsualCompaction>());
+        QCOMPARE(sizes().size(), 1);
+        m_host->goToComputer(QStringLiteral("Profile"));
+        inbox()->setCompared(subject().store);
+        saveNote(QStringLiteral("not recorded"));
+        QVERIFY(profile().run(QStringLiteral("DELETE FROM unwritten")));
+        const MemoryStore::Blobs before = m_blobs;
+        QVERIFY(run<SyncSession>());
+        QCOMPARE(m_blobs, before);
+        verifyComplete();
+        inbox()->setComparisonDue(subject().store);
         verifyNotesOfAnotherComputer();
     }
 
