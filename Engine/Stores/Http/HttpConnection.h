@@ -23,9 +23,9 @@
 ///
 /// libcurl decides nothing by itself: redirects, challenges of servers, cookies, proxies of the
 /// environment, compression and its own verification of certificates are off. The proxy is that of
-/// the desktop's settings, which are read once for each server. Certificates are verified with the
-/// system's authorities by QSslCertificate::verify(), TLS must be 1.2 or newer, and no signals are
-/// used, so that any number of connections can exist in a process.
+/// the desktop's settings, which are read once for each server. Certificates are verified by
+/// ServerCertificate, TLS must be 1.2 or newer, and no signals are used, so that any number of
+/// connections can exist in a process.
 class HttpConnection {
 public:
     /// Maximum size in bytes of the header fields of a response, including those of provisional
