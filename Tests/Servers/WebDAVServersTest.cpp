@@ -12,10 +12,14 @@
 #include "Support/TestMain.h"
 #include "Support/TestWebDAVStore.h"
 #include "Support/Verification.h"
+#include "Support/WebDAVServer.h"
 
 using Written = BlobStore::Written;
+/// Apache with an authentication, or another server.
+using Server = std::variant<WebDAVServer::Authentication, ForeignServer::Kind>;
+Q_DECLARE_METATYPE(Server)
 
-/// Two computers over the servers that users have, besides Apache.
+/// Two computers over the servers that users have.
 class WebDAVServersTest : public QObject {
     Q_OBJECT
 private:
@@ -24,6 +28,10 @@ private:
     static constexpr int Visits = 4;
 
     std::unique_ptr<ForeignServer> m_server;
+    /// Of Apache with TLS; trusted while the test runs.
+    std::optional<TestAuthority> m_authority;
+    std::optional<TrustedAuthority> m_trust;
+    std::unique_ptr<WebDAVServer> m_apache;
     std::shared_ptr<WebDAVStore> m_store;
     EngineFuture m_future;
 
@@ -47,29 +55,52 @@ private:
 
     static void addServers() {
         using Kind = ForeignServer::Kind;
-        QTest::addColumn<Kind>("kind");
-        QTest::newRow("nginx with dav-ext") << Kind::Nginx;
-        QTest::newRow("nginx with dav-ext, TLS") << Kind::NginxTLS;
-        QTest::newRow("lighttpd") << Kind::Lighttpd;
-        QTest::newRow("lighttpd, Digest") << Kind::LighttpdDigest;
-        QTest::newRow("rclone") << Kind::Rclone;
-        QTest::newRow("rclone, TLS") << Kind::RcloneTLS;
-        QTest::newRow("rclone, memory") << Kind::RcloneMemory;
-        QTest::newRow("rclone, crypt") << Kind::RcloneCrypt;
-        QTest::newRow("SabreDAV, Digest") << Kind::SabreDAV;
+        using Authentication = WebDAVServer::Authentication;
+        QTest::addColumn<Server>("server");
+        QTest::newRow("Apache") << Server(Authentication::Basic);
+        QTest::newRow("Apache, Digest, TLS") << Server(Authentication::Digest);
+        QTest::newRow("nginx with dav-ext") << Server(Kind::Nginx);
+        QTest::newRow("nginx with dav-ext, TLS") << Server(Kind::NginxTLS);
+        QTest::newRow("lighttpd") << Server(Kind::Lighttpd);
+        QTest::newRow("lighttpd, Digest") << Server(Kind::LighttpdDigest);
+        QTest::newRow("rclone") << Server(Kind::Rclone);
+        QTest::newRow("rclone, TLS") << Server(Kind::RcloneTLS);
+        QTest::newRow("rclone, memory") << Server(Kind::RcloneMemory);
+        QTest::newRow("rclone, crypt") << Server(Kind::RcloneCrypt);
+        QTest::newRow("SabreDAV, Digest") << Server(Kind::SabreDAV);
+    }
+
+    void startApache(WebDAVServer::Authentication authentication) {
+        WebDAVServer::Options options{authentication};
+        if (authentication == WebDAVServer::Authentication::Digest) {
+            m_authority.emplace();
+            m_trust.emplace(*m_authority);
+            options.identity = m_authority->issue(QStringLiteral("DNS:localhost,IP:127.0.0.1"));
+        }
+        m_apache = std::make_unique<WebDAVServer>(options);
+        m_apache->storePassword();
+    }
+
+    QString URLText(const QString &path) const {
+        return m_apache ? m_apache->URLText(path) : m_server->URLText(path);
     }
 
     void start(const QString &path) {
-        QFETCH(ForeignServer::Kind, kind);
-        m_server = std::make_unique<ForeignServer>(kind);
-        m_store = webDAVStoreWithoutEngine(m_server->URLText(path));
+        QFETCH(const Server, server);
+        if (const auto *kind = std::get_if<ForeignServer::Kind>(&server)) {
+            m_server = std::make_unique<ForeignServer>(*kind);
+        } else {
+            startApache(std::get<WebDAVServer::Authentication>(server));
+        }
+        m_store = webDAVStoreWithoutEngine(URLText(path));
         QCOMPARE(description(m_store->open(m_future)), QString());
     }
 
     std::shared_ptr<QVSyncState> stateOf(TestHost &host) const {
-        const QString URLText = m_server->URLText(QStringLiteral("Engines.qvSyncStore"));
         const auto locations = host.locations().syncLocations();
-        const auto location = locations.isEmpty() ? host.addLocation(URLText) : locations.first();
+        const auto location = locations.isEmpty()
+                                  ? host.addLocation(URLText(QStringLiteral("Engines.qvSyncStore")))
+                                  : locations.first();
         auto state = host.addState(location, host.inbox());
         state->setEnabled(true);
         host.save();
@@ -101,7 +132,10 @@ private:
 private Q_SLOTS:
     void cleanup() {
         m_store.reset();
+        m_apache.reset();
         m_server.reset();
+        m_trust.reset();
+        m_authority.reset();
     }
 
     void allOperationsWork_data() { addServers(); }
