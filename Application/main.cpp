@@ -4,6 +4,7 @@
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTranslator>
 #include <QtGui/QIcon>
+#include <QtGui/QImage>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -38,6 +39,8 @@ namespace {
 
 /// The process that uses the profile may just have started; its windows follow soon.
 constexpr std::chrono::seconds RaiseTimeout(3);
+constexpr QSize SmallestPicture(920, 600);
+constexpr int MostLayouts = 20;
 
 /// The texts of Velmora and of Qt in the user's language.
 class Translators {
@@ -77,6 +80,23 @@ int fail(VelmoraApplication &application, const Error &error, bool isBatch) {
     return EXIT_FAILURE;
 }
 
+/// Returns a picture of `window`, which must be shown, with room for all that is in it, also beyond
+/// the screen, which is not a real one.
+QImage wholePicture(QWidget &window) {
+    QImage picture;
+    // A wider window needs other heights, which follow in events of their own.
+    for (int i = 0; i < MostLayouts; ++i) {
+        window.resize(window.sizeHint().expandedTo(SmallestPicture));
+        QCoreApplication::processEvents();
+        const QImage next = window.grab().toImage();
+        if (next == picture) {
+            break;
+        }
+        picture = next;
+    }
+    return picture;
+}
+
 /// Renders Sync Preferences as the user would see them, and writes the picture to `file`.
 Expected<void> writeScreenshot(const QString &file) {
     auto pane = PlugIns::makeSyncPreferences();
@@ -85,8 +105,7 @@ Expected<void> writeScreenshot(const QString &file) {
     }
     auto *window = new PreferencesWindow(std::move(*pane));
     window->show();
-    QCoreApplication::processEvents();
-    const bool isWritten = window->grab().save(file);
+    const bool isWritten = wholePicture(*window).save(file);
     window->closeInAnyCase();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (!isWritten) {

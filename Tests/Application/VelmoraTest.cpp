@@ -4,6 +4,7 @@
 #include <QtCore/QProcess>
 
 #include "Support/EventTimeout.h"
+#include "Support/Languages.h"
 #include "Support/TestMain.h"
 
 /// Runs the program itself, as a user or a script would.
@@ -22,10 +23,12 @@ class VelmoraTest : public QObject {
 
     QString profile() const { return m_folder.filePath(QStringLiteral("profile")); }
 
-    Run run(const QStringList &arguments, const QStringList &without = {}) const {
+    Run run(const QStringList &arguments, const QStringList &without = {},
+            const QString &language = QStringLiteral("en")) const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("HOME"), m_folder.path());
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeFolder());
+        environment.insert(QStringLiteral("LANGUAGE"), language);
         for (const QString &name : without) {
             environment.remove(name);
         }
@@ -90,6 +93,21 @@ class VelmoraTest : public QObject {
     static QByteArray contents(const QString &path) {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    /// Returns whether a margin of one color surrounds all that is in `picture`.
+    static bool hasFreeEdges(const QImage &picture) {
+        constexpr int Margin = 12;
+        const QRect inside =
+            picture.rect().marginsRemoved(QMargins(Margin, Margin, Margin, Margin));
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (!inside.contains(x, y) && picture.pixel(x, y) != picture.pixel(0, 0)) {
+                    return false;
+                }
+            }
+        }
+        return true;
     }
 
     void writeProfile(const QByteArray &bytes) {
@@ -165,16 +183,27 @@ private Q_SLOTS:
         QCOMPARE(second.output, first.output);
     }
 
+    void aPictureIsDrawnWithoutADisplay_data() {
+        QTest::addColumn<QString>("language");
+        const QStringList languages = QStringList(QStringLiteral("en")) + Languages::translated();
+        for (const QString &language : languages) {
+            QTest::addRow("%s", qPrintable(language)) << language;
+        }
+    }
     void aPictureIsDrawnWithoutADisplay() {
+        QFETCH(QString, language);
         const QString file = m_folder.filePath(QStringLiteral("panel.png"));
         const Run drawn =
             run({QStringLiteral("--profile"), profile(), QStringLiteral("--screenshot"), file},
                 {QStringLiteral("DISPLAY"), QStringLiteral("WAYLAND_DISPLAY"),
-                 QStringLiteral("QT_QPA_PLATFORM")});
+                 QStringLiteral("QT_QPA_PLATFORM")},
+                language);
         QCOMPARE(drawn.exitCode, 0);
-        const QImage picture(file);
-        QVERIFY(picture.width() >= 700 && picture.height() >= 500);
         QVERIFY(drawn.output.isEmpty());
+        const QImage picture(file);
+        QVERIFY2(picture.width() >= 920 && picture.height() >= 600,
+                 qPrintable(QDebug::toString(picture.size())));
+        QVERIFY2(hasFreeEdges(picture), "There is a scroll bar, or something is cut off.");
     }
 
     void pictureAndDescriptionCanBeAskedForTogether() {
