@@ -16,12 +16,15 @@ inline const QString BonjourServiceType = QStringLiteral("_velmora._tcp");
 inline const QString ClientAuthorizationServiceName =
     QStringLiteral("Velmora Direct Connection Clients");
 
-/// Resource limits of a direct-connection server, which a client that is not authorized must not
-/// exhaust. They apply to all clients together; the times must be positive.
+/// Resource limits of a direct-connection server, which no client must exhaust for the others. They
+/// apply to all clients together unless stated otherwise; the times must be positive.
 struct Limits {
     /// Maximum number of connections. Beyond it, the oldest connection that is not authorized is
-    /// closed; if there is none, the new one. At least 1.
+    /// closed; if there is none, the oldest of a client that has more than its share; if there is
+    /// none, the new one. At least 1.
     qsizetype connections = 32;
+    /// The number of connections that each authorized client keeps in any case.
+    qsizetype connectionsOfClient = 8;
     /// Timeout from the connection to a greeting or a pairing request.
     std::chrono::milliseconds greetingTime = std::chrono::seconds(10);
     /// Timeout for the user's answer.

@@ -56,14 +56,26 @@ bool DirectConnectionListener::makeRoom() {
     if (std::ssize(m_connections) < m_server.limits.connections) {
         return true;
     }
-    const auto oldest =
-        std::find_if(m_connections.begin(), m_connections.end(),
-                     [](const Connection &one) { return one.session->isExpendable(); });
+    auto oldest = std::find_if(m_connections.begin(), m_connections.end(),
+                               [](const Connection &one) { return one.session->isExpendable(); });
+    if (oldest == m_connections.end()) {
+        oldest =
+            std::find_if(m_connections.begin(), m_connections.end(),
+                         [this](const Connection &one) { return isBeyondShare(*one.session); });
+    }
     if (oldest == m_connections.end()) {
         return false;
     }
     remove(oldest->number);
     return true;
+}
+
+bool DirectConnectionListener::isBeyondShare(const DirectConnectionSession &session) const {
+    const QString client = session.authorizedClient();
+    const auto count = std::count_if(
+        m_connections.begin(), m_connections.end(),
+        [&](const Connection &one) { return one.session->authorizedClient() == client; });
+    return !client.isEmpty() && count > m_server.limits.connectionsOfClient;
 }
 
 void DirectConnectionListener::remove(quint64 number) {

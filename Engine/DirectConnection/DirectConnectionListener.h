@@ -65,6 +65,9 @@ private:
     /// Closes the oldest expendable session if the limit is reached. Returns false if there is
     /// none.
     bool makeRoom();
+    /// Returns whether the client of `session` is authorized and has more connections than each
+    /// client keeps.
+    bool isBeyondShare(const DirectConnectionSession &session) const;
     void remove(quint64 number);
     /// Returns whether the messages of the other sessions leave memory for one of this session.
     /// Otherwise the session waits for it.

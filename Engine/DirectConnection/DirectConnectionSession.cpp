@@ -73,7 +73,12 @@ DirectConnectionSession::~DirectConnectionSession() {
 }
 
 bool DirectConnectionSession::isExpendable() const {
-    return m_stage != Stage::Asking && m_stage != Stage::Preparing && m_stage != Stage::Serving;
+    return m_stage != Stage::Asking && authorizedClient().isEmpty();
+}
+
+QString DirectConnectionSession::authorizedClient() const {
+    const bool isAuthorized = m_stage == Stage::Preparing || m_stage == Stage::Serving;
+    return isAuthorized ? m_client.clientName : QString();
 }
 
 void DirectConnectionSession::end() {

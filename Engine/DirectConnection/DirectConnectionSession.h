@@ -51,6 +51,8 @@ public:
     /// Returns whether the session may be closed in favor of another: if its client is not
     /// authorized and the user is not being asked about it.
     bool isExpendable() const;
+    /// Returns the name of the client; empty if it is not authorized.
+    QString authorizedClient() const;
     /// Called with the user's decision. Ignored unless it was requested and the session still
     /// waits.
     void decide(bool isAccepted);

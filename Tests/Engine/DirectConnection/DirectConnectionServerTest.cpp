@@ -826,6 +826,31 @@ private Q_SLOTS:
         QCOMPARE(friendly.answerTo(list(QStringLiteral("databases"))), Done);
     }
 
+    void aClientWithManyConnectionsLeavesRoomForOthers() {
+        serve({.connections = 4, .connectionsOfClient = 2});
+        const QString otherName = QStringLiteral("other");
+        const QByteArray secret = DirectConnectionPairing::random();
+        const QByteArray otherSecret = DirectConnectionPairing::random();
+        DirectConnectionClients::authorize(ClientName, secret);
+        DirectConnectionClients::authorize(otherName, otherSecret);
+        std::vector<std::unique_ptr<Client>> greedy;
+        for (int i = 0; i < 4; ++i) {
+            greedy.push_back(std::make_unique<Client>(m_port));
+            QCOMPARE(greedy.back()->answerTo(hello(ClientName, secret)), Welcome);
+        }
+        Client one(m_port);
+        QCOMPARE(one.answerTo(hello(otherName, otherSecret)), Welcome);
+        QVERIFY(greedy[0]->endsInSilence());
+        Client two(m_port);
+        QCOMPARE(two.answerTo(hello(otherName, otherSecret)), Welcome);
+        QVERIFY(greedy[1]->endsInSilence());
+        // Now each has its share.
+        Client third(m_port);
+        QVERIFY(third.endsInSilence());
+        QCOMPARE(greedy[2]->answerTo(list(QStringLiteral("databases"))), Done);
+        QCOMPARE(two.answerTo(list(QStringLiteral("databases"))), Done);
+    }
+
     void aClientThatDoesNotReadItsResponsesIsNotReadFrom() {
         serve();
         const QByteArray secret = DirectConnectionPairing::random();
