@@ -74,6 +74,8 @@ Expected<HttpResponse> HttpConnection::exchange(const HttpRequest &request,
     // Newer versions of libcurl keep in it what was sent, perhaps with a password, until it is
     // freed. The network connection is not its own.
     m_easy.reset();
+    m_request = nullptr;
+    m_options = nullptr;
     return response;
 }
 
@@ -345,6 +347,8 @@ int HttpConnection::closeSocket(void *connection, curl_socket_t socket) {
 CURLcode HttpConnection::prepareTLS(CURL *, void *context, void *connection) {
     auto *const TLS = static_cast<SSL_CTX *>(context);
     SSL_CTX_set_verify(TLS, SSL_VERIFY_PEER, nullptr);
+    // Otherwise a server could present another certificate later, when the connection is closed.
+    SSL_CTX_set_options(TLS, SSL_OP_NO_RENEGOTIATION);
     // Otherwise one call reads records without data as long as they arrive, past any deadline.
     SSL_CTX_clear_mode(TLS, SSL_MODE_AUTO_RETRY);
     SSL_CTX_set_cert_verify_callback(TLS, &HttpConnection::verifyCertificate, connection);
@@ -357,7 +361,8 @@ int HttpConnection::verifyCertificate(X509_STORE_CTX *context, void *connection)
     for (int i = 0; i < sk_X509_num(certificates); ++i) {
         chain.append(certificateFrom(sk_X509_value(certificates, i)));
     }
-    const bool isAccepted = static_cast<HttpConnection *>(connection)->judgeCertificate(chain);
+    auto &self = *static_cast<HttpConnection *>(connection);
+    const bool isAccepted = self.m_request && self.judgeCertificate(chain);
     X509_STORE_CTX_set_error(context, isAccepted ? X509_V_OK : X509_V_ERR_APPLICATION_VERIFICATION);
     return isAccepted ? 1 : 0;
 }

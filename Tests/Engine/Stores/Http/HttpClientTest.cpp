@@ -1,3 +1,4 @@
+#include <sys/socket.h>
 #include <sys/syscall.h>
 
 #include <QtCore/QMutex>
@@ -8,6 +9,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/EngineFuture.h"
 #include "Engine/Stores/Http/HttpClient.h"
+#include "Engine/Stores/Http/HttpConnection.h"
 #include "Support/EventTimeout.h"
 #include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
@@ -84,6 +86,34 @@ ScriptedServer::Script challenging(Collected &requests,
                               challenges(static_cast<int>(requests.texts().size())));
         }
     };
+}
+
+/// Sets the promise in `promise` when the server has presented its certificate again, or the client
+/// has refused that.
+void noteAnswer(int isSent, int, int type, const void *bytes, size_t, SSL *, void *promise) {
+    const bool isPresented = isSent == 1 && type == SSL3_RT_HANDSHAKE &&
+                             *static_cast<const char *>(bytes) == SSL3_MT_SERVER_DONE;
+    if (isPresented || (isSent == 0 && type == SSL3_RT_ALERT)) {
+        static_cast<std::promise<void> *>(promise)->set_value();
+    }
+}
+
+/// Requests another handshake in the middle of a response, and goes on with it after that.
+void negotiateAgain(SSL *session, std::promise<void> &isAnswered) {
+    char byte = 0;
+    while (SSL_read(session, &byte, 1) == 1 && SSL_pending(session) > 0) {
+    }
+    const QByteArray begin("HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\no");
+    SSL_write(session, begin.constData(), static_cast<int>(begin.size()));
+    SSL_set_options(session, SSL_OP_NO_SESSION_RESUMPTION_ON_RENEGOTIATION);
+    SSL_renegotiate(session);
+    SSL_do_handshake(session);
+    recv(SSL_get_fd(session), &byte, 1, MSG_PEEK);
+    SSL_write(session, "k", 1);
+    SSL_set_msg_callback(session, &noteAnswer);
+    SSL_set_msg_callback_arg(session, &isAnswered);
+    SSL_read(session, &byte, 1);
+    SSL_set_msg_callback(session, nullptr);
 }
 
 }  // namespace
@@ -762,6 +792,23 @@ private Q_SLOTS:
         QCOMPARE(code(get(addressOf(server), trustful())), EngineErrorCode::StoreUnreachable);
         QVERIFY(server.isEncrypted());
         QCOMPARE_LT(time.elapsed(), EventTimeout);
+    }
+
+    /// libcurl reads once more from a connection that it closes.
+    void aServerCannotPresentAnotherCertificateLater() {
+        std::promise<void> isAnswered;
+        const std::future<void> answered = isAnswered.get_future();
+        TlsServer server(*DirectConnectionIdentity::load(m_folder.path()), TLS1_2_VERSION,
+                         [&](SSL *session) { negotiateAgain(session, isAnswered); });
+        int questions = 0;
+        HttpClient::Options options = hasty();
+        options.trusts = [&](const auto &, const auto &) { return ++questions > 0; };
+        const HttpRequest request{.method = "GET", .URL = QUrl(addressOf(server))};
+        auto connection = std::make_unique<HttpConnection>();
+        QCOMPARE(body(connection->exchange(request, options, EngineFuture())), QByteArray("ok"));
+        answered.wait();
+        connection.reset();
+        QCOMPARE(questions, 1);
     }
 
     void oldVersionsOfTlsAreNotSpoken_data() {
