@@ -127,6 +127,7 @@ Expected<void> SyncSession::accessProfile() {
 Expected<void> SyncSession::forgetGone() {
     m_step = Step::Forgetting;
     const Contents contents = m_isMuchGone ? Contents::MayBeLost : Contents::MayBeInUnread;
+    m_hasMoved = m_hasMoved || (!m_isMuchGone && !m_gone.isEmpty());
     return forgetSome(m_gone, contents).and_then([this](qsizetype count) -> Expected<void> {
         m_gone.remove(0, count);
         if (!m_gone.isEmpty()) {
@@ -800,8 +801,11 @@ Expected<void> SyncSession::collectUnwritten() {
                           return std::optional(compared);
                       });
     return unwritten.map([this](const std::optional<KnownTransactions::Unwritten> &found) {
-        m_isRecordWrong = !found;
-        if (found) {
+        // What has moved may be in a record that was known before, which only a comparison finds.
+        const bool isMovedLeft = std::exchange(m_hasMoved, false) && found &&
+                                 !(found->operations.isEmpty() && found->superseded.isEmpty());
+        m_isRecordWrong = !found || isMovedLeft;
+        if (!m_isRecordWrong) {
             const QSet<OperationId> returned(m_returned.begin(), m_returned.end());
             m_operationsToWrite = found->operations;
             m_operationsToWrite.removeIf(

@@ -233,6 +233,8 @@ private:
     QStringList m_gone;
     /// Whether so much is in one of those that the store no longer has that everything is compared.
     bool m_isMuchGone = false;
+    /// Whether what is in these is recorded as unwritten until the records are read that have it.
+    bool m_hasMoved = false;
     MergeQueue m_queue;
     /// What the next step merges.
     QList<MergeQueue::Part> m_parts;

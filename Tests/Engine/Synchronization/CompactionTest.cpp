@@ -106,7 +106,6 @@ private:
 
     /// Another computer must get the same notes from the store.
     void verifyNotesOfAnotherComputer() {
-        QVERIFY(run<SyncSession>());
         const QStringList expected = titles();
         m_host->goToComputer(QStringLiteral("Other"));
         QVERIFY(run<SyncSession>());
@@ -351,6 +350,28 @@ private Q_SLOTS:
         QCOMPARE(m_blobs, before);
         verifyComplete();
         inbox()->setComparisonDue(subject().store);
+        QVERIFY(run<SyncSession>());
+        verifyNotesOfAnotherComputer();
+    }
+
+    /// A third computer reads the merged record before the others are removed.
+    void contentsThatAnotherRecordHasAlreadyAreNotWrittenAgain() {
+        fillTier();
+        const QString third = QStringLiteral("Third");
+        m_host->goToComputer(third);
+        QVERIFY(run<SyncSession>());
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QVERIFY(!mergeWithoutRemoval().isEmpty());
+        m_host->goToComputer(third);
+        QVERIFY(run<SyncSession>());
+        m_host->goToComputer(QStringLiteral("Profile"));
+        QVERIFY(run<Compaction>());
+        QCOMPARE(sizes().size(), 1);
+        const MemoryStore::Blobs before = m_blobs;
+        m_host->goToComputer(third);
+        QVERIFY(run<SyncSession>());
+        QCOMPARE(m_blobs, before);
+        verifyComplete();
         verifyNotesOfAnotherComputer();
     }
 
