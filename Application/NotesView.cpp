@@ -490,7 +490,8 @@ Expected<void> NotesView::save() {
     Expected<void> saved = m_database->saveNote(note);
     setEdited(!saved);
     if (saved) {
-        removeKept(note);
+        // A saved copy may have become a note of its own.
+        removeKept(m_note);
         m_hasReportedFailure = false;
         setNotice({});
         showSaved(note);
