@@ -231,8 +231,17 @@ QStringList AccessibleScreen::names(const QString &role, State state) const {
 }
 
 QString AccessibleScreen::focused() const {
-    for (const Widget &each : widgets()) {
-        if (each.isIn(State::Focused)) {
+    const QList<Widget> all = widgets();
+    const auto isInActiveWindow = [&](const Widget &widget) {
+        qsizetype i = widget.parent;
+        while (i >= 0 && !all[i].isIn(State::Active)) {
+            i = all[i].parent;
+        }
+        return i >= 0;
+    };
+    // The current rows of lists in other windows count as focused, too.
+    for (const Widget &each : all) {
+        if (each.isIn(State::Focused) && isInActiveWindow(each)) {
             return each.role + u' ' + each.name;
         }
     }

@@ -15,7 +15,7 @@ class QDBusPendingCall;
 class AccessibleScreen {
 public:
     /// States of a widget; the values are those of AT-SPI.
-    enum class State : uint { Checked = 4, Focused = 12, Selected = 23 };
+    enum class State : uint { Active = 1, Checked = 4, Focused = 12, Selected = 23 };
 
     /// Exits the process with CannotRunExitCode, after writing the reason to standard error, if
     /// AT-SPI is not installed.
