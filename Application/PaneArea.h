@@ -28,7 +28,7 @@ protected:
 
 private:
     /// Gives the pane the size of the area or, with scroll bars, what it needs if that is more.
-    /// QScrollArea itself would scroll a pane that is only lower than it likes to be.
+    /// QScrollArea itself would scroll a pane that is only lower than its preferred height.
     void fitPane();
     int neededHeight(int width) const;
     QSize mostOfScreen() const;

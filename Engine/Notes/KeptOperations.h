@@ -10,7 +10,7 @@ class ProfileDatabase;
 /// The operations of one database that the user keeps although records of a store supersede them:
 /// the answer to a question about a removal, in the profile until it is carried out. An operation
 /// that was renewed has another identifier, so that an answer which is not carried out any more
-/// keeps a note once at the most.
+/// keeps a note at most once.
 ///
 /// Must be used on the main thread; all() also on a thread with a ProfileReader. All errors have
 /// the code ProfileNotWritten, or Cancelled if the ProfileReader is cancelled.
@@ -36,6 +36,6 @@ public:
 private:
     const ProfileDatabase &m_profile;
     const qint64 m_database;
-    /// Of the setting.
+    /// The key of the setting.
     const QString m_key;
 };

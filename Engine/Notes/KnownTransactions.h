@@ -78,8 +78,9 @@ public:
     /// large. Returns how many.
     Expected<qsizetype> removeReplacedUntil(const QDeadlineTimer &deadline,
                                             const QStringList &names) const;
-    /// Does the same with records whose contents others may contain that are to be added: records
-    /// these as unwritten until then. Each takes time in proportion to its contents.
+    /// Does the same with records whose contents may be in records that are still to be read. Until
+    /// these are added, the contents count as unwritten. Takes time in proportion to the contents
+    /// of each record.
     Expected<qsizetype> removeMovedUntil(const QDeadlineTimer &deadline,
                                          const QStringList &names) const;
 

@@ -12,6 +12,7 @@ namespace NoteInspection {
 /// The damaged operations by the id of their database's row.
 using Damage = QMap<qint64, QList<NoteLog::Damage>>;
 
+/// What an inspection has found.
 struct Findings {
     Damage damaged;
     /// The number of lost operations, see LostOperations.

@@ -26,15 +26,16 @@ X509 *handleOf(const QSslCertificate &certificate) {
 
 /// Null if there is no memory.
 X509_STORE *authoritiesOfSystem() {
-    static const Authorities authorities = [] {
-        Authorities store(X509_STORE_new());
+    // Not destroyed at the end of the process, when threads may still use them.
+    static X509_STORE *const authorities = [] {
+        X509_STORE *const store = X509_STORE_new();
         if (store) {
             // Without any, no server is trusted.
-            X509_STORE_set_default_paths(store.get());
+            X509_STORE_set_default_paths(store);
         }
         return store;
     }();
-    return authorities.get();
+    return authorities;
 }
 
 Authorities authoritiesFrom(const QList<QSslCertificate> &certificates) {
