@@ -1,4 +1,7 @@
+#include <QtCore/QDeadlineTimer>
+
 #include "Engine/Notes/DerivedTables.h"
+#include "Engine/Notes/KeptOperations.h"
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Notes/LostOperations.h"
 #include "Engine/Notes/NoteHistory.h"
@@ -7,6 +10,7 @@
 #include "Host/InboxUUID.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
+#include "Support/FaultyFileSystem.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -59,11 +63,61 @@ private:
         }
     }
 
+    /// They take several pages of the file.
+    static QList<OperationId> manyIdentifiers() {
+        QList<OperationId> identifiers;
+        for (int i = 0; i < 500; ++i) {
+            identifiers.append(
+                QByteArray::number(i).rightJustified(Operation::IdentifierSize, '0'));
+        }
+        return identifiers;
+    }
+
     QList<Operation> operations() const {
         return log().firstOperations(log().operationIds().value()).value().operations;
     }
 
+    /// Records that the store lacks nothing.
+    void beginRecording() const {
+        Expected<bool> isRestarted = false;
+        while (isRestarted && !*isRestarted) {
+            isRestarted = known().restartRecording();
+        }
+        QVERIFY(isRestarted);
+        QVERIFY(known().setComplete());
+    }
+
+    /// Moves everything from the log to the database file, and out of memory, so that the next
+    /// statement reads the file.
+    void beginReadingTheFile() const {
+        for (const char *pragma : {"PRAGMA wal_checkpoint(TRUNCATE)", "PRAGMA shrink_memory"}) {
+            QVERIFY(profile().read(QLatin1StringView(pragma), {}, [](const QSqlQuery &) {}));
+        }
+    }
+
+    /// Calls `change` in transactions that are rolled back. In each, another call of the disk
+    /// fails, from the first one to the last one. Returns how often `change` or its transaction
+    /// failed.
+    template <class Change>
+    int failAtEachCall(const Change &change) const {
+        int failures = 0;
+        bool hasFailed = true;
+        for (qint64 call = 1; hasFailed; ++call) {
+            beginReadingTheFile();
+            const FaultyFileSystem disk(FaultyFileSystem::Fault::Error, call,
+                                        FaultyFileSystem::Duration::Once);
+            const Expected<void> done = profile().write([&]() -> Expected<void> {
+                const Expected<void> changed = change();
+                return changed ? failure(operationCancelled()) : changed;
+            });
+            hasFailed = disk.hasFailed();
+            failures += code(done) == EngineErrorCode::ProfileNotWritten ? 1 : 0;
+        }
+        return failures;
+    }
+
 private Q_SLOTS:
+    void initTestCase() { FaultyFileSystem::install(); }
     void init() {
         m_host = std::make_unique<TestHost>();
         addNotes();
@@ -98,6 +152,8 @@ private Q_SLOTS:
         QCOMPARE(code(log().notes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->notes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().identifierSets()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().identifierSetsOf(allIdentifiers)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().name()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().firstOperations(allIdentifiers)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().save(note)), EngineErrorCode::ProfileNotWritten);
@@ -221,9 +277,12 @@ private Q_SLOTS:
     void ofSupersededIdentifiers_data() { addFaults(); }
     void ofSupersededIdentifiers() {
         QFETCH(Fault, fault);
-        QCOMPARE(log().supersededIds().value().size(), 2);
+        const QSet<OperationId> all = log().supersededIds().value();
+        QCOMPARE(all.size(), 2);
         const FailingTable failing(profile(), QStringLiteral("superseded"), fault);
         QCOMPARE(code(log().supersededIds()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().identifierSets()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(log().identifierSetsOf(all.values())), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().merge(Transaction{{}, {QByteArray(16, '\1')}})),
                  EngineErrorCode::ProfileNotWritten);
@@ -240,6 +299,96 @@ private Q_SLOTS:
                  EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(known().remove({QStringLiteral("name")})),
                  EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofKeptOperations_data() { addFaults(); }
+    void ofKeptOperations() {
+        QFETCH(Fault, fault);
+        const QList<OperationId> operations = log().operationIds().value();
+        const KeptOperations kept(profile(), Store, log().database());
+        const KeptOperations other(profile(), QStringLiteral("other"), log().database());
+        QVERIFY(kept.remember({operations.first()}));
+        QVERIFY(other.remember({operations.last()}));
+        QCOMPARE(kept.all().value(), (QSet{operations.first(), operations.last()}));
+        const FailingTable failing(profile(), QStringLiteral("settings"), fault);
+        QCOMPARE(code(kept.all()), EngineErrorCode::ProfileNotWritten);
+    }
+
+    void ofWhatHasMoved_data() {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<Fault>("fault");
+        for (const char *table : {"known_transactions", "operations", "superseded", "unwritten"}) {
+            QTest::addRow("%s, all rows", table) << QString::fromLatin1(table) << Fault::AllRows;
+            QTest::addRow("%s, later rows", table)
+                << QString::fromLatin1(table) << Fault::LaterRows;
+        }
+        QTest::addRow("compared_places, all rows")
+            << QStringLiteral("compared_places") << Fault::AllRows;
+    }
+    void ofWhatHasMoved() {
+        QFETCH(QString, table);
+        QFETCH(Fault, fault);
+        beginRecording();
+        const QString name = QStringLiteral("moved");
+        const QList<OperationId> operations = log().operationIds().value();
+        const QList<OperationId> superseded = log().supersededIds().value().values();
+        QVERIFY(known().add(name, {operations, superseded, 100}));
+        const auto recordMove = [&] {
+            return known().removeMovedUntil(QDeadlineTimer(QDeadlineTimer::Forever), {name});
+        };
+        {
+            const FailingTable failing(profile(), table, fault);
+            QCOMPARE(code(recordMove()), EngineErrorCode::ProfileNotWritten);
+        }
+        QVERIFY(known().names().value().contains(name));
+        QVERIFY(!known().hasUnwritten().value());
+        QVERIFY(known().isComplete().value());
+        QCOMPARE(recordMove().value(), 1);
+        QCOMPARE(known().unwritten().value()->operations, operations);
+    }
+
+    /// After the call of the disk that fails, the next ones succeed.
+    void ofWhatHasMovedForAMoment() {
+        QVERIFY(log().merge({{}, manyIdentifiers()}));
+        beginRecording();
+        const QString name = QStringLiteral("moved");
+        const QList<OperationId> superseded = log().supersededIds().value().values();
+        QVERIFY(known().add(name, {{}, superseded, 100}));
+        const int failures = failAtEachCall([&] {
+            const QDeadlineTimer deadline(QDeadlineTimer::Forever);
+            return known()
+                .removeMovedUntil(deadline, {name})
+                .and_then([&](qsizetype) { return known().unwritten(); })
+                .map([&](const std::optional<KnownTransactions::Unwritten> &unwritten) {
+                    QVERIFY(unwritten);
+                    QCOMPARE(unwritten->superseded.size(), superseded.size());
+                });
+        });
+        QVERIFY(failures > 0);
+    }
+
+    void ofTheEditThatACopyShows() {
+        for (int i = 0; i < 300; ++i) {
+            Note note{{}, QString::number(i), QString(100, u'x'), {}};
+            QVERIFY(database()->saveNote(note));
+        }
+        QVERIFY(log().markAllSent());
+        Note note = database()->notes().value().first();
+        Note other = note;
+        for (Note *edit : {&note, &other}) {
+            edit->text = QString(1000, edit == &note ? u'y' : u'z');
+            QVERIFY(database()->saveNote(*edit));
+        }
+        Note copy;
+        const QList<Note> all = database()->notes().value();
+        for (const Note &each : all) {
+            copy = !each.conflict.isEmpty() && each.conflict != each.UUID ? each : copy;
+        }
+        QVERIFY(!copy.UUID.isEmpty());
+        copy.revision.clear();
+        const int failures = failAtEachCall(
+            [&] { return log().remove(copy).map([](bool isRemoved) { QVERIFY(isRemoved); }); });
+        QVERIFY(failures > 0);
     }
 
     void ofDatabases_data() { addFaults(); }
