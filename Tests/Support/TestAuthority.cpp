@@ -36,28 +36,38 @@ TestAuthority::TestAuthority(const QString &name)
                                     QStringLiteral("-out"), m_identity.certificate});
 }
 
+TestAuthority::TestAuthority(const TestAuthority &issuer, const QString &name,
+                             const QStringList &extensions)
+    : m_identity(issuer.issueWith(name, extensions)) {}
+
 QSslCertificate TestAuthority::certificate() const {
     return QSslCertificate::fromPath(m_identity.certificate).value(0);
 }
 
 TestAuthority::Identity TestAuthority::issue(const QString &names, int days) const {
+    return issueWith(QStringLiteral("Test Server"), {QStringLiteral("subjectAltName=") + names},
+                     days);
+}
+
+TestAuthority::Identity TestAuthority::issueWith(const QString &commonName,
+                                                 const QStringList &extensions, int days) const {
     const QString stem = m_folder.filePath(QString::number(++m_count));
     const Identity identity = {stem + QStringLiteral(".pem"), stem + QStringLiteral(".key")};
     const QString request = stem + QStringLiteral(".csr");
-    const QString extensions = stem + QStringLiteral(".extensions");
-    QFile file(extensions);
-    if (!file.open(QIODevice::WriteOnly) || file.write("subjectAltName=" + names.toLatin1()) < 0) {
-        throw std::runtime_error("cannot write " + extensions.toStdString());
+    const QString configuration = stem + QStringLiteral(".extensions");
+    QFile file(configuration);
+    if (!file.open(QIODevice::WriteOnly) || file.write(extensions.join(u'\n').toLatin1()) < 0) {
+        throw std::runtime_error("cannot write " + configuration.toStdString());
     }
     file.close();
-    runOpenssl(NewKey + QStringList{QStringLiteral("-subj"), QStringLiteral("/CN=Test Server"),
+    runOpenssl(NewKey + QStringList{QStringLiteral("-subj"), QStringLiteral("/CN=") + commonName,
                                     QStringLiteral("-keyout"), identity.key, QStringLiteral("-out"),
                                     request});
     // "req" could sign as well, but not for 0 days, which make an expired certificate.
     runOpenssl({QStringLiteral("x509"), QStringLiteral("-req"), QStringLiteral("-in"), request,
                 QStringLiteral("-CA"), m_identity.certificate, QStringLiteral("-CAkey"),
                 m_identity.key, QStringLiteral("-CAcreateserial"), QStringLiteral("-days"),
-                QString::number(days), QStringLiteral("-extfile"), extensions,
+                QString::number(days), QStringLiteral("-extfile"), configuration,
                 QStringLiteral("-out"), identity.certificate});
     return identity;
 }

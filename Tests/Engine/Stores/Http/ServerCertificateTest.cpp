@@ -23,6 +23,11 @@ private:
                                         int days = 1) {
         return QSslCertificate::fromPath(authority.issue(names, days).certificate);
     }
+    static QList<QSslCertificate> issueWith(const TestAuthority &authority,
+                                            const QString &commonName,
+                                            const QStringList &extensions) {
+        return QSslCertificate::fromPath(authority.issueWith(commonName, extensions).certificate);
+    }
 
     static Errors errors(const QList<QSslCertificate> &chain,
                          const QString &host = QStringLiteral("localhost")) {
@@ -93,6 +98,51 @@ private Q_SLOTS:
             QCOMPARE(errors(issue(m_ofSystem, QStringLiteral("DNS:localhost"))), Errors());
         }
         QCOMPARE(errors(chain), untrusted());
+    }
+
+    void intermediateAuthoritiesCanBeInAnyOrder() {
+        const TestAuthority outer(m_ofSystem, QStringLiteral("Outer authority"));
+        const TestAuthority inner(outer, QStringLiteral("Inner authority"));
+        const TestAuthority foreign;
+        const auto own = issue(inner, QStringLiteral("DNS:localhost"));
+        const QSslCertificate first = inner.certificate();
+        const QSslCertificate second = outer.certificate();
+        QCOMPARE(errors(own + QList{first, second}), Errors());
+        QCOMPARE(errors(own + QList{second, first}), Errors());
+        QCOMPARE(errors(own + QList{second, foreign.certificate(), first}), Errors());
+        QCOMPARE(errors(own + QList{foreign.certificate(), first, second}), Errors());
+        QCOMPARE(errors(own + QList{first}), Errors{QSslError::UnableToGetLocalIssuerCertificate});
+        QCOMPARE(errors(own + QList{second}), untrusted());
+    }
+
+    void onlyAnAuthorityIssuesCertificates() {
+        const TestAuthority server(m_ofSystem, QStringLiteral("Server"),
+                                   {QStringLiteral("basicConstraints=CA:FALSE")});
+        const auto chain = issue(server, QStringLiteral("DNS:localhost"));
+        QVERIFY(
+            errors(chain + QList{server.certificate()}).contains(QSslError::InvalidCaCertificate));
+    }
+
+    void aCertificateOfClientsIsNotOneOfAServer_data() {
+        QTest::addColumn<QString>("usage");
+        QTest::addColumn<bool>("isRight");
+        QTest::newRow("client") << QStringLiteral("clientAuth") << false;
+        QTest::newRow("server") << QStringLiteral("serverAuth") << true;
+        QTest::newRow("both") << QStringLiteral("clientAuth,serverAuth") << true;
+    }
+    void aCertificateOfClientsIsNotOneOfAServer() {
+        QFETCH(const QString, usage);
+        QFETCH(const bool, isRight);
+        QCOMPARE(errors(issueWith(m_ofSystem, QStringLiteral("Test Server"),
+                                  {QStringLiteral("subjectAltName=DNS:localhost"),
+                                   QStringLiteral("extendedKeyUsage=") + usage})),
+                 isRight ? Errors() : Errors{QSslError::InvalidPurpose});
+    }
+
+    void anAddressMustBeAnAddressOfTheCertificate() {
+        const QString address = QStringLiteral("127.0.0.1");
+        QCOMPARE(errors(issueWith(m_ofSystem, address, {}), address),
+                 Errors{QSslError::HostNameMismatch});
     }
 
     void theServerIsOneOfTheCertificate_data() {
