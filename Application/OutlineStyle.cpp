@@ -22,9 +22,6 @@ constexpr int Margin = 12;
 constexpr int Spacing = 8;
 
 void drawOutline(const QStyleOption &option, QPainter *painter, bool isRound) {
-    if (!option.state.testFlag(QStyle::State_Enabled)) {
-        return;
-    }
     const QRectF frame = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);

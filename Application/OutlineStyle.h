@@ -3,7 +3,8 @@
 #include <QtWidgets/QProxyStyle>
 
 /// Fusion with outlines of controls that are visible on every ground, also on a selected row; its
-/// own have too little contrast; so have lists, tables, texts and menus. The outline of a control
+/// own have too little contrast; so have lists, tables, texts and menus. Disabled controls have
+/// them, too. The outline of a control
 /// with the focus has the selection color, and the current item of a list with the focus has a
 /// frame. Check marks and the icons of rows and buttons grow with the font. The arrow of a bar
 /// without enough room has the color of texts. Buttons have more room at both sides of their text,

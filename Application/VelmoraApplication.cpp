@@ -34,6 +34,14 @@ QWidget *windowForDialog() {
     return found == windows.end() ? nullptr : *found;
 }
 
+/// Returns `palette` with texts that can be read, and with fields that show by their ground whether
+/// they are disabled, because their outlines do not.
+QPalette legible(QPalette palette) {
+    palette.setColor(QPalette::Disabled, QPalette::Base,
+                     palette.color(QPalette::Disabled, QPalette::Window));
+    return Contrast::withLegibleTexts(palette);
+}
+
 }  // namespace
 
 VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
@@ -59,7 +67,7 @@ void VelmoraApplication::useDesktopAppearance() {
     if (style()->name().compare(QLatin1StringView("fusion"), Qt::CaseInsensitive) == 0) {
         setStyle(new OutlineStyle);
     }
-    setPalette(Contrast::withLegibleTexts(palette()));
+    setPalette(legible(palette()));
 }
 
 void VelmoraApplication::setDarkAppearance(bool dark) {
@@ -78,7 +86,7 @@ void VelmoraApplication::setDarkAppearance(bool dark) {
         }
     }
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    setPalette(Contrast::withLegibleTexts(palette));
+    setPalette(legible(palette));
 }
 
 void VelmoraApplication::setSynchronizationText(const QString &text) {

@@ -35,8 +35,8 @@ public:
     /// Sets batch mode: no windows, and errors on standard error. To be called before anything can
     /// fail.
     void setBatch(bool isBatch) { m_isBatch = isBatch; }
-    /// Makes the desktop's colors and the Fusion style legible: the selection, placeholders, and
-    /// the outlines of controls. To be called once, at the start.
+    /// Makes the desktop's colors and the Fusion style legible: the selection, placeholders, the
+    /// ground of disabled fields, and the outlines of controls. To be called once, at the start.
     void useDesktopAppearance();
     /// Uses dark or light colors instead of the desktop's, with the Fusion style. Cannot be undone.
     void setDarkAppearance(bool dark);

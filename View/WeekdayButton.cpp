@@ -20,9 +20,6 @@ QColor WeekdayButton::textColor() const {
 }
 
 QColor WeekdayButton::frameColor() const {
-    if (!isEnabled()) {
-        return palette().color(QPalette::Mid);
-    }
     return hasFocus() ? Contrast::focus(palette()) : Contrast::outline(palette());
 }
 
@@ -34,7 +31,7 @@ void WeekdayButton::paintEvent(QPaintEvent * /*event*/) {
     painter.setBrush(isChosen ? chosen
                               : palette().color(isEnabled() ? QPalette::Base : QPalette::Window));
     painter.setPen(isChosen ? chosen : frameColor());
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), Radius, Radius);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Radius, Radius);
     painter.setPen(textColor());
     painter.drawText(rect(), Qt::AlignCenter, text());
     if (hasFocus()) {

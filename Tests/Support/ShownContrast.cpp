@@ -57,8 +57,9 @@ QRect outlineOf(const QWidget *widget) {
         return widget->style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, widget);
     }
     const auto *area = qobject_cast<const QAbstractScrollArea *>(widget);
+    const auto *tool = qobject_cast<const QToolButton *>(widget);
     const bool hasFrame =
-        (area && area->frameShape() != QFrame::NoFrame) ||
+        (area && area->frameShape() != QFrame::NoFrame) || (tool && !tool->autoRaise()) ||
         qobject_cast<const QPushButton *>(widget) || qobject_cast<const QLineEdit *>(widget) ||
         qobject_cast<const QAbstractSpinBox *>(widget) || qobject_cast<const QComboBox *>(widget);
     return hasFrame && !isPartOfField(widget) ? widget->rect() : QRect();
@@ -105,10 +106,10 @@ public:
                 widget->objectName(), widget->property("text").toString().left(40));
             checkText(name, inPicture(widget, textOf(widget)),
                       informs(*widget) ? Contrast::OfText : Contrast::OfOutline);
+            checkOutline(name, inPicture(widget, outlineOf(widget)));
             if (!informs(*widget)) {
                 continue;
             }
-            checkOutline(name, inPicture(widget, outlineOf(widget)));
             checkIcon(name, *widget);
             checkPicture(name, *widget);
             checkBar(name, *widget);
