@@ -369,6 +369,7 @@ private Q_SLOTS:
         QCOMPARE(sizes().size(), 1);
         const MemoryStore::Blobs before = m_blobs;
         m_host->goToComputer(third);
+        inbox()->setCompared(subject().store);
         QVERIFY(run<SyncSession>());
         QCOMPARE(m_blobs, before);
         verifyComplete();

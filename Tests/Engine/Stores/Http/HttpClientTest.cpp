@@ -1,3 +1,6 @@
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 
@@ -88,18 +91,13 @@ ScriptedServer::Script challenging(Collected &requests,
     };
 }
 
-/// Sets the promise in `promise` when the server has presented its certificate again, or the client
-/// has refused that.
-void noteAnswer(int isSent, int, int type, const void *bytes, size_t, SSL *, void *promise) {
-    const bool isPresented = isSent == 1 && type == SSL3_RT_HANDSHAKE &&
-                             *static_cast<const char *>(bytes) == SSL3_MT_SERVER_DONE;
-    if (isPresented || (isSent == 0 && type == SSL3_RT_ALERT)) {
-        static_cast<std::promise<void> *>(promise)->set_value();
-    }
-}
-
-/// Requests another handshake in the middle of a response, and goes on with it after that.
+/// Requests another handshake in the middle of a response, and presents its certificate again if
+/// the client agrees.
 void negotiateAgain(SSL *session, std::promise<void> &isAnswered) {
+    const int socket = SSL_get_fd(session);
+    // Otherwise the certificate would wait until the client has confirmed what was sent before.
+    const int isSentAtOnce = 1;
+    setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &isSentAtOnce, sizeof isSentAtOnce);
     char byte = 0;
     while (SSL_read(session, &byte, 1) == 1 && SSL_pending(session) > 0) {
     }
@@ -108,12 +106,13 @@ void negotiateAgain(SSL *session, std::promise<void> &isAnswered) {
     SSL_set_options(session, SSL_OP_NO_SESSION_RESUMPTION_ON_RENEGOTIATION);
     SSL_renegotiate(session);
     SSL_do_handshake(session);
-    recv(SSL_get_fd(session), &byte, 1, MSG_PEEK);
+    recv(socket, &byte, 1, MSG_PEEK);
     SSL_write(session, "k", 1);
-    SSL_set_msg_callback(session, &noteAnswer);
-    SSL_set_msg_callback_arg(session, &isAnswered);
+    fcntl(socket, F_SETFL, O_NONBLOCK);
     SSL_read(session, &byte, 1);
-    SSL_set_msg_callback(session, nullptr);
+    fcntl(socket, F_SETFL, 0);
+    isAnswered.set_value();
+    SSL_read(session, &byte, 1);
 }
 
 }  // namespace
