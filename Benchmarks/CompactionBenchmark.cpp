@@ -2,11 +2,9 @@
 
 #include "Benchmarks/Benchmark.h"
 #include "Engine/Notes/EngineDatabase.h"
-#include "Engine/Synchronization/SyncSession.h"
 #include "Host/InboxUUID.h"
-#include "Support/Compaction.h"
 #include "Support/MemoryStore.h"
-#include "Support/RunSession.h"
+#include "Support/RunJob.h"
 #include "Support/TestHost.h"
 
 using Benchmark::require;
@@ -41,14 +39,14 @@ public:
     void edit(int count) {
         for (; m_edits < count; ++m_edits) {
             m_bytes += save(m_edits);
-            run<SyncSession>();
-            run<Compaction>();
+            require(runJob(m_host.engine().profile(), m_host.library(),
+                           {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")}, m_store));
         }
     }
 
     /// Returns the number of bytes of the edits.
     qint64 bytes() const { return m_bytes; }
-    qint64 written() const { return m_store.written(); }
+    qint64 written() const { return m_store->written(); }
     qint64 recordCount() const { return static_cast<qint64>(m_blobs.size()); }
 
 private:
@@ -65,16 +63,9 @@ private:
         return note.title.toUtf8().size() + note.text.toUtf8().size();
     }
 
-    template <class Session>
-    void run() {
-        Session session(m_host.engine().profile(), m_host.library(),
-                        {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
-        require(runSession(session, m_store));
-    }
-
     TestHost m_host;
     MemoryStore::Blobs m_blobs;
-    CountingStore m_store{m_blobs};
+    const std::shared_ptr<CountingStore> m_store = std::make_shared<CountingStore>(m_blobs);
     std::map<int, Note> m_notes;
     int m_edits = 0;
     qint64 m_bytes = 0;

@@ -15,8 +15,7 @@
 #include "Host/InboxUUID.h"
 #include "Host/UnencryptedPasswords.h"
 #include "Platform/Security/UrlCredentialStorage.h"
-#include "Support/Compaction.h"
-#include "Support/RunSession.h"
+#include "Support/RunJob.h"
 #include "Support/TestHost.h"
 #include "Support/TestWebDAVStore.h"
 #include "Support/WebDAVServer.h"
@@ -145,19 +144,12 @@ public:
             note.text =
                 QStringLiteral("What edit %1 says, line by line.\n").arg(m_edits).repeated(30);
             require(m_host.inbox()->saveNote(note));
-            run<SyncSession>();
-            run<Compaction>();
+            require(runJob(m_host.engine().profile(), m_host.library(),
+                           {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")}, m_store));
         }
     }
 
 private:
-    template <class Session>
-    void run() {
-        Session session(m_host.engine().profile(), m_host.library(),
-                        {InboxUUID, QStringLiteral("Inbox"), QStringLiteral("store")});
-        require(runSession(session, *m_store));
-    }
-
     TestHost &m_host;
     const decltype(webDAVStoreWithoutEngine({})) m_store;
     std::map<int, Note> m_notes;
