@@ -661,9 +661,12 @@ Expected<void> SyncSession::keepNotes() {
 }
 
 Expected<void> SyncSession::forgetKept() {
-    return !std::exchange(m_isAnyRemembered, false)
-               ? Expected<void>()
-               : profile().write([this] { return kept().remember({}); });
+    // A record that could not be read may remove them when it can.
+    if (!m_isAnyRemembered || !m_damagedRecords.isEmpty()) {
+        return {};
+    }
+    m_isAnyRemembered = false;
+    return profile().write([this] { return kept().remember({}); });
 }
 
 Expected<void> SyncSession::mergeTransactions() {

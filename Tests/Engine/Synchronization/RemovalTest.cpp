@@ -400,6 +400,28 @@ private Q_SLOTS:
         QCOMPARE(titles().size(), 150);
     }
 
+    void anAnswerIsRememberedWhileARecordCannotBeRead() {
+        addNotes(150);
+        QVERIFY(run().result);
+        const MemoryStore::Blobs before = m_blobs;
+        attack(150);
+        const MemoryStore::Blobs sound = m_blobs;
+        keepSome();
+        m_host->restart();
+        for (auto &[name, record] : m_blobs) {
+            if (!before.contains(name)) {
+                record = "damaged";
+            }
+        }
+        QVERIFY(run().result);
+        QCOMPARE(rememberedAnswers(), 1);
+        m_blobs.insert(sound.begin(), sound.end());
+        QVERIFY(run().result);
+        QCOMPARE(titles().size(), 150);
+        QVERIFY(inbox()->deletedNotes().value().isEmpty());
+        QCOMPARE(rememberedAnswers(), 0);
+    }
+
     /// The profile keeps what is superseded as earlier versions, however small the record is.
     void largeTextsAreSupersededInShortSteps_data() {
         QTest::addColumn<bool>("byOperation");
