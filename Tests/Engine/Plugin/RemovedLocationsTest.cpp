@@ -308,7 +308,7 @@ private Q_SLOTS:
         m_host->save();
         const int left = known();
         QVERIFY(left > 0);
-        m_host->leaveUnverified("records are known that nobody has written");
+        m_host->leaveUnverified("the profile knows records that no store has");
         // Nothing tells that nothing happens.
         QTest::qWait(500);
         QCOMPARE(known(), left);
