@@ -176,7 +176,9 @@ private Q_SLOTS:
         const Run run = runWithRewrites([](int read) { return read == 2; });
         QCOMPARE(run.result, QString());
         QCOMPARE(run.problems, 0);
-        QVERIFY(run.reads >= 3);
+        // The order of the random names decides whether the record is kept in memory. Otherwise it
+        // is rewritten before the second time, and read a third time.
+        QVERIFY2(run.reads != 2, "what was rewritten was not read");
         QCOMPARE(texts(), QStringList(Many, QStringLiteral("new")));
     }
 
