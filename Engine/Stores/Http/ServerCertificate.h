@@ -8,7 +8,7 @@
 /// The verification of the certificate of a server with the authorities that this computer trusts.
 /// Thread-safe.
 ///
-/// It is not that of Qt, which reads all authorities of the system each time: about 0.3 s of
+/// It is not that of Qt, which reads all authorities of the system each time: about 0.2 s of
 /// processor time for each connection.
 namespace ServerCertificate {
 
