@@ -214,7 +214,9 @@ Expected<std::optional<FirstStart>> firstStartOf(const LaunchOptions &options,
             return {};
         }
         if (options.begin || options.isBatch()) {
-            return FirstStart{.contents = options.begin.value_or(FirstContents::Welcome)};
+            FirstStart start;
+            start.contents = options.begin.value_or(FirstContents::Welcome);
+            return start;
         }
         const auto offers = PlugIns::locationOffers();
         if (!offers) {
