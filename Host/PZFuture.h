@@ -18,6 +18,7 @@ public:
         virtual std::shared_ptr<PZFuture> future() const = 0;
     };
     /// Returns a new future that is neither cancelled nor attached to an operation. Never null.
+    /// Raises an AssertionFailure if the host has no class "PZFuture".
     static std::shared_ptr<PZFuture> future();
 
     virtual ~PZFuture();

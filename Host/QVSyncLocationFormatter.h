@@ -21,7 +21,8 @@ public:
         virtual std::unique_ptr<QVSyncLocationFormatter> formatterForLocationWithURL(
             const Url &URL) const = 0;
     };
-    /// Returns a formatter for `URL`. Never null, also for a nil URL or an unknown scheme.
+    /// Returns a formatter for `URL`. Never null, also for a nil URL or an unknown scheme. Raises
+    /// an AssertionFailure if the host has no class "QVSyncLocationFormatter".
     static std::unique_ptr<QVSyncLocationFormatter> formatterForLocationWithURL(const Url &URL);
 
     virtual ~QVSyncLocationFormatter();

@@ -33,15 +33,17 @@ public:
         virtual std::shared_ptr<QVDatabase> databaseForUUID(
             const QString &UUID, bool lookingUpAllKnownDatabases) const = 0;
     };
-    /// Returns whether synchronization can run on this system.
+    /// Returns whether synchronization can run on this system. Raises an AssertionFailure if the
+    /// host has no class "QVSyncPlugin".
     static bool isAvailable();
-    /// Returns the plug-in. Never null, and the same object in every call.
+    /// Returns the plug-in. Never null, and the same object in every call. Raises an
+    /// AssertionFailure if the host has no class "QVSyncPlugin".
     static QVSyncPlugin *plugin();
     /// Returns the database with this UUID on this computer, open or closed, or nullptr if there is
     /// none. If `lookingUpAllKnownDatabases` is true, for which the pane does not ask, a host may
     /// also return one that is known only from the locations, with the name last known there. An
-    /// empty or unknown UUID gives nullptr. O(number of locations) at most. The static functions
-    /// raise an AssertionFailure if the host has no class "QVSyncPlugin".
+    /// empty or unknown UUID gives nullptr. O(number of locations) at most. Raises an
+    /// AssertionFailure if the host has no class "QVSyncPlugin".
     static std::shared_ptr<QVDatabase> databaseForUUID(const QString &UUID,
                                                        bool lookingUpAllKnownDatabases);
 

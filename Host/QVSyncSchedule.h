@@ -20,6 +20,7 @@ public:
         virtual std::shared_ptr<const QVSyncSchedule> newSchedule() const = 0;
     };
     /// Returns a new schedule that never fires and is neither hourly, daily nor weekly. Never null.
+    /// Raises an AssertionFailure if the host has no class "QVSyncSchedule".
     static std::shared_ptr<const QVSyncSchedule> newSchedule();
 
     virtual ~QVSyncSchedule();
