@@ -205,6 +205,8 @@ public:
     void connect() {
         QObject *owner = m_objects.value(QStringLiteral("owner"));
         for (QObject *part : std::as_const(m_parts)) {
+            require(part == m_form || part->property("objects").isNull(), part,
+                    "objects, but is not the form");
             setOutlet(owner, part);
             setItemPrototype(owner, part);
             setMenu(part);
@@ -220,6 +222,7 @@ public:
             if (const QString action = part->property("action").toString(); !action.isEmpty()) {
                 connectAction(part, parsedAction(action));
             }
+            checkConfirmation(part);
             connectTextChanges(part);
             connectValidation(part);
         }
@@ -247,14 +250,16 @@ private:
 
     static void setItemPrototype(QObject *owner, QObject *part) {
         const QString nibName = part->property("itemNib").toString();
+        const QString nameKeyPath = part->property("itemName").toString();
         if (nibName.isEmpty()) {
+            require(nameKeyPath.isEmpty(), part, "a name for items, but no form of them");
             return;
         }
         const auto prototype =
             std::make_shared<CollectionViewItem>([nibName, owner](CollectionViewItem *item) {
                 return Nib::load(nibName, owner, {{QStringLiteral("item"), item}});
             });
-        prototype->setNameKeyPath(part->property("itemName").toString().toUtf8());
+        prototype->setNameKeyPath(nameKeyPath.toUtf8());
         KeyValue::setValue(part, "itemPrototype", QVariant::fromValue(prototype));
     }
 
@@ -264,24 +269,26 @@ private:
             return;
         }
         auto *menu = qobject_cast<QMenu *>(object(name));
+        auto *view = qobject_cast<QWidget *>(part);
+        require(menu && view, part, "a menu that is none, or that it cannot open");
         if (auto *button = qobject_cast<QPushButton *>(part)) {
             button->setMenu(menu);
         } else if (auto *toolButton = qobject_cast<QToolButton *>(part)) {
             toolButton->setMenu(menu);
-        } else if (auto *view = qobject_cast<QWidget *>(part)) {
+        } else {
             ContextMenu::setMenu(view, menu);
         }
     }
 
     void setTableDelegate(QObject *part) const {
         const QString name = part->property("tableDelegate").toString();
-        if (auto *table = qobject_cast<TableView *>(part); table && !name.isEmpty()) {
-            auto *delegate = dynamic_cast<TableViewDelegate *>(object(name));
-            if (!delegate) {
-                fail(QStringLiteral("\"%1\" is no delegate of a table").arg(name));
-            }
-            table->setTableDelegate(delegate);
+        if (name.isEmpty()) {
+            return;
         }
+        auto *table = qobject_cast<TableView *>(part);
+        auto *delegate = dynamic_cast<TableViewDelegate *>(object(name));
+        require(table && delegate, part, "a delegate of tables that is none, or is no table");
+        table->setTableDelegate(delegate);
     }
 
     QObject *object(const QString &name) const {
@@ -322,27 +329,44 @@ private:
 
     void connectTextChanges(QObject *part) const {
         const QString action = part->property("textDidChange").toString();
-        if (auto *field = qobject_cast<QLineEdit *>(part); field && !action.isEmpty()) {
-            auto *sender = makeSender(field, parsedAction(action));
-            QObject::connect(field, &QLineEdit::textEdited, sender, [sender] { sender->send(); });
+        if (action.isEmpty()) {
+            return;
         }
+        auto *field = qobject_cast<QLineEdit *>(part);
+        require(field, part, "a call for changes of its text, but is no text field");
+        auto *sender = makeSender(field, parsedAction(action));
+        QObject::connect(field, &QLineEdit::textEdited, sender, [sender] { sender->send(); });
     }
 
     void connectValidation(QObject *part) const {
         const QString text = part->property("validation").toString();
-        auto *menuItem = qobject_cast<QAction *>(part);
-        if (!menuItem || text.isEmpty()) {
+        if (text.isEmpty()) {
             return;
         }
+        auto *menuItem = qobject_cast<QAction *>(part);
+        QList<QMenu *> menus = m_form->findChildren<QMenu *>();
+        menus.removeIf([=](const QMenu *menu) { return !menu->actions().contains(menuItem); });
+        require(!menus.isEmpty(), part, "a validation, but is in no menu");
         const NibPath path = NibPath::parse(text);
         const QPointer<QObject> observed = object(path.object);
-        for (QMenu *menu : m_form->findChildren<QMenu *>()) {
-            if (menu->actions().contains(menuItem)) {
-                QObject::connect(menu, &QMenu::aboutToShow, menuItem, [=] {
-                    menuItem->setEnabled(observed &&
-                                         isTrue(KeyValue::value(observed, path.keyPath)));
-                });
-            }
+        for (const QMenu *menu : std::as_const(menus)) {
+            QObject::connect(menu, &QMenu::aboutToShow, menuItem, [=] {
+                menuItem->setEnabled(observed && isTrue(KeyValue::value(observed, path.keyPath)));
+            });
+        }
+    }
+
+    static void checkConfirmation(const QObject *part) {
+        const bool canAsk = qobject_cast<const QAbstractButton *>(part) &&
+                            !part->property("action").toString().isEmpty();
+        require(canAsk || part->property("confirmation").toString().isEmpty(), part,
+                "a confirmation, but is no button with an action");
+    }
+
+    /// Fails with what `part` has, unless it may have that.
+    static void require(bool isPossible, const QObject *part, const char *what) {
+        if (!isPossible) {
+            fail(QStringLiteral("\"%1\" has %2").arg(part->objectName(), QLatin1StringView(what)));
         }
     }
 
@@ -364,7 +388,7 @@ private:
         } else if (auto *table = qobject_cast<TableView *>(part)) {
             QObject::connect(table, &TableView::action, sender, send);
         } else {
-            fail(QStringLiteral("\"%1\" has an action but is no control").arg(part->objectName()));
+            require(false, part, "an action, but is no control");
         }
     }
 
@@ -400,7 +424,7 @@ QWidget *Nib::makeForm(const QString &nibName) {
 }
 
 QWidget *Nib::load(const QString &nibName, QObject *owner, const Objects &named) {
-    QWidget *form = makeForm(nibName);
-    Connector(form, owner, named).connect();
-    return form;
+    std::unique_ptr<QWidget> form(makeForm(nibName));
+    Connector(form.get(), owner, named).connect();
+    return form.release();
 }

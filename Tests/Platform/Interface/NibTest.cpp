@@ -1,6 +1,7 @@
 #include "Platform/Interface/Nib.h"
 
 #include <QtGui/QAction>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -88,14 +89,30 @@ Q_SIGNALS:
     void textChanged();
 };
 
-template <class Widget>
-Widget *addPart(QWidget *form, const char *name, const QStringList &bindings = {},
-                const QString &action = {}) {
-    auto *widget = new Widget(form);
-    widget->setObjectName(QLatin1StringView(name));
-    widget->setProperty("bindings", bindings);
-    widget->setProperty("action", action);
-    return widget;
+template <class Part>
+Part *addPart(QWidget *form, const char *name, const QStringList &bindings = {},
+              const QString &action = {}) {
+    auto *part = new Part(form);
+    part->setObjectName(QLatin1StringView(name));
+    part->setProperty("bindings", bindings);
+    part->setProperty("action", action);
+    return part;
+}
+
+/// A form with a part of each kind that properties distinguish.
+QWidget *makeFormOfEveryPart() {
+    const QString press = QStringLiteral("owner.press");
+    auto *form = new QWidget;
+    form->setProperty("objects", QStringList{QStringLiteral("helper Helper")});
+    addPart<QPushButton>(form, "button", {}, press);
+    addPart<QPushButton>(form, "idleButton");
+    addPart<Control>(form, "control", {}, press);
+    addPart<TableView>(form, "table");
+    addPart<QLineEdit>(form, "field");
+    auto *menu = addPart<QMenu>(form, "menu");
+    menu->addAction(addPart<QAction>(form, "menuItem", {}, press));
+    addPart<QAction>(form, "looseItem", {}, press);
+    return form;
 }
 
 QString uniqueName() {
@@ -488,7 +505,59 @@ private Q_SLOTS:
         QFETCH(QString, action);
         Owner owner;
         const QStringList bindings = binding.isEmpty() ? QStringList() : QStringList{binding};
+        const auto count = QApplication::allWidgets().size();
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, loadButton(&owner, bindings, action));
+        QCOMPARE(QApplication::allWidgets().size(), count);
+    }
+
+    void aPropertyThatAPartCannotHaveIsAProgrammingError_data() {
+        QTest::addColumn<QString>("part");
+        QTest::addColumn<QByteArray>("property");
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<bool>("isRefused");
+        const auto add = [](const char *part, const char *property, const char *value,
+                            bool isRefused = true) {
+            QTest::addRow("%s of %s: %s", property, part, value)
+                << QString::fromLatin1(part) << QByteArray(property) << QString::fromLatin1(value)
+                << isRefused;
+        };
+        add("button", "confirmation", "Really?", false);
+        add("idleButton", "confirmation", "Really?");
+        add("control", "confirmation", "Really?");
+        add("menuItem", "confirmation", "Really?");
+        add("button", "menu", "menu", false);
+        add("button", "menu", "control");
+        add("menuItem", "menu", "menu");
+        add("table", "tableDelegate", "helper", false);
+        add("control", "tableDelegate", "helper");
+        add("field", "textDidChange", "owner.press", false);
+        add("control", "textDidChange", "owner.press");
+        add("menuItem", "validation", "owner.flag", false);
+        add("looseItem", "validation", "owner.flag");
+        add("button", "validation", "owner.flag");
+        add("control", "itemName", "representedObject.name");
+        add("button", "objects", "other Helper");
+    }
+
+    void aPropertyThatAPartCannotHaveIsAProgrammingError() {
+        QFETCH(QString, part);
+        QFETCH(QByteArray, property);
+        QFETCH(QString, value);
+        QFETCH(bool, isRefused);
+        const QString name = uniqueName();
+        Nib::registerForm(name, [=] {
+            QWidget *form = makeFormOfEveryPart();
+            form->findChild<QObject *>(part)->setProperty(property.constData(), value);
+            return form;
+        });
+        Owner owner;
+        const auto count = QApplication::allWidgets().size();
+        if (isRefused) {
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, Nib::load(name, &owner));
+            QCOMPARE(QApplication::allWidgets().size(), count);
+        } else {
+            QVERIFY(std::unique_ptr<QWidget>(Nib::load(name, &owner)));
+        }
     }
 };
 
