@@ -4,6 +4,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
+#include <algorithm>
 #include <memory>
 
 #include "Controller/NSArrayController+Emptiness.h"
@@ -114,13 +115,15 @@ public:
                 checkBinding(part, NibBinding::parse(binding));
             }
             checkAction(part);
+            checkConfirmation(part);
             checkTextDidChange(part);
             checkValidation(part);
             checkMenu(part);
             checkRowPlace(part);
             checkShortcut(part);
-            checkCheckBox(part);
+            checkButton(part->property("checkBoxName").toString());
             checkTable(part);
+            checkDelegate(part);
             if (const QString nib = part->property("itemNib").toString(); !nib.isEmpty()) {
                 checkForm(nib);
                 checkItemName(part->property("itemName").toByteArray(), nib);
@@ -279,6 +282,14 @@ private:
         checkSelector(part, text);
     }
 
+    void checkConfirmation(const QObject *part) {
+        if (!part->property("confirmation").toString().isEmpty() &&
+            (!qobject_cast<const QAbstractButton *>(part) ||
+             part->property("action").toString().isEmpty())) {
+            report(QStringLiteral("\"%1\" cannot ask before an action").arg(part->objectName()));
+        }
+    }
+
     void checkTextDidChange(QObject *part) {
         if (const QString text = part->property("textDidChange").toString(); !text.isEmpty()) {
             if (!qobject_cast<QLineEdit *>(part)) {
@@ -290,7 +301,11 @@ private:
 
     void checkValidation(QObject *part) {
         if (const QString text = part->property("validation").toString(); !text.isEmpty()) {
-            if (!qobject_cast<QAction *>(part)) {
+            const auto isMenuOfPart = [part](QObject *each) {
+                const auto *menu = qobject_cast<QMenu *>(each);
+                return menu && menu->actions().contains(qobject_cast<QAction *>(part));
+            };
+            if (std::none_of(m_parts.cbegin(), m_parts.cend(), isMenuOfPart)) {
                 report(QStringLiteral("\"%1\" is not in a menu").arg(part->objectName()));
             }
             propertyAt(NibPath::parse(text));
@@ -319,10 +334,9 @@ private:
         }
     }
 
-    void checkCheckBox(const QObject *part) {
-        const QString name = part->property("checkBoxName").toString();
+    void checkButton(const QString &name) {
         if (!name.isEmpty() && !qobject_cast<QAbstractButton *>(m_objects.value(name))) {
-            report(QStringLiteral("no check box \"%1\"").arg(name));
+            report(QStringLiteral("no button \"%1\"").arg(name));
         }
     }
 
@@ -358,12 +372,21 @@ private:
                 propertyAt(table->objectName(), m_contract.classes.value(table->objectName()), key);
             }
         }
-        const QString delegate = table->property("tableDelegate").toString();
+        checkButton(table->property("removeButton").toString());
+    }
+
+    void checkDelegate(QObject *part) {
+        const QString delegate = part->property("tableDelegate").toString();
         if (delegate.isEmpty()) {
             return;
         }
         if (!dynamic_cast<TableViewDelegate *>(m_objects.value(delegate))) {
             report(QStringLiteral("no delegate \"%1\"").arg(delegate));
+        }
+        const auto *table = qobject_cast<TableView *>(part);
+        if (!table) {
+            report(QStringLiteral("\"%1\" is no table").arg(part->objectName()));
+            return;
         }
         for (const QString &identifier : table->columnIdentifiers()) {
             checkForm(identifier);
@@ -533,9 +556,17 @@ private Q_SLOTS:
             "QVSynchronizationSelection");
         add("menu", pane, "moreButton", "menu", text("morMenu"), "no menu \"morMenu\"");
         add("check box of a row", "QVLocationItem", "locationItemView", "checkBoxName",
-            text("rowChekBox"), "no check box \"rowChekBox\"");
+            text("rowChekBox"), "no button \"rowChekBox\"");
         add("delegate of a table", "QVBookmarkingWindow", "tableView", "tableDelegate",
             text("dataSuorce"), "no delegate \"dataSuorce\"");
+        add("delegate of something else", "QVBookmarkingWindow", "removeButton", "tableDelegate",
+            text("dataSource"), "\"removeButton\" is no table");
+        add("button of a table", "QVBookmarkingWindow", "tableView", "removeButton",
+            text("removeButon"), "no button \"removeButon\"");
+        add("question of what is no button", pane, "cleanItem", "confirmation", text("Really?"),
+            "\"cleanItem\" cannot ask before an action");
+        add("question without an action", pane, "moreButton", "confirmation", text("Really?"),
+            "\"moreButton\" cannot ask before an action");
         add("form of a row", pane, "databasesView", "itemNib", text("QVDatabseItem"),
             "No form is named \"QVDatabseItem\"");
         add("place in a row", row, "rowName", "rowPlace", text("leeding"),
@@ -554,6 +585,17 @@ private Q_SLOTS:
         QFETCH(QVariant, value);
         QFETCH(QString, problem);
         QCOMPARE(problemsWith(form, part, property, value), QStringList{problem});
+    }
+
+    void aValidationInNoMenuIsFound() {
+        const auto takeOut = [](const QWidget *form) {
+            auto *item = form->findChild<QAction *>(QStringLiteral("cleanItem"));
+            for (QMenu *menu : form->findChildren<QMenu *>()) {
+                menu->removeAction(item);
+            }
+        };
+        QCOMPARE(problemsOf(QStringLiteral("Sync Preferences"), takeOut),
+                 QStringList{QStringLiteral("\"cleanItem\" is not in a menu")});
     }
 
     void aMisspeltClassIsFound() {
