@@ -93,8 +93,10 @@ void QVSyncPreferences::awakeFromNib() {
     fillAddMenu();
     m_databasesView->setDelegate(this);
     m_locationsView->setDelegate(this);
-    // Its viewport, which also receives what is dropped below the rows.
-    new PackageDrop(m_locationsView->parentWidget(), [this](const Url &URL) { addPackage(URL); });
+    connect(m_databasesController, &ArrayController::selectedObjectsChanged, this,
+            &QVSyncPreferences::forgetImportedIfAnotherIsSelected);
+    // The viewport also receives what is dropped below the rows.
+    new PackageDrop(m_locationsScrollView->viewport(), [this](const Url &URL) { addPackage(URL); });
     m_warningIcon = QIcon(QStringLiteral(":/SyncPreferences/QVSyncSelectionWarning.png"));
     m_warningIcon.setIsMask(true);
 }
@@ -158,6 +160,7 @@ void QVSyncPreferences::appendLocationEditMenuItems() {
 
 void QVSyncPreferences::willDeselect() {
     saveAndPresentError();
+    m_importedUUIDs.clear();
     setLocalDatabasesByUUID({});
     NotificationCenter::defaultCenter().removeObserver(this);
     m_scheduleEditor->stopObservingScheduleFiring();
@@ -295,8 +298,12 @@ void QVSyncPreferences::selectImported(const QString &UUID) {
         return;
     }
     m_importedUUIDs.clear();
-    if (selectedDatabase() == m_selectedAtImport) {
-        selectDatabase(UUID);
+    selectDatabase(UUID);
+}
+
+void QVSyncPreferences::forgetImportedIfAnotherIsSelected() {
+    if (selectedDatabase() != m_selectedAtImport) {
+        m_importedUUIDs.clear();
     }
 }
 

@@ -19,6 +19,7 @@
 #include "Host/QVLocationEditing.h"
 #include "Host/QVSyncPlugin.h"
 #include "Platform/Interface/PreferencePane.h"
+#include "View/ListScrollArea.h"
 #include "View/QVListView.h"
 #include "View/QVListViewDelegate.h"
 
@@ -82,6 +83,7 @@ class QVSyncPreferences : public PreferencePane,
     Q_PROPERTY(NSArrayController *databasesController MEMBER m_databasesController)
     Q_PROPERTY(QVListView *databasesView MEMBER m_databasesView)
     Q_PROPERTY(QVListView *locationsView MEMBER m_locationsView)
+    Q_PROPERTY(ListScrollArea *locationsScrollView MEMBER m_locationsScrollView)
     Q_PROPERTY(QWidget *scheduleView MEMBER m_scheduleView)
     Q_PROPERTY(QPushButton *locationEditPopUpButton MEMBER m_locationEditPopUpButton)
     Q_PROPERTY(QMenu *addMenu MEMBER m_addMenu)
@@ -255,11 +257,11 @@ public:
     /// Presents the error of a row. `error` must not be empty.
     Q_SLOT void presentSynchronizationSelectionError(const std::optional<Error> &error);
 
-    /// Delegate functions of the lists. Group rows, which are strings or null, cannot be selected.
+    /// Delegate functions of the lists. Returns null: every row is made from the form of its list.
     CollectionViewItem *collectionViewItemPrototypeForRepresentedObject(
         QVListView *listView, const QVariant &object) override;
-    /// Delegate functions of the lists. Group rows, which are strings or null, cannot be selected;
-    /// other lists than the two of the pane have no selection.
+    /// Group rows, which are strings or null, cannot be selected; other lists than the two of the
+    /// pane have no selection.
     bool collectionViewShouldSelectItem(QVListView *listView, CollectionViewItem *item) override;
 
     /// Dependency of the derived key, read by KeyValue.
@@ -302,11 +304,12 @@ private:
     void tickAdded(const std::shared_ptr<QVSyncLocation> &location);
     /// Selects and announces the row that was appended last.
     void announceAddedSelection();
-    /// Selects the row of the first of these databases that gets one, unless the user selects
-    /// another row before.
+    /// Selects the row of the first of these databases that gets one, unless another row is
+    /// selected or the pane is left before.
     void awaitImported(const QStringList &UUIDs);
     /// Selects the row of this database if it is awaited.
     void selectImported(const QString &UUID);
+    void forgetImportedIfAnotherIsSelected();
     /// Handler of the editors' sheets.
     void didEditLocation(const std::shared_ptr<QVSyncLocationEditor> &editor, bool isNew,
                          qint64 result);
@@ -319,6 +322,7 @@ private:
     QPointer<NSArrayController> m_databasesController;
     QPointer<QVListView> m_databasesView;
     QPointer<QVListView> m_locationsView;
+    QPointer<ListScrollArea> m_locationsScrollView;
     QPointer<QWidget> m_scheduleView;
     /// Guards the creation of the schedule editor.
     QMutex m_awakening;
