@@ -1118,8 +1118,11 @@ private Q_SLOTS:
 
     void otherMouseButtonsDoNotSelect() {
         m_list->setContent(texts({"a", "b"}));
-        QTest::mouseClick(row(1), Qt::RightButton);
-        QCOMPARE(m_list->selectionIndexes(), IndexSet({0}));
+        for (const Qt::MouseButton button :
+             {Qt::RightButton, Qt::MiddleButton, Qt::BackButton, Qt::ForwardButton}) {
+            QTest::mouseClick(row(1), button);
+            QCOMPARE(m_list->selectionIndexes(), IndexSet({0}));
+        }
     }
 
     void aDoubleClickSelectsFirstAndThenSendsTheAction() {

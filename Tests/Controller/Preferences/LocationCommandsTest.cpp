@@ -9,6 +9,7 @@
 #include "Controller/Preferences/QVSyncPreferences.h"
 #include "Controller/Preferences/QVWebDAVLocationEditor.h"
 #include "Controller/Preferences/SyncPreferencesInterface.h"
+#include "Host/InboxUUID.h"
 #include "Host/QVDirectConnectionServer.h"
 #include "Host/QVSyncLocationsController.h"
 #include "Platform/Foundation/Assertion.h"
@@ -277,9 +278,16 @@ private Q_SLOTS:
     }
 
     void editingWithoutASelectedRowDoesNothing() {
+        m_host->addLocation();
+        m_host->save();
         showPane();
+        m_pane->syncLocationsController()->setSelectionIndexes({});
+        const QStringList before = URLs();
         m_pane->editSelectedSyncLocation(nullptr);
         QVERIFY(!sheet());
+        QCOMPARE(URLs(), before);
+        QCOMPARE(savedCount(), 1);
+        QVERIFY(m_host->application().presentedErrors().isEmpty());
     }
 
     void aNewPackageBecomesALocation() {
@@ -509,6 +517,7 @@ private Q_SLOTS:
             QtInfoMsg, QRegularExpression(QStringLiteral("^Finished cleaning location file:")));
         bool isFinished = false;
         m_pane->cleanLocationForDatabaseWithUUID(location, database->UUID());
+        QVERIFY(!m_pane->plugin()->dispatcher()->activity().isEmpty());
         m_pane->plugin()->dispatcher()->cleanRemoteStoreWithSynchronizationState(
             location->stateForDatabaseWithUUID(database->UUID()),
             [&] { QMetaObject::invokeMethod(qApp, [&] { isFinished = true; }); });
@@ -612,16 +621,30 @@ private Q_SLOTS:
     }
 
     void anImportedDatabaseIsSelected_data() {
-        QTest::addColumn<bool>("selectsAnother");
-        QTest::newRow("it is awaited") << false;
-        QTest::newRow("the user goes on") << true;
+        QTest::addColumn<QStringList>("selectsMeanwhile");
+        QTest::addColumn<bool>("opensAnother");
+        QTest::addColumn<QString>("selectedAtLast");
+        QTest::newRow("it is awaited") << QStringList() << false << QStringLiteral("Attic");
+        QTest::newRow("another is opened before")
+            << QStringList() << true << QStringLiteral("Attic");
+        QTest::newRow("the user goes on")
+            << QStringList{QStringLiteral("Projects")} << false << QStringLiteral("Projects");
+        QTest::newRow("the user goes on and returns")
+            << QStringList{QStringLiteral("Projects"), QStringLiteral("Inbox")} << false
+            << QStringLiteral("Inbox");
     }
     void anImportedDatabaseIsSelected() {
-        QFETCH(const bool, selectsAnother);
+        QFETCH(const QStringList, selectsMeanwhile);
+        QFETCH(const bool, opensAnother);
+        QFETCH(const QString, selectedAtLast);
         const QString imported = QStringLiteral("5c9f2f6e-3f4f-4b55-8a52-0c8a2a0a1b11");
         putDatabaseRecord(m_host->addLocation(), imported, QStringLiteral("Attic"));
-        const QString projects = m_host->addDatabase(QStringLiteral("Projects"))->UUID();
+        const QHash<QString, QString> rows = {
+            {QStringLiteral("Attic"), imported},
+            {QStringLiteral("Projects"), m_host->addDatabase(QStringLiteral("Projects"))->UUID()},
+            {QStringLiteral("Inbox"), InboxUUID}};
         showPane();
+        m_pane->selectDatabase(InboxUUID);
         m_pane->showImportDatabasesSheet(nullptr);
         sheet()->findChild<TableView *>(QStringLiteral("locationsTable"))->selectRow(0);
         pressInSheet("continueButton");
@@ -630,11 +653,14 @@ private Q_SLOTS:
         databases->selectRow(0);
         QTRY_VERIFY(sheet()->findChild<QPushButton *>(QStringLiteral("actionButton"))->isEnabled());
         pressInSheet("actionButton");
-        if (selectsAnother) {
-            m_pane->selectDatabase(projects);
+        for (const QString &name : selectsMeanwhile) {
+            m_pane->selectDatabase(rows.value(name));
         }
-        QTRY_COMPARE(m_pane->databasesView()->items().size(), 3);
-        QCOMPARE(m_pane->selectedDatabase(), selectsAnother ? projects : imported);
+        if (opensAnother) {
+            m_host->addDatabase(QStringLiteral("Another"));
+        }
+        QTRY_COMPARE(m_pane->databasesView()->items().size(), opensAnother ? 4 : 3);
+        QCOMPARE(m_pane->selectedDatabase(), rows.value(selectedAtLast));
     }
 
     void theFirstLocationIsTickedForEveryDatabase() {

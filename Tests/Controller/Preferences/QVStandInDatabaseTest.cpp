@@ -135,10 +135,16 @@ private Q_SLOTS:
 
     void removingAStateThatIsNotThereChangesNothing() {
         QVStandInDatabase row;
-        row.addSynchronizationStatesObject(makeState(true, at(10)));
+        const auto state = makeState(true, at(10));
+        row.addSynchronizationStatesObject(state);
         row.removeSynchronizationStatesObject(makeState(true, at(12)));
-        QCOMPARE(row.synchronizationStates().size(), 1);
+        QCOMPARE(row.synchronizationStates(), QVSyncStates{state});
         QCOMPARE(row.dateOfLastSynchronization(), at(10));
+        QVERIFY(row.canSynchronize());
+        m_host->setLastSynced(state, at(11));
+        QCOMPARE(row.dateOfLastSynchronization(), at(11));
+        state->setEnabled(false);
+        QVERIFY(!row.canSynchronize());
     }
 
     void theLatestDateCounts() {

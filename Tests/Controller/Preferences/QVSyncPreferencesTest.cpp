@@ -362,13 +362,29 @@ private Q_SLOTS:
     }
 
     void aFailedSaveIsPresentedAndNothingIsTakenBack() {
+        const auto database = m_host->addDatabase(QStringLiteral("Data"));
         m_host->addLocation();
+        m_host->save();
         showPane();
+        selectDatabase(QStringLiteral("Data"));
+        const auto isTicked = [&] {
+            const auto location = m_host->locations().syncLocations().constFirst();
+            const auto state = location->stateForDatabaseWithUUID(database->UUID());
+            return state && state->isEnabled();
+        };
         m_host->makeSavesFail();
-        m_pane->saveAndPresentError();
+        rowPart<QCheckBox>(m_pane->locationsView(), 0, "rowCheckBox")->click();
         QCOMPARE(m_host->application().presentedErrors().size(), 1);
         QVERIFY(!m_host->application().presentedErrors().first().localizedDescription.isEmpty());
         QCOMPARE(m_pane->synchronizationSelections().size(), 1);
+        QVERIFY(isTicked());
+
+        m_host->letSavesPass();
+        m_pane->saveAndPresentError();
+        QCOMPARE(m_host->application().presentedErrors().size(), 1);
+        m_pane.reset();
+        m_host->restart();
+        QVERIFY(isTicked());
     }
 
     void anErrorOfARowIsPresentedByItsButton() {
