@@ -4,6 +4,7 @@
 #include "Host/SyncStrings.h"
 #include "Host/UnencryptedPasswords.h"
 #include "Other Sources/QVURLCredentialUtilities.h"
+#include "Platform/Foundation/Assertion.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 
 QVWebDAVLocationEditor::QVWebDAVLocationEditor(const std::shared_ptr<QVSyncLocation> &location)
@@ -90,7 +91,10 @@ bool QVWebDAVLocationEditor::isValid() const {
 }
 
 void QVWebDAVLocationEditor::toggleHTTPS(QObject *checkBox) {
-    const bool isHTTPS = qobject_cast<QCheckBox *>(checkBox)->isChecked();
+    const auto *box = qobject_cast<QCheckBox *>(checkBox);
+    requireParameter(box != nullptr, "checkBox != nil", "QVWebDAVLocationEditor::toggleHTTPS",
+                     "Controller/Preferences/QVWebDAVLocationEditor");
+    const bool isHTTPS = box->isChecked();
     m_portField->setPlaceholderText(QString::number(defaultPortForHTTPS(isHTTPS)));
     m_unencryptedLabel->setVisible(!isHTTPS);
     validate(checkBox);

@@ -92,8 +92,8 @@ public:
 
 public Q_SLOTS:
     /// Shows the default port, and whether the connection is encrypted, for the state of
-    /// `checkBox`, which must be a QCheckBox, and validates. Does not change the port that the user
-    /// has entered.
+    /// `checkBox`, and validates. Does not change the port that the user has entered. Raises an
+    /// AssertionFailure if `checkBox` is no QCheckBox.
     void toggleHTTPS(QObject *checkBox);
     /// Enables the OK button if isValid(), otherwise disables it, and announces the address.
     /// `sender` is not used.

@@ -3,6 +3,7 @@
 #include "Controller/Preferences/SyncPreferencesInterface.h"
 #include "Host/UnencryptedPasswords.h"
 #include "Other Sources/QVURLCredentialUtilities.h"
+#include "Platform/Foundation/Assertion.h"
 #include "Platform/Security/SecretStore.h"
 #include "Platform/Security/UrlCredentialStorage.h"
 #include "Support/SecretService.h"
@@ -124,6 +125,12 @@ private Q_SLOTS:
         QVERIFY(!UnencryptedPasswords::areAccepted(m_location->URL()).value());
         m_editor->acceptModalSheet(nullptr);
         QVERIFY(UnencryptedPasswords::areAccepted(m_location->URL()).value());
+    }
+
+    void onlyACheckBoxTogglesHTTPS() {
+        openAtOnce(QStringLiteral("http://ida@notice/a/S.qvSyncStore"));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, m_editor->toggleHTTPS(nullptr));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, m_editor->toggleHTTPS(m_editor->portField()));
     }
 
     void aSheetWithHTTPSAcceptsNoUnencryptedPassword() {
