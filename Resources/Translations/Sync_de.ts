@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>“%1” is not a valid host. Enter a name, such as “computer.local”, or an IP address.</source>
-        <translation>„%1“ ist kein gültiger Host. Geben Sie einen Namen wie „computer.local“ oder eine IP-Adresse ein.</translation>
+        <translation>„%1“ ist keine gültige Adresse. Geben Sie einen Namen wie „computer.local“ oder eine IP-Adresse ein.</translation>
     </message>
     <message>
         <source>Enter a server and a store name.</source>
@@ -575,7 +575,7 @@
     </message>
     <message>
         <source>The server “%1” cannot be reached: %2. Check the network connection.</source>
-        <translation>Der Server „%1“ ist nicht erreichbar: %2. Prüfen Sie die Netzverbindung.</translation>
+        <translation>Der Server „%1“ ist nicht erreichbar: %2. Prüfen Sie die Netzwerkverbindung.</translation>
     </message>
     <message>
         <source>The server “%1” refused the connection. Check the port, and whether the server is running.</source>
@@ -587,7 +587,7 @@
     </message>
     <message>
         <source>The server “%1” cannot prove its identity: %2 Check the address, or ask the administrator of the server about its certificate.</source>
-        <translation>Der Server „%1“ kann sich nicht ausweisen: %2 Prüfen Sie die Adresse, oder fragen Sie den Administrator des Servers nach dem Zertifikat.</translation>
+        <translation>Der Server „%1“ kann sich nicht ausweisen: %2 Prüfen Sie die Adresse, oder fragen Sie den Verwalter des Servers nach dem Zertifikat.</translation>
     </message>
     <message>
         <source>The server “%1” does not accept this user name and password. Edit the location to correct them.</source>
@@ -595,7 +595,7 @@
     </message>
     <message>
         <source>The server “%1” does not respond. Check the network connection and try again.</source>
-        <translation>Der Server „%1“ antwortet nicht. Prüfen Sie die Netzverbindung, und versuchen Sie es noch einmal.</translation>
+        <translation>Der Server „%1“ antwortet nicht. Prüfen Sie die Netzwerkverbindung, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>The server “%1” reported an internal error (HTTP %2). Try again later or ask its administrator.</source>
@@ -639,11 +639,11 @@
     </message>
     <message>
         <source>The server “%1” was not found. Check its name and the network connection.</source>
-        <translation>Der Server „%1“ wurde nicht gefunden. Prüfen Sie seinen Namen und die Netzverbindung.</translation>
+        <translation>Der Server „%1“ wurde nicht gefunden. Prüfen Sie seinen Namen und die Netzwerkverbindung.</translation>
     </message>
     <message>
         <source>The address of the server “%1” could not be looked up. Check the network connection and try again.</source>
-        <translation>Die Adresse des Servers „%1“ konnte nicht ermittelt werden. Prüfen Sie die Netzverbindung, und versuchen Sie es noch einmal.</translation>
+        <translation>Die Adresse des Servers „%1“ konnte nicht ermittelt werden. Prüfen Sie die Netzwerkverbindung, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>The address of the server “%1” was not looked up because too many look-ups are still running. Try again in a minute.</source>
@@ -1114,7 +1114,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Show in File Manager</source>
-        <translation>In der Dateiverwaltung zeigen</translation>
+        <translation>Im Dateimanager zeigen</translation>
     </message>
     <message>
         <source>Direct Connections…</source>
@@ -1257,7 +1257,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>This computer is in no network. Port: %1</source>
-        <translation>Dieser Computer ist in keinem Netz. Port: %1</translation>
+        <translation>Dieser Computer ist in keinem Netzwerk. Port: %1</translation>
     </message>
     <message>
         <source>Address: %1. Port: %2</source>
@@ -1357,11 +1357,11 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Computers on the local network:</source>
-        <translation>Computer im lokalen Netz:</translation>
+        <translation>Computer im lokalen Netzwerk:</translation>
     </message>
     <message>
         <source>Computers on the local network</source>
-        <translation>Computer im lokalen Netz</translation>
+        <translation>Computer im lokalen Netzwerk</translation>
     </message>
     <message>
         <source>No computer has been found yet. Turn on its server there under “Direct Connections…”, or enter its address.</source>
@@ -1485,7 +1485,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>The edits of “%1” have changed meanwhile, so none was removed. Compare them again, then decide.</source>
-        <translation>Die Bearbeitungen von „%1“ haben sich inzwischen geändert, daher wurde keine entfernt. Vergleichen Sie sie erneut, und entscheiden Sie dann.</translation>
+        <translation>Die Fassungen von „%1“ haben sich inzwischen geändert, daher wurde keine entfernt. Vergleichen Sie sie erneut, und entscheiden Sie dann.</translation>
     </message>
     <message>
         <source>The note “%1” has changed meanwhile. Select it again.</source>
@@ -1875,7 +1875,7 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>Computer on the local network</source>
-        <translation>Computer im lokalen Netz</translation>
+        <translation>Computer im lokalen Netzwerk</translation>
     </message>
     <message>
         <source>Location to import databases from</source>
@@ -1942,11 +1942,11 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
     </message>
     <message>
         <source>The name “%1” cannot be looked up in the local network, because the service Avahi does not respond (%2). Start it and try again.</source>
-        <translation>Der Name „%1“ kann im lokalen Netz nicht gesucht werden, weil der Dienst Avahi nicht antwortet (%2). Starten Sie ihn, und versuchen Sie es noch einmal.</translation>
+        <translation>Der Name „%1“ kann im lokalen Netzwerk nicht gesucht werden, weil der Dienst Avahi nicht antwortet (%2). Starten Sie ihn, und versuchen Sie es noch einmal.</translation>
     </message>
     <message>
         <source>No computer of the local network has responded to the name “%1”. Check that the computer is on and in the same network.</source>
-        <translation>Im lokalen Netz hat sich kein Computer mit dem Namen „%1“ gemeldet. Prüfen Sie, ob der Computer eingeschaltet und im selben Netz ist.</translation>
+        <translation>Im lokalen Netzwerk hat sich kein Computer mit dem Namen „%1“ gemeldet. Prüfen Sie, ob der Computer eingeschaltet und im selben Netzwerk ist.</translation>
     </message>
     <message>
         <source>The password service failed. To restart it, log out and log in again.</source>

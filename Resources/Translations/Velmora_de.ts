@@ -863,7 +863,7 @@ Lizenz: Apache License 2.0</translation>
     </message>
     <message>
         <source>Nothing is synchronized: no database has a ticked location</source>
-        <translation>Nichts wird synchronisiert: Keine Datenbank hat einen ausgewählten Ort</translation>
+        <translation>Nichts wird synchronisiert: Bei keiner Datenbank ist ein Ort angekreuzt</translation>
     </message>
     <message>
         <source>All up to date</source>
@@ -1056,7 +1056,7 @@ Lizenz: Apache License 2.0</translation>
     </message>
     <message>
         <source>Nothing is synchronized. Tick a location in Sync Preferences first.</source>
-        <translation>Nichts wird synchronisiert. Wählen Sie zuerst in den Sync-Einstellungen einen Ort aus.</translation>
+        <translation>Nichts wird synchronisiert. Kreuzen Sie zuerst in den Sync-Einstellungen einen Ort an.</translation>
     </message>
     <message>
         <source>There is no location “%1”. State the title or address of one of these:</source>
@@ -1134,7 +1134,7 @@ Lizenz: Apache License 2.0</translation>
     </message>
     <message>
         <source>Velmora cannot stay in the background at present, because the desktop shows no icons of programs. It ends when its window is closed. Turn the icons on in the desktop's settings, and start Velmora again.</source>
-        <translation>Velmora kann zurzeit nicht im Hintergrund bleiben, weil die Arbeitsumgebung keine Symbole von Programmen zeigt. Es endet, wenn sein Fenster geschlossen wird. Schalten Sie die Symbole in den Einstellungen der Arbeitsumgebung ein, und starten Sie Velmora neu.</translation>
+        <translation>Velmora kann zurzeit nicht im Hintergrund bleiben, weil der Desktop keine Symbole von Programmen anzeigt. Es endet, wenn sein Fenster geschlossen wird. Schalten Sie die Symbole in den Einstellungen des Desktops ein, und starten Sie Velmora neu.</translation>
     </message>
     <message>
         <source>Do Not Stay in the Background</source>

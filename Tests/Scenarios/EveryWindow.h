@@ -102,8 +102,7 @@ inline std::unique_ptr<QWidget> errorBox(TestHost & /*host*/, EventLog & /*log*/
                     QStringLiteral("“Projekte” konnte nicht mit „dav.example.com – Shared“ "
                                    "synchronisiert werden: Der Server akzeptiert den Benutzernamen "
                                    "und das Passwort nicht.")};
-    for (const char *title :
-         {"Ort bearbeiten …", "Erneut versuchen", "In der Dateiverwaltung anzeigen"}) {
+    for (const char *title : {"Ort bearbeiten …", "Erneut versuchen", "Im Dateimanager zeigen"}) {
         error.recoveryOptions.append({QString::fromUtf8(title), [] {}});
     }
     static ErrorBoxes boxes;
