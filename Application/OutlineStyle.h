@@ -2,14 +2,13 @@
 
 #include <QtWidgets/QProxyStyle>
 
-/// Fusion with outlines of controls that are visible on every ground, also on a selected row; its
-/// own have too little contrast; so have lists, tables, texts and menus. Disabled controls have
-/// them, too. The outline of a control
-/// with the focus has the selection color, and the current item of a list with the focus has a
-/// frame. Check marks and the icons of rows and buttons grow with the font. The arrow of a bar
-/// without enough room has the color of texts. Buttons have more room at both sides of their text,
-/// and so have the shortcuts in menus. Layouts have margins of 12 and spacings of 8 pixels unless
-/// they set others. Must be used on the main thread.
+/// Fusion with outlines that are visible on every ground, also on a selected row; its own have too
+/// little contrast. Controls have them, also disabled ones, and lists, tables, texts and menus. The
+/// outline of a control with the focus has the selection color, and the current item of a list with
+/// the focus has a frame. Check marks and the icons of rows and buttons grow with the font. The
+/// arrow of a bar without enough room has the color of texts. Buttons have more room at both sides
+/// of their text, and so have the shortcuts in menus. Layouts have margins of 12 and spacings of 8
+/// pixels unless they set others. Must be used on the main thread.
 class OutlineStyle : public QProxyStyle {
     Q_OBJECT
 public:

@@ -5,9 +5,8 @@
 class QAbstractButton;
 
 /// The background of one list item: paints whether the item is selected, in the color of list
-/// grounds or of the selection, and gives the controls
-/// that are its direct children a matching text color. Created by a form, which connects its
-/// `action`. Must be used on the main thread.
+/// grounds or of the selection, and gives the controls that are its direct children a matching text
+/// color. Created by a form, which connects its `action`. Must be used on the main thread.
 ///
 /// It does not accept clicks, so the list receives them, except for the second of several clicks in
 /// quick succession, which emits `action` instead. Never takes the keyboard focus.
