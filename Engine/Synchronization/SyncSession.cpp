@@ -406,7 +406,7 @@ Expected<void> SyncSession::compareListing() {
         return failure(kept.error());
     }
     m_isAnyRemembered = !kept->isEmpty();
-    m_isGuarded = *isGuarded || m_isAnyRemembered;
+    m_isGuarded = *isGuarded || isAnswered();
     beginPass();
     return noteLost(m_gone);
 }
@@ -487,7 +487,7 @@ Expected<void> SyncSession::compareTransactions() {
         return {};
     }
     // Nothing disappears unless something is superseded.
-    const Expected<void> checked = m_forecast.superseded().isEmpty()
+    const Expected<void> checked = m_forecast.superseded().isEmpty() && !isAnswered()
                                        ? Expected<void>()
                                        : readProfile([this] { return checkRemoval(); });
     return checked.map([this] {
@@ -510,11 +510,11 @@ Expected<void> SyncSession::checkRemoval() {
     if (!count) {
         return failure(count.error());
     }
-    const Expected<Answer> answer = answerTo(*removed);
-    if (!answer) {
-        return failure(answer.error());
+    const Expected<qsizetype> undecidedNotes = countUndecided(*removed);
+    if (!undecidedNotes) {
+        return failure(undecidedNotes.error());
     }
-    if (answer->undecided > 0 && isLarge(removed->size(), *count)) {
+    if (*undecidedNotes > 0 && isLarge(removed->size(), *count)) {
         Removal removal{{}, {}, *count};
         for (const RemovalForecast::Note &note : *removed) {
             removal.UUIDs.append(note.UUID);
@@ -523,38 +523,50 @@ Expected<void> SyncSession::checkRemoval() {
         setUndecidedRemoval(removal);
         return failure(undecided(removed->size(), *count));
     }
-    m_isKeepRemembered = false;
-    m_operationsToKeep = answer->kept;
-    return {};
+    return findKept();
 }
 
-Expected<SyncSession::Answer> SyncSession::answerTo(
-    const QList<RemovalForecast::Note> &removed) const {
-    QSet<QString> decided;
-    if (m_decision.decision != RemovalDecision::Later) {
-        decided = QSet(m_decision.UUIDs.begin(), m_decision.UUIDs.end());
-    }
-    return kept().all().and_then([&](const QSet<OperationId> &kept) -> Expected<Answer> {
-        Answer answer;
-        QSet<OperationId> others = QSet(kept).intersect(m_forecast.superseded());
+Expected<qsizetype> SyncSession::countUndecided(const QList<RemovalForecast::Note> &removed) const {
+    const QSet<QString> decided(m_decision.UUIDs.begin(), m_decision.UUIDs.end());
+    return kept().all().and_then([&](const QSet<OperationId> &kept) -> Expected<qsizetype> {
+        qsizetype count = 0;
         for (const RemovalForecast::Note &note : removed) {
             const Expected<QList<OperationId>> operations = log().operationIds(note.UUID);
             if (!operations) {
                 return failure(operations.error());
             }
-            const QSet<OperationId> edits(operations->begin(), operations->end());
-            const bool isDecided = decided.contains(note.UUID);
-            if (!isDecided && !kept.contains(edits)) {
-                ++answer.undecided;
-                continue;
-            }
-            others.subtract(edits);
-            if (!isDecided || m_decision.decision == RemovalDecision::Keep) {
-                answer.kept.append(*operations);
-            }
+            const bool isKept = kept.contains({operations->begin(), operations->end()});
+            count += isKept || decided.contains(note.UUID) ? 0 : 1;
         }
-        answer.kept.append(others.values());
-        return answer;
+        return count;
+    });
+}
+
+Expected<void> SyncSession::findKept() {
+    QList<OperationId> decided;
+    for (const QString &note : std::as_const(m_decision.UUIDs)) {
+        const Expected<QList<OperationId>> operations = log().operationIds(note);
+        if (!operations) {
+            return failure(operations.error());
+        }
+        decided.append(*operations);
+    }
+    const Expected<QSet<OperationId>> remembered = kept().all();
+    if (!remembered) {
+        return failure(remembered.error());
+    }
+    const bool isKept = m_decision.decision == RemovalDecision::Keep;
+    const QSet<OperationId> others = *remembered - QSet(decided.begin(), decided.end());
+    m_operationsToKeep = isKept ? decided : QList<OperationId>();
+    m_isKeepRemembered = false;
+    const auto add = [&](const OperationId &each) {
+        if (others.contains(each)) {
+            m_operationsToKeep.append(each);
+        }
+    };
+    // Other computers show the notes in the order in which they are renewed.
+    return (others.isEmpty() ? Expected<void>() : log().visitOperationIds(add)).map([&] {
+        m_decision = isKept ? Decision() : m_decision;
     });
 }
 
@@ -661,12 +673,9 @@ Expected<void> SyncSession::keepNotes() {
 }
 
 Expected<void> SyncSession::forgetKept() {
-    // A record that could not be read may remove them when it can.
-    if (!m_isAnyRemembered || !m_damagedRecords.isEmpty()) {
-        return {};
-    }
-    m_isAnyRemembered = false;
-    return profile().write([this] { return kept().remember({}); });
+    return !std::exchange(m_isAnyRemembered, false)
+               ? Expected<void>()
+               : profile().write([this] { return kept().remember({}); });
 }
 
 Expected<void> SyncSession::mergeTransactions() {

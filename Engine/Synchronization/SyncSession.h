@@ -28,9 +28,10 @@
 ///
 /// If more than ten notes and more than half of the database's notes would disappear by all that is
 /// read together, nothing is merged or written, and the session ends with an error of the code
-/// RemovalUndecided, unless the user has decided about these notes. The profile remembers which
-/// notes are kept until all of them are, so that a session that is interrupted meanwhile asks no
-/// second question and removes none.
+/// RemovalUndecided, unless the user has decided about these notes. Those that the user keeps are
+/// renewed, also if their removal cannot be read any more. The profile remembers them until all are
+/// renewed, so that a session that is interrupted meanwhile asks no second question and removes
+/// none.
 ///
 /// An operation that the profile has lost, and that is in no record any more, is reported by each
 /// session that compares everything, until it returns.
@@ -51,7 +52,9 @@ public:
 
     /// Sets what the user has decided; by default, nothing. Keep brings the notes back by new
     /// edits, so that the other computers keep them, too. Must be called before the first step.
-    void setDecision(const Decision &decision) { m_decision = decision; }
+    void setDecision(const Decision &decision) {
+        m_decision = decision.decision == RemovalDecision::Later ? Decision() : decision;
+    }
 
     /// Returns whether this session compares everything, which is not often, and records should be
     /// rewritten, even if it has neither read nor written any: there are many small ones, as in a
@@ -100,6 +103,8 @@ private:
     /// before anything is merged if the user may have to decide. Fails if that happens too often.
     Expected<void> listRewritten(BlobStore &store, const EngineFuture &future);
     bool isRewrittenMeanwhile() const { return m_isAnyMissing && m_unread.isEmpty(); }
+    /// Returns whether the user has decided about notes, now or before a session was interrupted.
+    bool isAnswered() const { return m_isAnyRemembered || !m_decision.UUIDs.isEmpty(); }
     /// Begins to read what is unread.
     void beginPass();
     /// Moves the log of the profile if much was merged since.
@@ -127,16 +132,15 @@ private:
     /// their records are read again. When all are compared, checks what they remove and proceeds to
     /// merging.
     Expected<void> compareTransactions();
-    /// Returns an error if the user must decide about notes that disappear.
+    /// Returns an error if the user must decide about notes that disappear. Otherwise finds what is
+    /// kept.
     Expected<void> checkRemoval();
-    /// What the user has decided, now or before a session was interrupted, about notes that
-    /// disappear: the number of those that are undecided, and the operations that are kept, in the
-    /// order of the notes.
-    struct Answer {
-        qsizetype undecided = 0;
-        QList<OperationId> kept;
-    };
-    Expected<Answer> answerTo(const QList<RemovalForecast::Note> &removed) const;
+    /// Returns how many of the notes that disappear the user has not decided about, now or before a
+    /// session was interrupted.
+    Expected<qsizetype> countUndecided(const QList<RemovalForecast::Note> &removed) const;
+    /// Finds the current operations that the user keeps, whether or not anything that was read
+    /// removes them: what could not be read may do so later.
+    Expected<void> findKept();
     /// Takes what the next step merges, unless it is taken. What takes long to merge is found here.
     Expected<void> takeParts();
     /// Finds what is wrong in the profile and no merge repairs.
@@ -171,7 +175,7 @@ private:
     /// Renews some of the operations of the notes that the user keeps. The first part also
     /// remembers all of them.
     Expected<void> keepNotes();
-    /// Forgets what the user keeps: it is kept now, or no record removes it any more.
+    /// Forgets what the user keeps: all of it is renewed.
     Expected<void> forgetKept();
     /// Merges once everything is compared, and proceeds if everything was merged.
     Expected<void> continueReading();
@@ -194,6 +198,7 @@ private:
 
     /// Whether all known records are verified.
     const bool m_verifiesAll;
+    /// What the user has decided, until it is in `m_operationsToKeep`.
     Decision m_decision;
     Step m_step = Step::Listing;
     Pass m_pass = Pass::Merging;
@@ -202,7 +207,7 @@ private:
     qsizetype m_compared = 0;
     /// The digests of the records that were compared and have to be read again, by name.
     QHash<QString, QByteArray> m_released;
-    /// The operations of notes that the transactions remove although the user keeps them.
+    /// The operations of notes that the user keeps and that are not renewed yet.
     QList<OperationId> m_operationsToKeep;
     /// Whether the profile remembers these, and whether it remembers any at all.
     bool m_isKeepRemembered = false;
