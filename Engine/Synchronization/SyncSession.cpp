@@ -127,7 +127,6 @@ Expected<void> SyncSession::accessProfile() {
 Expected<void> SyncSession::forgetGone() {
     m_step = Step::Forgetting;
     const Contents contents = m_isMuchGone ? Contents::MayBeLost : Contents::MayBeInUnread;
-    m_hasMoved = m_hasMoved || (!m_isMuchGone && !m_gone.isEmpty());
     return forgetSome(m_gone, contents).and_then([this](qsizetype count) -> Expected<void> {
         m_gone.remove(0, count);
         if (!m_gone.isEmpty()) {
@@ -408,7 +407,25 @@ Expected<void> SyncSession::compareListing() {
     m_isAnyRemembered = !kept->isEmpty();
     m_isGuarded = *isGuarded || isAnswered();
     beginPass();
-    return noteLost(m_gone);
+    return noteLost(m_gone).and_then([this] { return noteMoved(); });
+}
+
+Expected<void> SyncSession::noteMoved() {
+    for (const QString &name : m_isMuchGone ? QStringList() : m_gone) {
+        const Expected<KnownTransactions::Contents> contents = known().contents(name);
+        if (!contents) {
+            return failure(contents.error());
+        }
+        m_movedOperations.unite({contents->operations.begin(), contents->operations.end()});
+        m_movedSuperseded.unite({contents->superseded.begin(), contents->superseded.end()});
+    }
+    return {};
+}
+
+bool SyncSession::isMovedLeft(const KnownTransactions::Unwritten &unwritten) const {
+    const QSet<OperationId> operations(unwritten.operations.begin(), unwritten.operations.end());
+    return operations.intersects(m_movedOperations) ||
+           unwritten.superseded.intersects(m_movedSuperseded);
 }
 
 Expected<void> SyncSession::chooseToReadAgain(const QHash<QString, qint64> &sizes) {
@@ -812,11 +829,9 @@ Expected<void> SyncSession::collectUnwritten() {
                     : known().compare().map([](const KnownTransactions::Unwritten &compared) {
                           return std::optional(compared);
                       });
-    return unwritten.map([this](const std::optional<KnownTransactions::Unwritten> &found) {
+    return unwritten.map([&](const std::optional<KnownTransactions::Unwritten> &found) {
         // What has moved may be in a record that was known before, which only a comparison finds.
-        const bool isMovedLeft = std::exchange(m_hasMoved, false) && found &&
-                                 !(found->operations.isEmpty() && found->superseded.isEmpty());
-        m_isRecordWrong = !found || isMovedLeft;
+        m_isRecordWrong = !found || (*isComplete && isMovedLeft(*found));
         if (!m_isRecordWrong) {
             const QSet<OperationId> returned(m_returned.begin(), m_returned.end());
             m_operationsToWrite = found->operations;

@@ -20,9 +20,10 @@
 /// if the record was known, the verification, which is reported as a problem.
 ///
 /// What the store lacks is taken from what the profile has recorded about it. The session compares
-/// everything instead, and begins that record anew, if it is not complete or is wrong, if the
-/// profile has damaged notes, if all records are verified, and at least in the first session with
-/// the store after the profile was opened and in one of each day. Such a session also reads the
+/// everything instead, and begins that record anew, if it is not complete or is wrong, if a record
+/// has disappeared and none that was read has all that it contained, if the profile has damaged
+/// notes, if all records are verified, and at least in the first session with the store after the
+/// profile was opened and in one of each day. Such a session also reads the
 /// known records again that contain an operation which is damaged in the profile, or neither
 /// current nor superseded there.
 ///
@@ -120,6 +121,10 @@ private:
 
     /// Parts that only read the profile, called on a worker thread.
     Expected<void> compareListing();
+    /// Notes what the records contained that the store no longer has, unless that is much.
+    Expected<void> noteMoved();
+    /// Returns whether `unwritten` contains any of that.
+    bool isMovedLeft(const KnownTransactions::Unwritten &unwritten) const;
     /// If everything is compared, chooses those of the known records that are listed that contain
     /// what is damaged in the profile, or what the profile has lost, and finds out whether most of
     /// a large one is superseded. `sizes` contains the sizes of the known records.
@@ -238,8 +243,11 @@ private:
     QStringList m_gone;
     /// Whether so much is in one of those that the store no longer has that everything is compared.
     bool m_isMuchGone = false;
-    /// Whether what is in these is recorded as unwritten until the records are read that have it.
-    bool m_hasMoved = false;
+    /// What was in these unless that is much. It is recorded as unwritten until the records are
+    /// read that have it. If the session fails after that, the next one writes what is left again,
+    /// even if a record that was known before has it.
+    QSet<OperationId> m_movedOperations;
+    QSet<OperationId> m_movedSuperseded;
     MergeQueue m_queue;
     /// What the next step merges.
     QList<MergeQueue::Part> m_parts;

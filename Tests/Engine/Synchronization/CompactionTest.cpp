@@ -329,7 +329,13 @@ private Q_SLOTS:
     }
 
     /// What it has rewritten is found again, the rest is not looked at.
+    void afterARewriteByAnotherComputerNothingIsComparedAgain_data() {
+        QTest::addColumn<bool>("isEdited");
+        QTest::addRow("nothing to send") << false;
+        QTest::addRow("an edit to send") << true;
+    }
     void afterARewriteByAnotherComputerNothingIsComparedAgain() {
+        QFETCH(const bool, isEdited);
         fillTier();
         const QString other = QStringLiteral("Merging");
         m_host->goToComputer(other);
@@ -345,9 +351,16 @@ private Q_SLOTS:
         inbox()->setCompared(subject().store);
         saveNote(QStringLiteral("not recorded"));
         QVERIFY(profile().run(QStringLiteral("DELETE FROM unwritten")));
-        const MemoryStore::Blobs before = m_blobs;
+        if (isEdited) {
+            Note note = inbox()->notes().value().first();
+            note.text = QStringLiteral("edited");
+            QVERIFY(inbox()->saveNote(note));
+        }
         QVERIFY(run<SyncSession>());
-        QCOMPARE(m_blobs, before);
+        QCOMPARE(sizes().size(), isEdited ? 2 : 1);
+        QVERIFY(std::none_of(m_blobs.begin(), m_blobs.end(), [](const auto &blob) {
+            return blob.second.contains("not recorded");
+        }));
         verifyComplete();
         inbox()->setComparisonDue(subject().store);
         QVERIFY(run<SyncSession>());
