@@ -1,9 +1,12 @@
 #include "Engine/Notes/HistoryPruning.h"
 
+#include <QtCore/QPointer>
+
 #include "Engine/Notes/NoteHistory.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
+#include "Platform/Foundation/MainQueue.h"
 
 namespace {
 
@@ -11,6 +14,13 @@ namespace {
 constexpr std::chrono::hours Interval(12);
 /// Leaves the main thread to others between two steps.
 constexpr std::chrono::milliseconds Pause(20);
+
+void logPruningFailureOf(const Expected<void> &result) {
+    if (!result) {
+        NSApp()->logItemCmd(localizedSyncString("Earlier versions:"),
+                            result.error().localizedDescription);
+    }
+}
 
 }  // namespace
 
@@ -30,12 +40,28 @@ void HistoryPruning::goOn() {
 
 void HistoryPruning::prune() {
     const Expected<bool> pruned = advanceTime().and_then([this] { return pruneIfDue(); });
-    if (!pruned) {
-        NSApp()->logItemCmd(localizedSyncString("Earlier versions:"),
-                            pruned.error().localizedDescription);
-    }
+    logPruningFailureOf(pruned.map([](bool) {}));
     m_isContinued = pruned.value_or(false);
-    m_timer.start(m_isContinued ? std::chrono::milliseconds(Pause) : Interval);
+    if (m_isContinued) {
+        moveLog();
+    } else {
+        m_timer.start(Interval);
+    }
+}
+
+void HistoryPruning::moveLog() {
+    m_threads.start([path = m_profile.path(), files = m_profile.files(), self = QPointer(this)] {
+        const Expected<void> moved = ProfileDatabase::moveLog(path, files);
+        MainQueue::dispatchAsync([self, moved] {
+            if (self) {
+                logPruningFailureOf(moved);
+                // A change of the limits may have led to further steps meanwhile.
+                if (self->m_isContinued) {
+                    self->m_timer.start(Pause);
+                }
+            }
+        });
+    });
 }
 
 Expected<void> HistoryPruning::advanceTime() {

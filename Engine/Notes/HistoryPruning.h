@@ -2,19 +2,21 @@
 
 #include <QtCore/QTimer>
 
+#include "Engine/Foundation/WorkerThreads.h"
 #include "Platform/Foundation/Expected.h"
 
 class ProfileDatabase;
 
 /// Removes the earlier versions of notes that exceed the limits of the open profile, see
 /// NoteHistory, at the start of the engine and then twice a day, in short steps on the main thread.
-/// Failures are reported in the application's log. Must be used on the main thread.
-class HistoryPruning {
+/// What is removed is overwritten, which fills the profile's log: it is moved on another thread
+/// between the steps. Failures are reported in the application's log. Must be used on the main
+/// thread.
+class HistoryPruning : public QObject {
+    Q_OBJECT
 public:
     /// Does nothing until start() is called. `profile` is not owned and must outlive this object.
     explicit HistoryPruning(const ProfileDatabase &profile);
-    HistoryPruning(const HistoryPruning &) = delete;
-    HistoryPruning &operator=(const HistoryPruning &) = delete;
 
     /// Begins from the event loop. The profile must be open. Must be called once. Destroying this
     /// object ends it.
@@ -26,6 +28,8 @@ public:
 private:
     /// Performs one step and schedules the next one.
     void prune();
+    /// Moves the profile's log, then schedules the next step.
+    void moveLog();
     /// Lets the versions age, once for each time that they are removed.
     Expected<void> advanceTime();
     /// Performs one step and returns whether there was something to remove.
@@ -35,4 +39,5 @@ private:
     QTimer m_timer;
     /// Whether the next step is not the first one.
     bool m_isContinued = false;
+    WorkerThreads m_threads;
 };

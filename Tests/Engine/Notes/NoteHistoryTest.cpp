@@ -1,5 +1,6 @@
 #include "Engine/Notes/NoteHistory.h"
 
+#include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncSession.h"
@@ -292,6 +293,21 @@ private Q_SLOTS:
         QCOMPARE(countOfVersions(), 30 - 8);
         QTRY_COMPARE(countOfVersions(), 1);
         QVERIFY(m_host->application().logEntries().isEmpty());
+    }
+
+    /// What is deleted is overwritten, by way of the log.
+    void theLogStaysShortWhileMuchIsRemoved() {
+        QVERIFY(profile().run(
+            QStringLiteral("INSERT INTO versions (ended, size, database, note_uuid, place, title,"
+                           " text) WITH RECURSIVE number (n) AS (SELECT 1 UNION ALL SELECT n + 1"
+                           " FROM number WHERE n < 64) SELECT ?, 1048576, databases.id,"
+                           " 'u' || n, '', '', hex(zeroblob(524288))"
+                           " FROM number, databases WHERE is_inbox"),
+            {QDateTime::currentMSecsSinceEpoch()}));
+        m_host->restart();
+        QVERIFY(m_host->library().setHistoryLimits({30, 1}));
+        QTRY_COMPARE(countOfVersions(), 1);
+        QCOMPARE_LT(QFileInfo(ProfileFolder::logOf(profile().path())).size(), 24 << 20);
     }
 
     void aClockThatIsAheadOnceRemovesNothing() {
