@@ -538,6 +538,10 @@
         <translation>أرسل الخادم «⁨%1⁩» استجابة طويلة جدًا. اسأل مدير الخادم.</translation>
     </message>
     <message>
+        <source>The certificate, or one with which it was issued, has a key or a signature that is too weak.</source>
+        <translation>للشهادة، أو لإحدى الشهادات التي أُصدرت بها، مفتاح أو توقيع ضعيف جدًا.</translation>
+    </message>
+    <message>
         <source>The certificate has expired.</source>
         <translation>انتهت صلاحية الشهادة.</translation>
     </message>

@@ -530,6 +530,10 @@
         <translation>Der Server „%1“ hat eine zu lange Antwort gesendet. Fragen Sie seinen Verwalter.</translation>
     </message>
     <message>
+        <source>The certificate, or one with which it was issued, has a key or a signature that is too weak.</source>
+        <translation>Das Zertifikat oder eines, mit dem es ausgestellt wurde, hat einen zu schwachen Schlüssel oder eine zu schwache Signatur.</translation>
+    </message>
+    <message>
         <source>The certificate has expired.</source>
         <translation>Das Zertifikat ist abgelaufen.</translation>
     </message>

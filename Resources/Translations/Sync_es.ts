@@ -510,6 +510,10 @@
         <translation>El servidor «%1» ha enviado una respuesta demasiado larga. Consulte a su administrador.</translation>
     </message>
     <message>
+        <source>The certificate, or one with which it was issued, has a key or a signature that is too weak.</source>
+        <translation>El certificado, o uno de aquellos con los que se emitió, tiene una clave o una firma demasiado débil.</translation>
+    </message>
+    <message>
         <source>The certificate has expired.</source>
         <translation>El certificado ha caducado.</translation>
     </message>

@@ -510,6 +510,10 @@
         <translation>Le serveur « %1 » a envoyé une réponse trop longue. Adressez-vous à son administrateur.</translation>
     </message>
     <message>
+        <source>The certificate, or one with which it was issued, has a key or a signature that is too weak.</source>
+        <translation>Le certificat, ou un de ceux avec lesquels il a été émis, a une clé ou une signature trop faible.</translation>
+    </message>
+    <message>
         <source>The certificate has expired.</source>
         <translation>Le certificat a expiré.</translation>
     </message>

@@ -528,6 +528,10 @@
         <translation>サーバー「%1」が送信した応答が長すぎます。サーバーの管理者に問い合わせてください。</translation>
     </message>
     <message>
+        <source>The certificate, or one with which it was issued, has a key or a signature that is too weak.</source>
+        <translation>証明書、またはその発行に使われた証明書の鍵または署名が弱すぎます。</translation>
+    </message>
+    <message>
         <source>The certificate has expired.</source>
         <translation>証明書の有効期限が切れています。</translation>
     </message>

@@ -17,40 +17,49 @@ void runOpenssl(const QStringList &arguments) {
     }
 }
 
-const QStringList NewKey = {QStringLiteral("req"),
-                            QStringLiteral("-newkey"),
-                            QStringLiteral("ec"),
-                            QStringLiteral("-pkeyopt"),
-                            QStringLiteral("ec_paramgen_curve:P-256"),
-                            QStringLiteral("-nodes")};
+QStringList newKey(TestAuthority::Weakness weakness) {
+    const QStringList kind = weakness == TestAuthority::Weakness::Key
+                                 ? QStringList{QStringLiteral("rsa:512")}
+                                 : QStringList{QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
+                                               QStringLiteral("ec_paramgen_curve:P-256")};
+    return QStringList{QStringLiteral("req"), QStringLiteral("-nodes"), QStringLiteral("-newkey")} +
+           kind;
+}
+
+QString digestOf(TestAuthority::Weakness weakness) {
+    return weakness == TestAuthority::Weakness::Digest ? QStringLiteral("-sha1")
+                                                       : QStringLiteral("-sha256");
+}
 
 }  // namespace
 
-TestAuthority::TestAuthority(const QString &name)
+TestAuthority::TestAuthority(const QString &name, Weakness weakness)
     : m_identity{m_folder.filePath(QStringLiteral("authority.pem")),
                  m_folder.filePath(QStringLiteral("authority.key"))} {
-    runOpenssl(NewKey + QStringList{QStringLiteral("-x509"), QStringLiteral("-utf8"),
-                                    QStringLiteral("-days"), QStringLiteral("2"),
-                                    QStringLiteral("-subj"), QStringLiteral("/CN=") + name,
-                                    QStringLiteral("-keyout"), m_identity.key,
-                                    QStringLiteral("-out"), m_identity.certificate});
+    runOpenssl(newKey(weakness) +
+               QStringList{digestOf(weakness), QStringLiteral("-x509"), QStringLiteral("-utf8"),
+                           QStringLiteral("-days"), QStringLiteral("2"), QStringLiteral("-subj"),
+                           QStringLiteral("/CN=") + name, QStringLiteral("-keyout"), m_identity.key,
+                           QStringLiteral("-out"), m_identity.certificate});
 }
 
 TestAuthority::TestAuthority(const TestAuthority &issuer, const QString &name,
-                             const QStringList &extensions)
-    : m_identity(issuer.issueWith(name, extensions)) {}
+                             const QStringList &extensions, Weakness weakness)
+    : m_identity(issuer.issueWith(name, extensions, 1, weakness)) {}
 
 QSslCertificate TestAuthority::certificate() const {
     return QSslCertificate::fromPath(m_identity.certificate).value(0);
 }
 
-TestAuthority::Identity TestAuthority::issue(const QString &names, int days) const {
+TestAuthority::Identity TestAuthority::issue(const QString &names, int days,
+                                             Weakness weakness) const {
     return issueWith(QStringLiteral("Test Server"), {QStringLiteral("subjectAltName=") + names},
-                     days);
+                     days, weakness);
 }
 
 TestAuthority::Identity TestAuthority::issueWith(const QString &commonName,
-                                                 const QStringList &extensions, int days) const {
+                                                 const QStringList &extensions, int days,
+                                                 Weakness weakness) const {
     const QString stem = m_folder.filePath(QString::number(++m_count));
     const Identity identity = {stem + QStringLiteral(".pem"), stem + QStringLiteral(".key")};
     const QString request = stem + QStringLiteral(".csr");
@@ -60,15 +69,16 @@ TestAuthority::Identity TestAuthority::issueWith(const QString &commonName,
         throw std::runtime_error("cannot write " + configuration.toStdString());
     }
     file.close();
-    runOpenssl(NewKey + QStringList{QStringLiteral("-subj"), QStringLiteral("/CN=") + commonName,
-                                    QStringLiteral("-keyout"), identity.key, QStringLiteral("-out"),
-                                    request});
+    runOpenssl(newKey(weakness) + QStringList{QStringLiteral("-subj"),
+                                              QStringLiteral("/CN=") + commonName,
+                                              QStringLiteral("-keyout"), identity.key,
+                                              QStringLiteral("-out"), request});
     // "req" could sign as well, but not for 0 days, which make an expired certificate.
-    runOpenssl({QStringLiteral("x509"), QStringLiteral("-req"), QStringLiteral("-in"), request,
-                QStringLiteral("-CA"), m_identity.certificate, QStringLiteral("-CAkey"),
-                m_identity.key, QStringLiteral("-CAcreateserial"), QStringLiteral("-days"),
-                QString::number(days), QStringLiteral("-extfile"), configuration,
-                QStringLiteral("-out"), identity.certificate});
+    runOpenssl({QStringLiteral("x509"), QStringLiteral("-req"), digestOf(weakness),
+                QStringLiteral("-in"), request, QStringLiteral("-CA"), m_identity.certificate,
+                QStringLiteral("-CAkey"), m_identity.key, QStringLiteral("-CAcreateserial"),
+                QStringLiteral("-days"), QString::number(days), QStringLiteral("-extfile"),
+                configuration, QStringLiteral("-out"), identity.certificate});
     return identity;
 }
 

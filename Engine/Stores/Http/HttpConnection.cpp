@@ -27,6 +27,10 @@ QString certificateReason(const QSslError &error) {
             return localizedSyncString("The certificate has expired.");
         case QSslError::CertificateNotYetValid:
             return localizedSyncString("The certificate is not valid yet.");
+        case QSslError::CertificateBlacklisted:
+            return localizedSyncString(
+                "The certificate, or one with which it was issued, has a key or a signature that "
+                "is too weak.");
         case QSslError::HostNameMismatch:
             return localizedSyncString("The certificate was issued for another server.");
         default:

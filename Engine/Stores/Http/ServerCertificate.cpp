@@ -19,6 +19,10 @@ struct Free {
 using Authorities = std::unique_ptr<X509_STORE, Free>;
 using Codes = QList<int>;
 
+/// OpenSSL's level of keys of 1024 bits for RSA, 160 for elliptic curves. It excludes MD5 and
+/// SHA-1.
+constexpr int SecurityLevel = 1;
+
 /// The certificate stays the owner.
 X509 *handleOf(const QSslCertificate &certificate) {
     return static_cast<X509 *>(certificate.handle());
@@ -73,6 +77,7 @@ Codes codesOf(const QList<QSslCertificate> &chain, X509_STORE *authorities) {
     Codes codes;
     X509_STORE_CTX_set_app_data(context.get(), &codes);
     X509_STORE_CTX_set_verify_cb(context.get(), &note);
+    X509_VERIFY_PARAM_set_auth_level(X509_STORE_CTX_get0_param(context.get()), SecurityLevel);
     const bool isVerified = X509_STORE_CTX_set_default(context.get(), "ssl_server") == 1 &&
                             X509_verify_cert(context.get()) == 1;
     if (!isVerified && codes.isEmpty()) {
@@ -120,6 +125,10 @@ QSslError::SslError errorOf(int code) {
             return QSslError::InvalidPurpose;
         case X509_V_ERR_CERT_REJECTED:
             return QSslError::CertificateRejected;
+        case X509_V_ERR_EE_KEY_TOO_SMALL:
+        case X509_V_ERR_CA_KEY_TOO_SMALL:
+        case X509_V_ERR_CA_MD_TOO_WEAK:
+            return QSslError::CertificateBlacklisted;
         case X509_V_ERR_HOSTNAME_MISMATCH:
             return QSslError::HostNameMismatch;
         default:

@@ -14,7 +14,10 @@ namespace ServerCertificate {
 
 /// Returns the errors of the first certificate of `chain` as that of `host`, each once; none if it
 /// can be trusted. The other certificates are what the server presents with it, in any order. An
-/// empty chain and certificates that cannot be read are errors.
+/// empty chain and certificates that cannot be read are errors. A certificate with an RSA key of
+/// less than 1024 bits or one that is as weak, or signed with SHA-1 or MD5, is an error of the code
+/// CertificateBlacklisted, and so is one of an authority that issued it; how an authority that this
+/// computer trusts has signed its own certificate does not matter.
 ///
 /// The authorities are those of OpenSSL's folder and file of certificates, and those that are added
 /// to the default QSslConfiguration. The first call of the process reads OpenSSL's file, which

@@ -179,6 +179,30 @@ private Q_SLOTS:
                  isRight ? Errors() : Errors{QSslError::HostNameMismatch});
     }
 
+    void aWeakCertificateIsRefused_data() {
+        QTest::addColumn<TestAuthority::Weakness>("weakness");
+        QTest::newRow("short key") << TestAuthority::Weakness::Key;
+        QTest::newRow("SHA-1") << TestAuthority::Weakness::Digest;
+    }
+    void aWeakCertificateIsRefused() {
+        QFETCH(const TestAuthority::Weakness, weakness);
+        const Errors weak{QSslError::CertificateBlacklisted};
+        const QString names = QStringLiteral("DNS:localhost");
+        const auto own =
+            QSslCertificate::fromPath(m_ofSystem.issue(names, 1, weakness).certificate);
+        QCOMPARE(errors(own), weak);
+        const TestAuthority between(m_ofSystem, QStringLiteral("Weak authority"),
+                                    {QStringLiteral("basicConstraints=CA:TRUE")}, weakness);
+        QCOMPARE(errors(issue(between, names) + QList{between.certificate()}), weak);
+    }
+
+    /// Nobody but the computer vouches for it.
+    void theSignatureOfATrustedAuthorityMayBeWeak() {
+        const TestAuthority old(QStringLiteral("Old authority"), TestAuthority::Weakness::Digest);
+        const TrustedAuthority trusted(old);
+        QCOMPARE(errors(issue(old, QStringLiteral("DNS:localhost"))), Errors());
+    }
+
     void anExpiredCertificateIsRefused() {
         QCOMPARE(errors(issue(m_ofSystem, QStringLiteral("DNS:localhost"), 0)),
                  Errors{QSslError::CertificateExpired});
