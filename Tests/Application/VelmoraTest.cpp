@@ -215,7 +215,7 @@ private Q_SLOTS:
         QVERIFY(QJsonDocument::fromJson(both.output).isObject());
     }
 
-    void darkColoursCanBeAskedFor() {
+    void darkColorsCanBeAskedFor() {
         const QString file = m_folder.filePath(QStringLiteral("dark.png"));
         QCOMPARE(run({QStringLiteral("--profile"), profile(), QStringLiteral("--screenshot"), file,
                       QStringLiteral("--appearance"), QStringLiteral("dark")})

@@ -35,7 +35,7 @@ private Q_SLOTS:
         QCOMPARE(NSClassFromString(m_name), &object);
     }
 
-    void aSecondClassOfTheNameIsLoudAndLeavesTheFirst() {
+    void aSecondClassOfTheNameRaisesAndLeavesTheFirst() {
         FirstClass first;
         SecondClass second;
         const HostClassRegistration registration(m_name, &first);
@@ -49,7 +49,7 @@ private Q_SLOTS:
         QCOMPARE(&requiredHostClass<FirstClass>(), &object);
     }
 
-    void aRequiredClassThatIsMissingOrAnotherIsLoudByName() {
+    void aRequiredClassThatIsMissingOrAnotherRaisesWithItsName() {
         try {
             requiredHostClass<FirstClass>();
             QFAIL("a missing class was found");

@@ -41,14 +41,14 @@ private Q_SLOTS:
 
     void isNotSelectedAtFirst() { QVERIFY(!QVSelectedItemBackgroundView().isSelected()); }
 
-    void paintsTheGroundOfListsOrTheSelectionColour_data() {
+    void paintsTheGroundOfListsOrTheSelectionColor_data() {
         QTest::addColumn<QPalette>("application");
         QTest::addColumn<QColor>("ground");
         QTest::newRow("light theme") << QPalette(QColor(0xef, 0xef, 0xef)) << QColor(Qt::white);
         QTest::newRow("dark theme") << darkPalette() << QColor(10, 10, 12);
     }
 
-    void paintsTheGroundOfListsOrTheSelectionColour() {
+    void paintsTheGroundOfListsOrTheSelectionColor() {
         QFETCH(QPalette, application);
         QFETCH(QColor, ground);
         QApplication::setPalette(application);
@@ -63,7 +63,7 @@ private Q_SLOTS:
         QCOMPARE(view.grab().toImage().pixelColor(19, 9), ground);
     }
 
-    void theSelectionColourIsTheThemes() {
+    void theSelectionColorIsTheThemes() {
         QApplication::setPalette(darkPalette());
         QCOMPARE(ListPalette::alternateSelectedControlColor(), QColor(200, 20, 60));
     }
@@ -274,7 +274,7 @@ private Q_SLOTS:
         QVERIFY(!selected.hasFocus());
     }
 
-    void aSelectedViewIsAlwaysPaintedInTheSelectionColour() {
+    void aSelectedViewIsAlwaysPaintedInTheSelectionColor() {
         QApplication::setPalette(darkPalette());
         QVSelectedView view;
         view.resize(20, 10);

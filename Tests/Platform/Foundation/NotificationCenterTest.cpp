@@ -30,7 +30,7 @@ private Q_SLOTS:
         QCOMPARE(count, 0);
     }
 
-    void observersHearInTheOrderInWhichTheyWereAdded() {
+    void observersAreCalledInTheOrderInWhichTheyWereAdded() {
         NotificationCenter center;
         QObject first;
         QObject second;

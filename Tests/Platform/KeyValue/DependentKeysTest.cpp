@@ -373,7 +373,7 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::followDependencies(&object));
     }
 
-    void aDeclarationOfAnotherTypeIsLoud() {
+    void aDeclarationOfAnotherTypeRaises() {
         WrongDeclaration object;
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, object.announce_key());
     }

@@ -37,18 +37,17 @@ private Q_SLOTS:
     void aSharedPointerOfATypeNeverSeenBeforeYieldsItsObject() {
         const auto object = std::make_shared<NeverRegistered>();
         QCOMPARE(KeyValue::objectValue(QVariant::fromValue(object)), object.get());
-        User person;
-        person.m_anything = QVariant::fromValue(object);
+        User user;
+        user.m_anything = QVariant::fromValue(object);
         object->setName(QStringLiteral("n"));
-        QCOMPARE(KeyValue::value(&person, "anything.name"), QVariant(QStringLiteral("n")));
+        QCOMPARE(KeyValue::value(&user, "anything.name"), QVariant(QStringLiteral("n")));
     }
 
     void objectsAreFoundInEveryKindOfPointer() {
-        User person;
+        User user;
         const auto shared = std::make_shared<User>();
-        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(&person)), &person);
-        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(static_cast<QObject *>(&person))),
-                 &person);
+        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(&user)), &user);
+        QCOMPARE(KeyValue::objectValue(QVariant::fromValue(static_cast<QObject *>(&user))), &user);
         QCOMPARE(KeyValue::objectValue(QVariant::fromValue(shared)), shared.get());
         QCOMPARE(
             KeyValue::objectValue(QVariant::fromValue(std::static_pointer_cast<QObject>(shared))),
@@ -60,7 +59,7 @@ private Q_SLOTS:
     }
 
     void nullValuesOfEachTypeAreAbsent() {
-        User person;
+        User user;
         QVERIFY(KeyValue::isAbsent(QVariant()));
         QVERIFY(KeyValue::isAbsent(QVariant::fromValue(nullptr)));
         QVERIFY(KeyValue::isAbsent(QVariant::fromValue<User *>(nullptr)));
@@ -68,7 +67,7 @@ private Q_SLOTS:
         QVERIFY(KeyValue::isAbsent(QVariant::fromValue(std::optional<Error>())));
         QVERIFY(KeyValue::isAbsent(QVariant(QDateTime())));
         QVERIFY(KeyValue::isAbsent(QVariant::fromValue(Url())));
-        QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(&person)));
+        QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(&user)));
         QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(std::make_shared<User>())));
         QVERIFY(!KeyValue::isAbsent(QVariant::fromValue(std::optional<Error>(Error()))));
         QVERIFY(!KeyValue::isAbsent(QVariant(QDateTime::currentDateTime())));
@@ -81,76 +80,76 @@ private Q_SLOTS:
     }
 
     void valuesAreReadAndWrittenAlongPaths() {
-        User person;
-        person.m_friend = std::make_shared<User>();
+        User user;
+        user.m_friend = std::make_shared<User>();
         User boss;
-        person.m_friend->m_boss = &boss;
-        KeyValue::setValue(&person, "friend_.boss.name", QStringLiteral("n"));
+        user.m_friend->m_boss = &boss;
+        KeyValue::setValue(&user, "friend_.boss.name", QStringLiteral("n"));
         QCOMPARE(boss.name(), QStringLiteral("n"));
-        QCOMPARE(KeyValue::value(&person, "friend_.boss.name"), QVariant(QStringLiteral("n")));
-        QVERIFY(KeyValue::isWritable(&person, "friend_.boss.name"));
-        QVERIFY(!KeyValue::isWritable(&person, "friend_.boss.old"));
+        QCOMPARE(KeyValue::value(&user, "friend_.boss.name"), QVariant(QStringLiteral("n")));
+        QVERIFY(KeyValue::isWritable(&user, "friend_.boss.name"));
+        QVERIFY(!KeyValue::isWritable(&user, "friend_.boss.old"));
     }
 
     void aPathThroughNullIsNeitherReadableNorWritable() {
-        User person;
-        QVERIFY(!KeyValue::value(&person, "friend_.boss.name").isValid());
-        QVERIFY(!KeyValue::value(&person, "boss.name").isValid());
-        QVERIFY(!KeyValue::value(&person, "anything.name").isValid());
-        KeyValue::setValue(&person, "friend_.boss.name", QStringLiteral("n"));
-        QVERIFY(!KeyValue::isWritable(&person, "friend_.name"));
+        User user;
+        QVERIFY(!KeyValue::value(&user, "friend_.boss.name").isValid());
+        QVERIFY(!KeyValue::value(&user, "boss.name").isValid());
+        QVERIFY(!KeyValue::value(&user, "anything.name").isValid());
+        KeyValue::setValue(&user, "friend_.boss.name", QStringLiteral("n"));
+        QVERIFY(!KeyValue::isWritable(&user, "friend_.name"));
     }
 
     void anInvalidVariantWritesTheTypesNothing() {
-        User person;
+        User user;
         User boss;
-        person.m_name = QStringLiteral("n");
-        person.m_age = 5;
-        person.m_boss = &boss;
-        person.m_friend = std::make_shared<User>();
-        person.m_error = Error();
-        person.m_anything = 5;
+        user.m_name = QStringLiteral("n");
+        user.m_age = 5;
+        user.m_boss = &boss;
+        user.m_friend = std::make_shared<User>();
+        user.m_error = Error();
+        user.m_anything = 5;
         for (const char *key : {"name", "age", "boss", "friend_", "error", "anything"}) {
-            KeyValue::setValue(&person, key, QVariant());
+            KeyValue::setValue(&user, key, QVariant());
         }
-        QCOMPARE(person.m_name, QString());
-        QCOMPARE(person.m_age, 0);
-        QCOMPARE(person.m_boss, nullptr);
-        QCOMPARE(person.m_friend, nullptr);
-        QVERIFY(!person.m_error);
-        QVERIFY(!person.m_anything.isValid());
+        QCOMPARE(user.m_name, QString());
+        QCOMPARE(user.m_age, 0);
+        QCOMPARE(user.m_boss, nullptr);
+        QCOMPARE(user.m_friend, nullptr);
+        QVERIFY(!user.m_error);
+        QVERIFY(!user.m_anything.isValid());
     }
 
     void aValueThatConvertsIsWritten() {
-        User person;
-        KeyValue::setValue(&person, "age", QStringLiteral("42"));
-        QCOMPARE(person.m_age, 42);
-        QVERIFY(KeyValue::value(&person, "old").toBool());
+        User user;
+        KeyValue::setValue(&user, "age", QStringLiteral("42"));
+        QCOMPARE(user.m_age, 42);
+        QVERIFY(KeyValue::value(&user, "old").toBool());
     }
 
-    void aMissingKeyIsLoudAndNeverBecomesADynamicProperty() {
-        User person;
-        person.m_boss = &person;
+    void aMissingKeyRaisesAndNeverBecomesADynamicProperty() {
+        User user;
+        user.m_boss = &user;
         for (const char *key : {"missing", "", "boss.missing", "boss..name", ".name", "Name"}) {
-            QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&person, key));
-            QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&person, key, 1));
-            QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::isWritable(&person, key));
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&user, key));
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&user, key, 1));
+            QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::isWritable(&user, key));
         }
-        QVERIFY(person.dynamicPropertyNames().isEmpty());
-        person.setProperty("dynamic", 1);
-        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&person, "dynamic"));
+        QVERIFY(user.dynamicPropertyNames().isEmpty());
+        user.setProperty("dynamic", 1);
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&user, "dynamic"));
     }
 
     void theMessageNamesClassAndKey() {
-        User person;
+        User user;
         try {
-            KeyValue::setValue(&person, "missing", 1);
+            KeyValue::setValue(&user, "missing", 1);
             QFAIL("a missing key was written");
         } catch (const AssertionFailure &failure) {
             QCOMPARE(failure.message(), QStringLiteral("User has no key \"missing\""));
         }
         try {
-            KeyValue::setValue(&person, "age", QStringLiteral("x"));
+            KeyValue::setValue(&user, "age", QStringLiteral("x"));
             QFAIL("a wrong type was written");
         } catch (const AssertionFailure &failure) {
             QCOMPARE(failure.message(),
@@ -159,29 +158,29 @@ private Q_SLOTS:
         }
     }
 
-    void aValueOfAWrongTypeIsLoudAndChangesNothing() {
-        User person;
+    void aValueOfAWrongTypeRaisesAndChangesNothing() {
+        User user;
         QObject other;
-        person.m_age = 5;
+        user.m_age = 5;
         QVERIFY_THROWS_EXCEPTION(AssertionFailure,
-                                 KeyValue::setValue(&person, "age", QStringLiteral("x")));
-        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&person, "friend_", 5));
+                                 KeyValue::setValue(&user, "age", QStringLiteral("x")));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&user, "friend_", 5));
         QVERIFY_THROWS_EXCEPTION(AssertionFailure,
-                                 KeyValue::setValue(&person, "boss", QVariant::fromValue(&other)));
-        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&person, "old", true));
-        QCOMPARE(person.m_age, 5);
-        QCOMPARE(person.m_boss, nullptr);
-        QVERIFY(person.dynamicPropertyNames().isEmpty());
+                                 KeyValue::setValue(&user, "boss", QVariant::fromValue(&other)));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&user, "old", true));
+        QCOMPARE(user.m_age, 5);
+        QCOMPARE(user.m_boss, nullptr);
+        QVERIFY(user.dynamicPropertyNames().isEmpty());
     }
 
-    void aPathThroughAValueThatIsNoObjectIsLoud() {
-        User person;
-        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&person, "age.name"));
-        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&person, "name.age", 1));
-        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::isWritable(&person, "name.age"));
+    void aPathThroughAValueThatIsNoObjectRaises() {
+        User user;
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(&user, "age.name"));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(&user, "name.age", 1));
+        QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::isWritable(&user, "name.age"));
     }
 
-    void noObjectIsLoud() {
+    void aMissingObjectRaises() {
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, (void)KeyValue::value(nullptr, "name"));
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, KeyValue::setValue(nullptr, "name", 1));
     }

@@ -133,7 +133,7 @@ private Q_SLOTS:
         QCOMPARE(order, QStringLiteral("ab"));
     }
 
-    void signalSpiesAndPlainConnectionsHearTheAnnouncementToo() {
+    void signalSpiesAndPlainConnectionsReceiveTheAnnouncementToo() {
         Link link;
         QSignalSpy spy(&link, &Link::numberChanged);
         link.setNumber(0);

@@ -13,7 +13,7 @@
 
 /// A user with a keyboard and a screen reader, without a mouse or a screen: every step is made by
 /// keys, and all that is known of the windows is what they tell assistive technology.
-class KeyboardStoryTest : public QObject {
+class KeyboardOnlyTest : public QObject {
     Q_OBJECT
 
     using State = AccessibleScreen::State;
@@ -149,5 +149,5 @@ private Q_SLOTS:
     }
 };
 
-VELMORA_DISPLAY_TEST(KeyboardStoryTest, AccessibleScreen::require())
-#include "KeyboardStoryTest.moc"
+VELMORA_DISPLAY_TEST(KeyboardOnlyTest, AccessibleScreen::require())
+#include "KeyboardOnlyTest.moc"
