@@ -24,11 +24,11 @@ private:
     QString m_name;
 };
 
-QVariant person(const char *name) {
+QVariant contact(const char *name) {
     return QVariant::fromValue(std::make_shared<Contact>(QLatin1StringView(name)));
 }
 
-class LoudTransformer : public ValueTransformer {
+class UpperCaseTransformer : public ValueTransformer {
 public:
     QMetaType transformedValueClass() const override { return QMetaType::fromType<QString>(); }
     QVariant transformedValue(const QVariant &value) const override {
@@ -119,8 +119,8 @@ class TableViewTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        ValueTransformer::setTransformerForName(std::make_unique<LoudTransformer>(),
-                                                QStringLiteral("Loud"));
+        ValueTransformer::setTransformerForName(std::make_unique<UpperCaseTransformer>(),
+                                                QStringLiteral("UpperCase"));
         ValueTransformer::setTransformerForName(std::make_unique<ColorTransformer>(),
                                                 QStringLiteral("Color"));
     }
@@ -166,13 +166,13 @@ private Q_SLOTS:
         pixmap.fill(Qt::red);
         m_table->setRowIcon(QIcon(pixmap));
         m_table->setProperty("contentKey", QStringLiteral("name"));
-        m_table->setContent({person("Kim"), person("Ada")});
+        m_table->setContent({contact("Kim"), contact("Ada")});
         QCOMPARE(texts(), QStringList({QStringLiteral("Kim"), QStringLiteral("Ada")}));
         QVERIFY(!m_table->item(1, 0)->icon().isNull());
     }
 
     void transformersMakeTextAndIconOfEachObject() {
-        m_table->setProperty("textTransformer", QStringLiteral("Loud"));
+        m_table->setProperty("textTransformer", QStringLiteral("UpperCase"));
         m_table->setProperty("iconTransformer", QStringLiteral("Color"));
         m_table->setContent({QStringLiteral("red"), QStringLiteral("blue")});
         QCOMPARE(texts(), QStringList({QStringLiteral("RED"), QStringLiteral("BLUE")}));
@@ -244,8 +244,11 @@ private Q_SLOTS:
     void onlyTheLeftButtonSendsIt() {
         m_table->setContent({1, 2});
         QSignalSpy actions(m_table.get(), &TableView::action);
-        click(middleOfRow(0), Qt::RightButton);
-        QCOMPARE(actions.count(), 0);
+        for (const Qt::MouseButton button :
+             {Qt::RightButton, Qt::MiddleButton, Qt::BackButton, Qt::ForwardButton}) {
+            click(middleOfRow(0), button);
+            QCOMPARE(actions.count(), 0);
+        }
     }
 
     void theSpaceBarSendsItToo() {
@@ -311,7 +314,7 @@ private Q_SLOTS:
         QCOMPARE(m_table->rowCount(), 0);
     }
 
-    void viewsOfSelectedRowsWriteInTheColourForIt() {
+    void viewsOfSelectedRowsWriteInTheColorForIt() {
         LabelDelegate delegate;
         delegate.rows = 2;
         m_table->setColumnIdentifiers({QStringLiteral("label")});
