@@ -111,9 +111,9 @@ void DropboxServer::setEmail(const QString &email) {
     m_email = email;
 }
 
-void DropboxServer::setPerson(User person) {
+void DropboxServer::setUser(User user) {
     const std::lock_guard lock(m_mutex);
-    m_person = person;
+    m_user = user;
 }
 
 void DropboxServer::expireAccessTokens() {
@@ -287,7 +287,7 @@ std::optional<DropboxServer::Answer> DropboxServer::answerLocked(const Request &
         return m_answers.value(request.path);
     }
     if (request.path == AuthorizePath) {
-        return m_person == User::LooksAway ? std::nullopt : std::optional(authorizePage(request));
+        return m_user == User::LooksAway ? std::nullopt : std::optional(authorizePage(request));
     }
     return request.path == tokenPath() ? token(request) : route(request);
 }
@@ -339,11 +339,11 @@ DropboxServer::Answer DropboxServer::authorizePage(const Request &request) {
         return {.status = 400, .body = "This request is not valid.", .type = "text/plain"};
     }
     QUrlQuery query{{QStringLiteral("state"), value("state")}};
-    if (m_person == User::SignsIn) {
+    if (m_user == User::SignsIn) {
         const QString code = newSecret();
         m_grants.insert(code, {value("code_challenge"), redirectAddress});
         query.addQueryItem(QStringLiteral("code"), code);
-    } else if (m_person == User::Refuses) {
+    } else if (m_user == User::Refuses) {
         query.addQueryItem(QStringLiteral("error"), QStringLiteral("access_denied"));
     }
     QUrl target(redirectAddress);

@@ -59,7 +59,7 @@ public:
     /// The account's address; "ada.l@example.com" unless set.
     QString email() const;
     void setEmail(const QString &email);
-    void setPerson(User person);
+    void setUser(User user);
     /// Expires the access tokens issued so far: requests with them get status 401.
     void expireAccessTokens();
     /// Invalidates every code and token issued so far.
@@ -151,7 +151,7 @@ private:
     QTcpServer *m_server = nullptr;
     quint16 m_port = 0;
     QString m_email = QStringLiteral("ada.l@example.com");
-    User m_person = User::SignsIn;
+    User m_user = User::SignsIn;
     int m_secondsToLive = 14400;
     bool m_givesRefreshTokens = true;
     qsizetype m_pageSize = 1000;

@@ -38,9 +38,8 @@ QVariantMap itemProperties(bool isLocked) {
 
 }  // namespace
 
-PromptingSecretService::PromptingSecretService(const QString &busAddress, User person)
-    : BusService(busAddress, QStringLiteral("org.freedesktop.secrets"), ServicePath),
-      m_person(person) {
+PromptingSecretService::PromptingSecretService(const QString &busAddress, User user)
+    : BusService(busAddress, QStringLiteral("org.freedesktop.secrets"), ServicePath), m_user(user) {
     qDBusRegisterMetaType<QMap<QString, QString>>();
     enterBus();
 }
@@ -69,7 +68,7 @@ bool PromptingSecretService::handleMessage(const QDBusMessage &message,
     connection.send(message.createReply(answer(message)));
     if (message.member() == QLatin1StringView("Prompt")) {
         ++m_countOfPrompts;
-        if (m_person == User::Declines) {
+        if (m_user == User::Declines) {
             QDBusMessage completed = QDBusMessage::createSignal(
                 PromptPath, QStringLiteral("org.freedesktop.Secret.Prompt"),
                 QStringLiteral("Completed"));

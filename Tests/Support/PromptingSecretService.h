@@ -16,7 +16,7 @@ public:
         LooksAway
     };
 
-    PromptingSecretService(const QString &busAddress, User person);
+    PromptingSecretService(const QString &busAddress, User user);
     ~PromptingSecretService() override;
 
     /// The encryption that the first session was asked for with.
@@ -29,7 +29,7 @@ public:
 private:
     QVariantList answer(const QDBusMessage &message);
 
-    const User m_person;
+    const User m_user;
     std::atomic_int m_countOfPrompts = 0;
     mutable std::mutex m_mutex;
     QString m_firstAlgorithm;

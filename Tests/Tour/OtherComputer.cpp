@@ -33,7 +33,7 @@ void say(const QString &line) {
     std::cout << line.toStdString() << std::endl;
 }
 
-class OtherPerson : public TestApplication {
+class OtherUser : public TestApplication {
 public:
     Withdrawal ask(const Question &question, std::function<void(bool)> handler) override {
         say(CodeLine + question.code);
@@ -133,8 +133,8 @@ int OtherComputer::be(int argumentCount, char **arguments) {
     const QApplication application(argumentCount, arguments);
     const SecretService keyring;
     TestHost host;
-    OtherPerson person;
-    person.setEngine(&host.engine());
+    OtherUser user;
+    user.setEngine(&host.engine());
     const auto database = host.addDatabase(Database);
     Note note;
     note.title = NoteTitle;

@@ -182,7 +182,7 @@ class DirectConnectionServerTest : public QObject {
     };
 
     std::unique_ptr<TestHost> m_host;
-    std::unique_ptr<AskedUser> m_person;
+    std::unique_ptr<AskedUser> m_user;
     quint16 m_port = 0;
 
     DirectConnectionServer &server() {
@@ -223,7 +223,7 @@ class DirectConnectionServerTest : public QObject {
 private Q_SLOTS:
     void init() {
         m_host = std::make_unique<TestHost>();
-        m_person = std::make_unique<AskedUser>();
+        m_user = std::make_unique<AskedUser>();
         m_port = freePort();
     }
 
@@ -235,7 +235,7 @@ private Q_SLOTS:
         }
         removeDefault(PortNumberKey);
         removeDefault(EnabledKey);
-        m_person.reset();
+        m_user.reset();
         m_host.reset();
     }
 
@@ -314,8 +314,8 @@ private Q_SLOTS:
         server().startServing();
         QVERIFY(!server().isServing());
         QVERIFY(!server().bonjourService());
-        QTRY_COMPARE(m_person->presentedErrors().size(), 1);
-        const Error error = m_person->presentedErrors().first();
+        QTRY_COMPARE(m_user->presentedErrors().size(), 1);
+        const Error error = m_user->presentedErrors().first();
         QCOMPARE(error.domain, EngineErrorDomain);
         QVERIFY(error.localizedDescription.contains(QString::number(m_port)));
         other.close();
@@ -407,8 +407,8 @@ private Q_SLOTS:
         file.close();
         server().startServing();
         QVERIFY(!server().isServing());
-        QTRY_COMPARE(m_person->presentedErrors().size(), 1);
-        QVERIFY(m_person->presentedErrors().first().localizedDescription.contains(path));
+        QTRY_COMPARE(m_user->presentedErrors().size(), 1);
+        QVERIFY(m_user->presentedErrors().first().localizedDescription.contains(path));
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), QByteArray("no key"));
     }
@@ -418,12 +418,12 @@ private Q_SLOTS:
         Client connection(m_port);
         DirectConnectionPairing client = newClient();
         askFor(connection, client);
-        QTRY_COMPARE(m_person->asked().size(), 1);
-        const Question question = m_person->asked().first();
+        QTRY_COMPARE(m_user->asked().size(), 1);
+        const Question question = m_user->asked().first();
         QVERIFY(question.text.contains(ClientName));
         QCOMPARE(question.code, client.code());
         QVERIFY(!authorizedClients().contains(ClientName));
-        m_person->answerAll(isOneOfUs);
+        m_user->answerAll(isOneOfUs);
         QCOMPARE(connection.answer()[Type].toString(), Welcome);
         QCOMPARE(authorizedClients(), QStringList(ClientName));
         QCOMPARE(connection.answerTo(list(QStringLiteral("databases"))), Done);
@@ -434,7 +434,7 @@ private Q_SLOTS:
 
     void aNewClientIsRefusedIfTheUserRefusesIt() {
         serve();
-        m_person->answerAll(isAStranger);
+        m_user->answerAll(isAStranger);
         Client connection(m_port);
         DirectConnectionPairing client = newClient();
         askFor(connection, client);
@@ -452,9 +452,9 @@ private Q_SLOTS:
         Client connection(m_port);
         DirectConnectionPairing client = newClient();
         askFor(connection, client);
-        QTRY_COMPARE(m_person->asked().size(), 1);
-        QVERIFY(m_person->asked().first().details.contains(QStringLiteral("replaces another")));
-        m_person->answerAll(isOneOfUs);
+        QTRY_COMPARE(m_user->asked().size(), 1);
+        QVERIFY(m_user->asked().first().details.contains(QStringLiteral("replaces another")));
+        m_user->answerAll(isOneOfUs);
         QCOMPARE(connection.answer()[Type].toString(), Welcome);
         Client impostor(m_port);
         QCOMPARE(impostor.answerTo(hello(ClientName, former)), Refused);
@@ -486,7 +486,7 @@ private Q_SLOTS:
         client.clientNonce = DirectConnectionPairing::random();
         connection.send(revealMessage(client));
         QVERIFY(connection.endsInSilence());
-        QVERIFY(m_person->asked().isEmpty());
+        QVERIFY(m_user->asked().isEmpty());
     }
 
     void clientsWithUnprintableNamesAreRefusedWithoutAQuestion() {
@@ -499,18 +499,18 @@ private Q_SLOTS:
             QVERIFY(connection.endsInSilence());
         }
         QVERIFY(DirectConnectionClients::isName(QStringLiteral("Jürgen at 茶室 🍵")));
-        QVERIFY(m_person->asked().isEmpty());
+        QVERIFY(m_user->asked().isEmpty());
     }
 
     void aNameThatIsNotAsciiIsKeptInAscii() {
         serve();
-        m_person->answerAll(isOneOfUs);
+        m_user->answerAll(isOneOfUs);
         const QString name = QStringLiteral("Jürgen: 100%");
         Client connection(m_port);
         DirectConnectionPairing client = newClient(name);
         askFor(connection, client);
         QCOMPARE(connection.answer()[Type].toString(), Welcome);
-        QVERIFY(m_person->asked().first().text.contains(name));
+        QVERIFY(m_user->asked().first().text.contains(name));
         const QString account = QStringLiteral("J%C3%BCrgen: 100%25");
         QCOMPARE(authorizedClients(), QStringList(account));
         const QByteArray secret = client.clientSecret.toByteArray();
@@ -544,19 +544,19 @@ private Q_SLOTS:
         auto first = std::make_unique<Client>(m_port);
         DirectConnectionPairing client = newClient();
         askFor(*first, client);
-        QTRY_COMPARE(m_person->asked().size(), 1);
+        QTRY_COMPARE(m_user->asked().size(), 1);
         Client second(m_port);
         DirectConnectionPairing other = newClient(QStringLiteral("other"));
         askFor(second, other);
         QCOMPARE(second.answer()[Type].toString(), Busy);
-        QCOMPARE(m_person->asked().size(), 1);
+        QCOMPARE(m_user->asked().size(), 1);
         // The question of a client that has gone is withdrawn and keeps no other client out.
         first.reset();
-        QTRY_COMPARE(m_person->waiting(), 0);
+        QTRY_COMPARE(m_user->waiting(), 0);
         Client third(m_port);
         askFor(third, other);
-        QTRY_COMPARE(m_person->asked().size(), 2);
-        m_person->answerAll(isOneOfUs);
+        QTRY_COMPARE(m_user->asked().size(), 2);
+        m_user->answerAll(isOneOfUs);
         QCOMPARE(third.answer()[Type].toString(), Welcome);
         QVERIFY(!authorizedClients().contains(ClientName));
     }
@@ -567,18 +567,18 @@ private Q_SLOTS:
         Client first(m_port);
         DirectConnectionPairing client = newClient();
         askFor(first, client);
-        QTRY_COMPARE(m_person->waiting(), 1);
+        QTRY_COMPARE(m_user->waiting(), 1);
         QVERIFY(first.endsInSilence());
-        QTRY_COMPARE(m_person->waiting(), 0);
+        QTRY_COMPARE(m_user->waiting(), 0);
         Client second(m_port);
         askFor(second, client);
-        QTRY_COMPARE(m_person->asked().size(), 2);
+        QTRY_COMPARE(m_user->asked().size(), 2);
         QVERIFY(!authorizedClients().contains(ClientName));
     }
 
     void questionsBecomeRarerWithEachRefusal() {
         serve({.pauseAfterRefusal = std::chrono::milliseconds(100)});
-        m_person->answerAll(isAStranger);
+        m_user->answerAll(isAStranger);
         // After pauses of 100, 200, 400, 800 and 1600 ms, there is time for at most five questions.
         int tries = 0;
         for (QElapsedTimer time = started(); time.elapsed() < 3000; ++tries) {
@@ -588,13 +588,13 @@ private Q_SLOTS:
             QVERIFY(!connection.answer().isEmpty());
         }
         QVERIFY(tries > 5);
-        QVERIFY(m_person->asked().size() <= 5);
-        QVERIFY(m_person->asked().size() > 1);
+        QVERIFY(m_user->asked().size() <= 5);
+        QVERIFY(m_user->asked().size() > 1);
     }
 
     void afterARefusalTheUserIsNotAskedForAWhile() {
         serve();
-        m_person->answerAll(isAStranger);
+        m_user->answerAll(isAStranger);
         Client first(m_port);
         DirectConnectionPairing client = newClient();
         askFor(first, client);
@@ -602,12 +602,12 @@ private Q_SLOTS:
         Client second(m_port);
         askFor(second, client);
         QCOMPARE(second.answer()[Type].toString(), Busy);
-        QCOMPARE(m_person->asked().size(), 1);
+        QCOMPARE(m_user->asked().size(), 1);
     }
 
     void aStrangerKeepsNoOtherComputerOut() {
         serve();
-        m_person->answerAll(isAStranger);
+        m_user->answerAll(isAStranger);
         Client stranger(m_port);
         DirectConnectionPairing unwanted = newClient(QStringLiteral("stranger"));
         askFor(stranger, unwanted);
@@ -615,7 +615,7 @@ private Q_SLOTS:
         Client again(m_port);
         askFor(again, unwanted);
         QCOMPARE(again.answer()[Type].toString(), Busy);
-        m_person->answerAll(isOneOfUs);
+        m_user->answerAll(isOneOfUs);
         Client other(m_port, "127.0.0.2");
         DirectConnectionPairing client = newClient();
         askFor(other, client);
@@ -626,7 +626,7 @@ private Q_SLOTS:
         const DirectConnection::Limits limits{.pauseAfterRefusal = std::chrono::milliseconds(0),
                                               .refusalsInAnHour = 2};
         serve(limits);
-        m_person->answerAll(isAStranger);
+        m_user->answerAll(isAStranger);
         DirectConnectionPairing unwanted = newClient();
         for (const char *address : {"127.0.0.2", "127.0.0.3"}) {
             Client stranger(m_port, address);
@@ -636,11 +636,11 @@ private Q_SLOTS:
         Client third(m_port, "127.0.0.4");
         askFor(third, unwanted);
         QCOMPARE(third.answer()[Type].toString(), Busy);
-        QCOMPARE(m_person->asked().size(), 2);
+        QCOMPARE(m_user->asked().size(), 2);
         // They have kept everyone out until the user switches the server off and on.
         server().stopServing();
         serve(limits);
-        m_person->answerAll(isOneOfUs);
+        m_user->answerAll(isOneOfUs);
         Client other(m_port, "127.0.0.5");
         askFor(other, unwanted);
         QCOMPARE(other.answer()[Type].toString(), Welcome);
@@ -700,14 +700,14 @@ private Q_SLOTS:
         Client connection(m_port);
         DirectConnectionPairing client = newClient();
         askFor(connection, client);
-        QTRY_COMPARE(m_person->asked().size(), 1);
+        QTRY_COMPARE(m_user->asked().size(), 1);
         server().stopServing();
         server().startServing();
-        m_person->answerAll(isOneOfUs);
+        m_user->answerAll(isOneOfUs);
         // The server may still refuse the client before it closes the connection.
         QVERIFY(QTest::qWaitFor([&] { return connection.hasEnded(); }, EventTimeout));
         QVERIFY(!authorizedClients().contains(ClientName));
-        m_person->think();
+        m_user->think();
     }
 
     void anAnswerAfterTheDeadlineAuthorizesNoClient() {
@@ -716,7 +716,7 @@ private Q_SLOTS:
         DirectConnectionPairing client = newClient();
         askFor(connection, client);
         QVERIFY(connection.endsInSilence());
-        m_person->answerAll(isOneOfUs);
+        m_user->answerAll(isOneOfUs);
         Client later(m_port);
         QCOMPARE(later.answerTo(hello(ClientName, client.clientSecret.toByteArray())), Refused);
     }
@@ -1051,7 +1051,7 @@ private Q_SLOTS:
         database->setServed(false);
         m_host->letSavesPass();
         QVERIFY(database->isServed());
-        QCOMPARE(m_person->presentedErrors().size(), 1);
+        QCOMPARE(m_user->presentedErrors().size(), 1);
     }
 
     void theLastConnectionOfEachClientIsStated() {
@@ -1131,8 +1131,8 @@ private Q_SLOTS:
         // The port is free again.
         serve();
         // That it does not know its clients is reported.
-        QTRY_VERIFY(!m_person->presentedErrors().isEmpty());
-        QVERIFY(m_person->presentedErrors().first().localizedDescription.contains(
+        QTRY_VERIFY(!m_user->presentedErrors().isEmpty());
+        QVERIFY(m_user->presentedErrors().first().localizedDescription.contains(
             QStringLiteral("could not be read")));
     }
 };

@@ -48,7 +48,7 @@ class DirectConnectionStoreTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<TestHost> m_host;
-    std::unique_ptr<AskedUser> m_person;
+    std::unique_ptr<AskedUser> m_user;
     std::shared_ptr<QVSyncLocation> m_location;
     quint16 m_port = 0;
 
@@ -69,9 +69,9 @@ class DirectConnectionStoreTest : public QObject {
     }
 
     void pair() {
-        m_person->answerAll(isAnything);
+        m_user->answerAll(isAnything);
         QCOMPARE(description(open(newStore())), QString());
-        m_person->think();
+        m_user->think();
     }
 
     static void forget(const QString &service) {
@@ -87,7 +87,7 @@ class DirectConnectionStoreTest : public QObject {
 private Q_SLOTS:
     void init() {
         m_host = std::make_unique<TestHost>();
-        m_person = std::make_unique<AskedUser>();
+        m_user = std::make_unique<AskedUser>();
         m_port = freePort();
         m_location = m_host->addLocation(address());
         server().setPort(m_port);
@@ -99,7 +99,7 @@ private Q_SLOTS:
         revoke();
         m_location.reset();
         m_host.reset();
-        m_person.reset();
+        m_user.reset();
     }
 
     void aDatabaseThatIsNotServedIsNamedAsSuch() {
@@ -117,20 +117,20 @@ private Q_SLOTS:
     }
 
     void theFirstOpeningPairsAndBothUsersSeeTheSameCode() {
-        m_person->answerAll(isAnything);
+        m_user->answerAll(isAnything);
         QCOMPARE(description(open(newStore())), QString());
-        QCOMPARE(m_person->asked().size(), 2);
-        const QString code = m_person->asked().first().code;
+        QCOMPARE(m_user->asked().size(), 2);
+        const QString code = m_user->asked().first().code;
         QVERIFY(!code.isEmpty());
-        QCOMPARE(m_person->asked().last().code, code);
+        QCOMPARE(m_user->asked().last().code, code);
         const QStringList clients =
             Keychain::shared().accounts(DirectConnection::ClientAuthorizationServiceName).value();
         QCOMPARE(clients.size(), 1);
         QVERIFY(clients.first().endsWith(QStringLiteral(" at ") + QSysInfo::machineHostName()));
-        QVERIFY(m_person->asked().first().text.contains(clients.first()) ||
-                m_person->asked().last().text.contains(clients.first()));
+        QVERIFY(m_user->asked().first().text.contains(clients.first()) ||
+                m_user->asked().last().text.contains(clients.first()));
         QCOMPARE(description(open(newStore())), QString());
-        QCOMPARE(m_person->asked().size(), 2);
+        QCOMPARE(m_user->asked().size(), 2);
     }
 
     // A location that was added is paired and checked at the same time.
@@ -141,13 +141,13 @@ private Q_SLOTS:
                 MainQueue::dispatchAsync([&results, error] { results.append(error); });
             });
         }
-        QTRY_COMPARE(m_person->waiting(), 2);
-        m_person->answerAll(isAnything);
+        QTRY_COMPARE(m_user->waiting(), 2);
+        m_user->answerAll(isAnything);
         QTRY_COMPARE(results.size(), 3);
         for (const std::optional<Error> &error : std::as_const(results)) {
             QVERIFY2(!error, qPrintable(error.value_or(Error()).localizedDescription));
         }
-        QCOMPARE(m_person->asked().size(), 2);
+        QCOMPARE(m_user->asked().size(), 2);
     }
 
     void aStoreIsCheckedLikeAnyOther() {
@@ -197,18 +197,18 @@ private Q_SLOTS:
         removeDefault(QStringLiteral("QVDirectConnectionServerPortNumber"));
         removeDefault(QStringLiteral("QVDirectConnectionServerEnabled"));
         m_location = m_host->locations().syncLocations().first();
-        setNSApp(m_person.get());
+        setNSApp(m_user.get());
         QCOMPARE(description(open(newStore())), QString());
-        QCOMPARE(m_person->asked().size(), 2);
+        QCOMPARE(m_user->asked().size(), 2);
 
         m_location = m_host->addLocation(address());
-        m_person->answerAll(isNothing);
+        m_user->answerAll(isNothing);
         QCOMPARE(code(open(newStore())), EngineErrorCode::AccessDenied);
-        QCOMPARE(m_person->asked().size(), 4);
+        QCOMPARE(m_user->asked().size(), 4);
     }
 
     void theUserAtTheServerMayRefuse() {
-        m_person->answerAll([](const Question &question) { return !isServersQuestion(question); });
+        m_user->answerAll([](const Question &question) { return !isServersQuestion(question); });
         const Expected<void> opened = open(newStore());
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
         QVERIFY(description(opened).contains(QStringLiteral("127.0.0.1")));
@@ -217,14 +217,14 @@ private Q_SLOTS:
 
     void theUserAtTheClientMayRefuseAndNothingIsPinned() {
         m_host->engine().plugin().context().pairings->setPauses({});
-        m_person->answerAll(isServersQuestion);
+        m_user->answerAll(isServersQuestion);
         const Expected<void> opened = open(newStore());
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
         QVERIFY(description(opened).contains(QStringLiteral("accept it on both computers")));
-        QCOMPARE(m_person->asked().size(), 2);
-        m_person->answerAll(isAnything);
+        QCOMPARE(m_user->asked().size(), 2);
+        m_user->answerAll(isAnything);
         QCOMPARE(description(open(newStore())), QString());
-        QCOMPARE(m_person->asked().size(), 4);
+        QCOMPARE(m_user->asked().size(), 4);
     }
 
     void cancellingEndsWaitingForTheUsers() {
@@ -236,32 +236,32 @@ private Q_SLOTS:
                 result = error;
                 isDone = true;
             });
-        QTRY_COMPARE(m_person->asked().size(), 2);
+        QTRY_COMPARE(m_user->asked().size(), 2);
         QVERIFY(!isDone);
         future->cancel();
         QTRY_VERIFY(isDone);
         QCOMPARE(code(result), EngineErrorCode::Cancelled);
         // Both questions end with the attempt.
-        QTRY_COMPARE(m_person->waiting(), 0);
+        QTRY_COMPARE(m_user->waiting(), 0);
     }
 
     void theUserAtTheClientIsNotAskedAgainAtOnce() {
-        m_person->answerAll(isServersQuestion);
+        m_user->answerAll(isServersQuestion);
         const Expected<void> opened = open(newStore());
         QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
         QVERIFY(description(opened).contains(QStringLiteral("accept it on both computers")));
-        QCOMPARE(m_person->asked().size(), 2);
+        QCOMPARE(m_user->asked().size(), 2);
         for (int i = 0; i < 3; ++i) {
             const Expected<void> opened = open(newStore());
             QCOMPARE(code(opened), EngineErrorCode::AccessDenied);
             QVERIFY(description(opened).contains(QStringLiteral("not paired")));
         }
-        QCOMPARE(m_person->asked().size(), 2);
+        QCOMPARE(m_user->asked().size(), 2);
     }
 
     void quittingDoesNotWaitForTheUsers() {
         newStore()->openWithCompletionHandler([](const std::optional<Error> &) {});
-        QTRY_COMPARE(m_person->asked().size(), 2);
+        QTRY_COMPARE(m_user->asked().size(), 2);
         m_location.reset();
         QElapsedTimer clock;
         clock.start();
@@ -275,21 +275,21 @@ private Q_SLOTS:
         server().stopServing();
         QVERIFY(QFile::remove(m_host->directory() + QStringLiteral("/Direct Connection.pem")));
         server().startServing();
-        m_person->answerAll(isAnything);
-        const qsizetype asked = m_person->asked().size();
+        m_user->answerAll(isAnything);
+        const qsizetype asked = m_user->asked().size();
         const Expected<void> opened = open(newStore());
         QCOMPARE(code(opened), EngineErrorCode::CertificateUntrusted);
         QVERIFY(description(opened).contains(QStringLiteral("127.0.0.1")));
-        QCOMPARE(m_person->asked().size(), asked);
+        QCOMPARE(m_user->asked().size(), asked);
     }
 
     void aForgottenSecretPairsAgainButOnlyWithThePinnedServer() {
         pair();
         const QString service = QStringLiteral("Velmora Direct Connection Servers");
         forget(service);
-        m_person->answerAll(isAnything);
+        m_user->answerAll(isAnything);
         QCOMPARE(description(open(newStore())), QString());
-        QCOMPARE(m_person->asked().size(), 4);
+        QCOMPARE(m_user->asked().size(), 4);
         forget(service);
         server().stopServing();
         QVERIFY(QFile::remove(m_host->directory() + QStringLiteral("/Direct Connection.pem")));
@@ -308,7 +308,7 @@ private Q_SLOTS:
         }
         QCOMPARE(code(open(newStore())), EngineErrorCode::AccessDenied);
         // No user is asked again.
-        QCOMPARE(m_person->asked().size(), 2);
+        QCOMPARE(m_user->asked().size(), 2);
     }
 
     void theServersDatabasesAreFetched() {

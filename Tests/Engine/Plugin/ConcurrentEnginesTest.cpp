@@ -123,7 +123,7 @@ private:
 class ConcurrentEnginesTest : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<AskedUser> m_person;
+    std::unique_ptr<AskedUser> m_user;
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<WebDAVServer> m_server;
     std::unique_ptr<QTcpServer> m_silent;
@@ -168,7 +168,7 @@ class ConcurrentEnginesTest : public QObject {
 
 private Q_SLOTS:
     void init() {
-        m_person = std::make_unique<AskedUser>();
+        m_user = std::make_unique<AskedUser>();
         m_folder = std::make_unique<QTemporaryDir>();
         makeSharedPackage(m_folder->path());
         m_server = std::make_unique<WebDAVServer>(WebDAVServer::Options{});
@@ -189,13 +189,13 @@ private Q_SLOTS:
         }
         m_titles.clear();
         // Pairs the first with the second.
-        m_person->answerAll([](const Question &) { return true; });
+        m_user->answerAll([](const Question &) { return true; });
         m_ended = 0;
         start(*m_first, 2, 1);
         QTRY_COMPARE(m_ended, 1);
         m_ended = 0;
-        QCOMPARE(m_person->asked().size(), 2);
-        m_person->think();
+        QCOMPARE(m_user->asked().size(), 2);
+        m_user->think();
     }
     void cleanup() {
         for (ConcurrentEngine *engine : {m_first.get(), m_second.get()}) {
@@ -211,12 +211,12 @@ private Q_SLOTS:
         for (const QString &account : keychain.accounts(service).value_or(QStringList())) {
             KeychainRemoval::removeFirst(keychain, service.toUtf8(), account.toUtf8());
         }
-        m_person.reset();
+        m_user.reset();
     }
 
     void bothReceiveAllNotesWhileOtherLocationsHang() {
         startHanging();
-        QTRY_COMPARE(m_person->waiting(), 2);
+        QTRY_COMPARE(m_user->waiting(), 2);
         for (int i = 0; i < 2; ++i) {
             saveNotes(QStringLiteral("Note %1 of ").arg(i));
             exchangeNotes();

@@ -136,7 +136,7 @@ private:
 class DirectConnectionFixture : public FilesFixture {
 public:
     DirectConnectionFixture() {
-        m_person.answerAll([](const Question & /*question*/) { return true; });
+        m_user.answerAll([](const Question & /*question*/) { return true; });
         auto &server = dynamic_cast<DirectConnectionServer &>(*m_host.engine().plugin().server());
         server.setPort(m_port);
         server.startServing();
@@ -160,7 +160,7 @@ protected:
 
 private:
     TestHost m_host;
-    AskedUser m_person;
+    AskedUser m_user;
     const quint16 m_port = freePort();
     std::shared_ptr<EngineSyncLocation> m_location;
 };

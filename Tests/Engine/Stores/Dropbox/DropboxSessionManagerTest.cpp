@@ -188,7 +188,7 @@ private Q_SLOTS:
     }
 
     void aRefusalIsAnError() {
-        m_server->setPerson(DropboxServer::User::Refuses);
+        m_server->setUser(DropboxServer::User::Refuses);
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->email, QString());
@@ -203,7 +203,7 @@ private Q_SLOTS:
     }
 
     void aRedirectWithNeitherCodeNorErrorIsAnError() {
-        m_server->setPerson(DropboxServer::User::GetsLost);
+        m_server->setUser(DropboxServer::User::GetsLost);
         const auto outcome = authorize();
         QTRY_COMPARE(outcome->calls, 1);
         QCOMPARE(outcome->description(),
@@ -320,7 +320,7 @@ private Q_SLOTS:
     }
 
     void cancellingTheFutureEndsIt() {
-        m_server->setPerson(DropboxServer::User::LooksAway);
+        m_server->setUser(DropboxServer::User::LooksAway);
         const auto future = PZFuture::future();
         const auto outcome = authorize(*m_session, future);
         QTRY_COMPARE(m_browser->opened().size(), 1);
@@ -364,14 +364,14 @@ private Q_SLOTS:
 
     void theSameFutureServesOneAuthorizationAfterTheOther() {
         const auto future = PZFuture::future();
-        m_server->setPerson(DropboxServer::User::Refuses);
+        m_server->setUser(DropboxServer::User::Refuses);
         const auto refused = authorize(*m_session, future);
         QTRY_COMPARE(refused->calls, 1);
-        m_server->setPerson(DropboxServer::User::SignsIn);
+        m_server->setUser(DropboxServer::User::SignsIn);
         const auto accepted = authorize(*m_session, future);
         QTRY_COMPARE(accepted->calls, 1);
         QCOMPARE(accepted->email, m_server->email());
-        m_server->setPerson(DropboxServer::User::LooksAway);
+        m_server->setUser(DropboxServer::User::LooksAway);
         const auto cancelled = authorize(*m_session, future);
         QTRY_COMPARE(m_browser->opened().size(), 3);
         future->cancel();
@@ -396,7 +396,7 @@ private Q_SLOTS:
     }
 
     void signingInHasATimeout() {
-        m_server->setPerson(DropboxServer::User::LooksAway);
+        m_server->setUser(DropboxServer::User::LooksAway);
         DropboxSessionManager manager({.user = std::chrono::milliseconds(1)});
         const auto outcome = authorize(*manager.sessionWithURL(Url()), PZFuture::future());
         QTRY_COMPARE(outcome->calls, 1);

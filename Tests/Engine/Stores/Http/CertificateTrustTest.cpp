@@ -130,30 +130,30 @@ private Q_SLOTS:
     }
 
     void aNewCertificateAtEachConnectionRaisesOneQuestion() {
-        AskedUser person;
+        AskedUser user;
         const auto trust = m_host->engine().plugin().context().certificateTrust;
         const auto askAboutNewCertificate = [&](const QString &place) {
             trust->ask(place, QStringLiteral("h"), TestAuthority().certificate(), {});
             QCoreApplication::processEvents();
-            return person.asked().size();
+            return user.asked().size();
         };
         const QString place = location()->identifier();
         QCOMPARE(askAboutNewCertificate(place), 1);
         QCOMPARE(askAboutNewCertificate(place), 1);
         QCOMPARE(askAboutNewCertificate(QStringLiteral("other")), 2);
-        person.answerAll([](const Question &) { return false; });
+        user.answerAll([](const Question &) { return false; });
         QCOMPARE(askAboutNewCertificate(place), 2);
 
         // Without pauses the next one is asked about, until the location is forgotten.
-        person.think();
+        user.think();
         trust->setPauses({});
         QCOMPARE(askAboutNewCertificate(QStringLiteral("third")), 3);
         QCOMPARE(askAboutNewCertificate(QStringLiteral("third")), 3);
         QCOMPARE(description(trust->forget(QStringLiteral("third"))), QString());
-        QCOMPARE(person.waiting(), 0);
+        QCOMPARE(user.waiting(), 0);
         QCOMPARE(askAboutNewCertificate(QStringLiteral("third")), 4);
         trust->close();
-        QCOMPARE(person.waiting(), 0);
+        QCOMPARE(user.waiting(), 0);
     }
 
     void theTrustOfARemovedLocationIsForgotten() {

@@ -262,7 +262,7 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(m_server->folder() + QStringLiteral("/folder")));
     }
 
-    // What a person reads must tell these apart.
+    // What a user reads must tell these apart.
 
     void aWrongPasswordHasItsOwnError_data() { everyAuthenticationServesAllOperations_data(); }
 
