@@ -55,6 +55,10 @@ Expected<void> CleanSession::accessProfile() {
     return {};
 }
 
+bool CleanSession::isRecording() const {
+    return m_step == Step::ForgettingRemoved || StoreSession::isRecording();
+}
+
 Expected<void> CleanSession::beginWriting() {
     if (m_isComparisonNeeded) {
         database()->setComparisonDue(subject().store);

@@ -31,6 +31,7 @@ public:
     /// store needs for each.
     Expected<void> accessStore(BlobStore &store, const EngineFuture &future) override;
     Expected<void> accessProfile() override;
+    bool isRecording() const override;
     /// Returns the number of transactions that were removed. Must be called on the main thread.
     qsizetype removed() const { return m_removed; }
 

@@ -48,20 +48,20 @@ std::shared_ptr<EngineDatabase> StoreSession::database() const {
 }
 
 void StoreSession::abandon() {
-    m_isAbandoned = true;
+    interrupt();
     const QMutexLocker waiting(&m_profileUse);
 }
 
 Expected<void> StoreSession::readProfile(const std::function<Expected<void>()> &read) {
     return useProfile([&] {
-        const auto reader = ProfileReader::open(m_profile, m_profile.path(), m_isAbandoned);
+        const auto reader = ProfileReader::open(m_profile, m_profile.path(), m_isInterrupted);
         return reader ? read() : failure(reader.error());
     });
 }
 
 Expected<void> StoreSession::useProfile(const std::function<Expected<void>()> &use) {
     const QMutexLocker lock(&m_profileUse);
-    return m_isAbandoned ? failure(operationCancelled()) : use();
+    return m_isInterrupted ? failure(operationCancelled()) : use();
 }
 
 void StoreSession::rememberDatabase() {

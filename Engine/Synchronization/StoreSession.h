@@ -66,10 +66,18 @@ public:
     /// such as a failed read, ends the session before anything is written to the store or removed
     /// from it on account of it.
     virtual Expected<void> accessProfile() = 0;
-    /// Ends the use of the profile by accessStore() soon, waits for that, and makes later uses fail
-    /// with an error of the code Cancelled. Must be called on the main thread before the profile is
-    /// closed, if accessStore() may still run then.
+    /// Ends the use of the profile by accessStore() soon, and makes later uses fail, with an error
+    /// of the code Cancelled. Returns at once; to be called when the future of accessStore() is
+    /// cancelled. accessProfile() is not affected.
+    void interrupt() { m_isInterrupted = true; }
+    /// Calls interrupt() and waits until accessStore() no longer uses the profile. Must be called
+    /// on the main thread before the profile is closed, if accessStore() may still run then.
     void abandon();
+    /// Returns whether accessProfile() has yet to record what was done with the store, for which
+    /// accessStore() needs no store. Otherwise a later session repeats what is not recorded, so
+    /// that a cancelled session should go on until it is. Must be called on the main thread,
+    /// between the calls.
+    virtual bool isRecording() const;
     /// Returns whether the session has completed all steps.
     bool isDone() const { return m_isDone; }
     /// Returns the problems with single records, which did not prevent the others from being read.
@@ -172,7 +180,6 @@ private:
         qint64 size = 0;
     };
 
-    bool isRecording() const;
     bool isAllPrepared() const;
     /// Returns a transaction with as much of what remains to be written as fits into a record,
     /// except for damaged operations. To be called in readProfile() only.
@@ -219,7 +226,7 @@ private:
     QSet<OperationId> m_repaired;
     /// The lost operations of known transactions that are not remembered yet.
     QSet<OperationId> m_notedAsLost;
-    std::atomic_bool m_isAbandoned = false;
+    std::atomic_bool m_isInterrupted = false;
     /// Locked while a worker thread uses the profile.
     QMutex m_profileUse;
     bool m_isDone = false;

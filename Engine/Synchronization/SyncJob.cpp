@@ -57,6 +57,17 @@ Expected<void> SyncJob::begin() {
     return opened.and_then([&] { return begun; });
 }
 
+void SyncJob::cancel() {
+    m_future->cancel();
+    interrupt();
+}
+
+void SyncJob::interrupt() {
+    for (const std::shared_ptr<StoreSession> &session : m_sessions) {
+        session->interrupt();
+    }
+}
+
 void SyncJob::cancelIfStalled(std::chrono::milliseconds limit) {
     QVSyncProgress current = progress();
     if (!m_timeOfProgress.isValid() || current != m_seenProgress) {
@@ -64,6 +75,7 @@ void SyncJob::cancelIfStalled(std::chrono::milliseconds limit) {
         m_timeOfProgress.start();
     } else if (m_timeOfProgress.hasExpired(limit.count())) {
         m_future->cancelOverdue();
+        interrupt();
     }
 }
 
@@ -101,7 +113,9 @@ void SyncJob::finishStep(const Expected<void> &result) {
     if (!m_handler) {
         return;
     }
-    m_result = explained(result.and_then([this] { return accessProfile(); }));
+    m_result = explained(result.and_then([this] { return accessProfile(); }).and_then([this] {
+        return chooseSession();
+    }));
     if (!m_result && m_merge) {
         if (!isEngineError(m_result.error(), EngineErrorCode::Cancelled)) {
             m_problems.add(compactionFailed(m_result.error()));
@@ -170,9 +184,14 @@ bool SyncJob::isMergeDue() const {
     return m_synchronization->largestTransaction() > 0 || m_synchronization->isMergeDue();
 }
 
+Expected<void> SyncJob::chooseSession() {
+    m_session = nextSession();
+    const bool isStopped = m_session && m_future->isCancelled() && !m_session->isRecording();
+    return isStopped ? failure(operationCancelled()) : Expected<void>();
+}
+
 void SyncJob::continueJob() {
-    m_session = m_result ? nextSession() : nullptr;
-    if (!m_session) {
+    if (!m_result || !m_session) {
         end();
         return;
     }

@@ -36,7 +36,7 @@ public:
     /// records, it ends without one, because everything was synchronized. `handler` is still
     /// called. What was written until then stays, and a later job continues from it. Has no effect
     /// on a job that has ended; one that is started afterwards ends at once.
-    void cancel() { m_future->cancel(); }
+    void cancel();
     /// Makes a running job end like cancel(), but with an error of the code StoreUnreachable, if
     /// progress() has returned the same for `limit` now. To be called now and then; the time is
     /// noticed from the first call on. A single access to a store of a server takes less time.
@@ -69,6 +69,11 @@ public:
 private:
     /// Lets the session use the profile.
     Expected<void> accessProfile();
+    /// Ends the use of the profile by the running step soon.
+    void interrupt();
+    /// Chooses the session of the next step, or none. Fails if the job was cancelled, unless the
+    /// session has yet to record what it has done.
+    Expected<void> chooseSession();
     /// Starts the next step, or ends the job if there is none or an error occurred.
     void continueJob();
     /// Opens the store and performs the first step of the first session: at the same time, if the

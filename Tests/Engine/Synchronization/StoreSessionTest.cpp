@@ -1,11 +1,15 @@
+#include <QtCore/QEventLoop>
 #include <condition_variable>
+#include <future>
 #include <mutex>
 
 #include "Engine/Notes/EngineDatabase.h"
 #include "Engine/Notes/Transaction.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Synchronization/CleanSession.h"
+#include "Engine/Synchronization/SyncJob.h"
 #include "Engine/Synchronization/SyncSession.h"
+#include "Platform/Foundation/MainQueue.h"
 #include "Support/Failure.h"
 #include "Support/SessionTestCase.h"
 
@@ -71,10 +75,33 @@ private:
     QList<Transaction> m_written;
 };
 
+/// A store that calls a function on the worker thread after each listing and each read.
+class WatchedStore : public MemoryStore {
+public:
+    WatchedStore(Blobs &blobs, std::function<void(const QString &path)> accessed)
+        : MemoryStore(blobs), m_accessed(std::move(accessed)) {}
+
+protected:
+    Expected<QStringList> listFolder(const QString &folder, const EngineFuture &future) override {
+        Expected<QStringList> names = MemoryStore::listFolder(folder, future);
+        m_accessed(folder);
+        return names;
+    }
+    Expected<QByteArray> readBlob(const QString &name, qint64 limit,
+                                  const EngineFuture &future) override {
+        Expected<QByteArray> contents = MemoryStore::readBlob(name, limit, future);
+        m_accessed(name);
+        return contents;
+    }
+
+private:
+    const std::function<void(const QString &path)> m_accessed;
+};
+
 }  // namespace
 
 /// What a session writes to a store and removes from it while profile or store are not what they
-/// should be.
+/// should be, or while its job is cancelled.
 class StoreSessionTest : public SessionTestCase {
     Q_OBJECT
 private:
@@ -103,6 +130,29 @@ private:
     }
     QStringList problems() {
         return problems([] { return MemoryStore::Fault::None; });
+    }
+
+    /// Runs a job that is cancelled while the store returns what begins with `path`.
+    Expected<void> runCancelledJob(const QString &path) {
+        WorkerThreads threads;
+        std::shared_ptr<SyncJob> job;
+        const auto cancel = [&](const QString &accessed) {
+            if (accessed.startsWith(path)) {
+                std::promise<void> cancelled;
+                MainQueue::dispatchAsync([&] {
+                    job->cancel();
+                    cancelled.set_value();
+                });
+                cancelled.get_future().wait();
+            }
+        };
+        job =
+            std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, profile(), m_host->library(),
+                                      subject(), std::make_shared<WatchedStore>(m_blobs, cancel));
+        QEventLoop loop;
+        job->start(threads, [&] { loop.quit(); });
+        loop.exec();
+        return job->result();
     }
 
     QStringList records() const {
@@ -508,6 +558,43 @@ private Q_SLOTS:
         QVERIFY(run<SyncSession>());
         QCOMPARE(titlesOnAnotherComputer(),
                  (QSet{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
+    }
+
+    void aJobThatIsCancelledWithNothingToSendIsNotASuccess() {
+        const Expected<void> ended = runCancelledJob(QStringLiteral("transactions/@inbox"));
+        QVERIFY(!ended);
+        QCOMPARE(code(ended), EngineErrorCode::Cancelled);
+    }
+
+    void whatACancelledJobHasWrittenIsRecorded() {
+        m_host.reset();
+        beginWithNotes({});
+        QVERIFY(run<SyncSession>());
+        // So many are recorded in several steps.
+        constexpr int count = 1100;
+        Merge merge{.place = {}};
+        for (int i = 0; i < count; ++i) {
+            const QString UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
+            merge.operations.append(Operation::make(UUID, UUID, {}, i, {}));
+        }
+        const auto database = m_host->library().synchronizedDatabase(InboxUUID);
+        QVERIFY(m_host->library().merge(database, merge, [] { return Expected<void>(); }));
+        const KnownTransactions known(profile(), subject().store, database->log().database());
+        QVERIFY(known.hasUnwritten().value());
+        // That was all there was to do.
+        QCOMPARE(description(runCancelledJob(QStringLiteral("transactions/@inbox/"))), QString());
+        QCOMPARE(records().size(), 1);
+        QVERIFY(!known.hasUnwritten().value());
+    }
+
+    void anInterruptedSessionDoesNotReadTheProfile() {
+        auto session = newSession<SyncSession>();
+        MemoryStore store(m_blobs);
+        const EngineFuture future;
+        QVERIFY(session.accessStore(store, future));
+        QVERIFY(session.accessProfile());
+        session.interrupt();
+        QCOMPARE(code(session.accessStore(store, future)), EngineErrorCode::Cancelled);
     }
 
     void cleaningUpRemovesNothingIfTheStoreKeepsHalf() {
