@@ -28,6 +28,11 @@ const QString BusPath = QStringLiteral("/org/freedesktop/DBus");
 const QString LocalPath = QStringLiteral("/org/freedesktop/DBus/Local");
 const QString LocalInterface = QStringLiteral("org.freedesktop.DBus.Local");
 
+void warnOfRefusal(const QString &method, const QDBusMessage &reply) {
+    qWarning().noquote()
+        << QStringLiteral("Avahi has refused “%1”: %2").arg(method, reply.errorMessage());
+}
+
 }  // namespace
 
 std::shared_ptr<DiscoveryClient> DiscoveryClient::shared() {
@@ -152,8 +157,14 @@ void DiscoveryClient::changeState(int state) {
 
 void DiscoveryClient::readName(const QString &method, QString &name) {
     call(AvahiBus::ServerPath, AvahiBus::ServerInterface, method, {}, this,
-         [this, &name](const QDBusMessage &reply) {
-             name = reply.arguments().value(0).toString().left(LongestDomainName);
+         [this, method, &name](const QDBusMessage &reply) {
+             // The argument of an error is its text.
+             const bool isNamed = reply.type() == QDBusMessage::ReplyMessage;
+             if (!isNamed) {
+                 warnOfRefusal(method, reply);
+             }
+             name = isNamed ? reply.arguments().value(0).toString().left(LongestDomainName)
+                            : QString();
              // The replies arrive in any order.
              setHostRegistered(m_isRunning && !m_hostName.isEmpty() && !m_domainName.isEmpty());
          });
@@ -186,8 +197,7 @@ void DiscoveryClient::create(const QString &method, const QVariantList &argument
                           created](const QDBusMessage &reply) {
         const QString path = reply.arguments().value(0).value<QDBusObjectPath>().path();
         if (path.isEmpty()) {
-            qWarning().noquote()
-                << QStringLiteral("Avahi has refused “%1”: %2").arg(method, reply.errorMessage());
+            warnOfRefusal(method, reply);
         } else if (isWanted) {
             created(path);
         } else {

@@ -52,6 +52,11 @@ bool HostileDiscoveryDaemon::handleMessage(const QDBusMessage &message,
         return connection.send(message.createErrorReply(
             QStringLiteral("org.freedesktop.Avahi.CollisionError"), QString()));
     }
+    if (m_attack == Attack::NoHostName && member == QLatin1StringView("GetHostName")) {
+        return connection.send(
+            message.createErrorReply(QStringLiteral("org.freedesktop.Avahi.AccessDeniedError"),
+                                     QStringLiteral("No access")));
+    }
     if (m_attack == Attack::OtherOrder && member == QLatin1StringView("GetHostName")) {
         m_postponed = message;
         return true;

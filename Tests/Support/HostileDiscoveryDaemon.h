@@ -24,6 +24,8 @@ public:
         GiantReplies,
         /// Has another service of every name that is announced.
         Collisions,
+        /// Refuses to say the host name of the computer.
+        NoHostName,
         /// Is not hostile, but replies with its domain name before its host name.
         OtherOrder
     };

@@ -1298,6 +1298,17 @@ private Q_SLOTS:
         QCOMPARE(recorder.messages().filter(QStringLiteral("announced")).size(),
                  attack == Attack::Collisions ? 1 : 0);
     }
+
+    void theTextOfAnErrorIsNoHostName() {
+        const HostileDiscoveryDaemon daemon(m_bus->address(),
+                                            HostileDiscoveryDaemon::Attack::NoHostName);
+        const MessageRecorder recorder("default");
+        NetService service(QString(), ServiceType, QString(), 1);
+        service.publish();
+        QTRY_VERIFY(!recorder.messages().filter(QStringLiteral("GetHostName")).isEmpty());
+        // Four questions, and no new group.
+        QCOMPARE(daemon.countOfMessages(), 4);
+    }
 };
 
 VELMORA_TEST(HostileServersTest)
