@@ -4,6 +4,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DeletedDatabase.h"
+#include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 #include "Host/InboxUUID.h"
 #include "Platform/Foundation/FileManager.h"
@@ -38,12 +39,12 @@ Expected<EngineStore::Fetched> LocalStore::fetch(const EngineFuture & /*future*/
 Expected<EngineStore::Fetched> LocalStore::databasesIn(const ReadOnlyConnection &profile) {
     Fetched fetched;
     return profile
-        .read(QStringLiteral("SELECT uuid, name, is_inbox FROM databases WHERE NOT %1"
+        .read(QStringLiteral("SELECT uuid, CAST(name AS BLOB), is_inbox FROM databases WHERE NOT %1"
                              " ORDER BY is_inbox DESC, id")
                   .arg(DeletedDatabase::Condition),
               [&](const QSqlQuery &row) {
                   const QString UUID = row.value(2).toBool() ? InboxUUID : row.value(0).toString();
-                  fetched.databases.append(record(UUID, row.value(1).toString()));
+                  fetched.databases.append(record(UUID, ProfileDatabase::exactText(row.value(1))));
               })
         .map([&] { return std::move(fetched); });
 }

@@ -492,6 +492,15 @@ private Q_SLOTS:
                                              closed->UUID() + QStringLiteral("=Closed")}));
     }
 
+    void theLocalStoreReturnsEachCharacterOfAName() {
+        const QString name = QStringLiteral("\uFEFFName\uFFFE\uFFFF");
+        const auto database = m_host->addDatabase(name);
+        QCOMPARE(database->name(), name);
+        const auto store = m_host->engine().plugin().localStore();
+        QCOMPARE(opened(*store), std::nullopt);
+        QVERIFY(names(fetched(*store)).contains(database->UUID() + u'=' + name));
+    }
+
     void aProfileThatCannotBeReachedIsNotSaidToBeGone() {
         const auto store =
             std::dynamic_pointer_cast<LocalStore>(m_host->engine().plugin().localStore());
