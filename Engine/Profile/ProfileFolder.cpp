@@ -49,21 +49,32 @@ Expected<QStringList> namesIn(const QString &directory) {
     });
 }
 
+/// Returns whether there is a folder at `path`. Symbolic links count as files.
+Expected<bool> isFolder(const Path &path) {
+    using Type = std::filesystem::file_type;
+    std::error_code error;
+    const Type type = std::filesystem::symlink_status(path, error).type();
+    return type == Type::none ? readFailure(QFile::decodeName(path.c_str()), error)
+                              : Expected<bool>(type == Type::directory);
+}
+
 /// Returns whether there is nothing but folders at `path`. Symbolic links count as files.
 Expected<bool> hasFoldersOnly(const QString &path) {
-    std::error_code error;
-    if (std::filesystem::symlink_status(pathOf(path), error).type() !=
-        std::filesystem::file_type::directory) {
-        return false;
+    const Expected<bool> isFolderItself = isFolder(pathOf(path));
+    if (!isFolderItself || !*isFolderItself) {
+        return isFolderItself;
     }
-    return entriesOf<std::filesystem::recursive_directory_iterator>(path).map(
-        [](const auto &entries) {
-            return std::all_of(entries.begin(), entries.end(), [](const auto &entry) {
-                std::error_code unknown;
-                return entry.symlink_status(unknown).type() ==
-                       std::filesystem::file_type::directory;
-            });
-        });
+    const auto entries = entriesOf<std::filesystem::recursive_directory_iterator>(path);
+    if (!entries) {
+        return failure(entries.error());
+    }
+    for (const auto &entry : *entries) {
+        if (Expected<bool> isEntryFolder = isFolder(entry.path());
+            !isEntryFolder || !*isEntryFolder) {
+            return isEntryFolder;
+        }
+    }
+    return true;
 }
 
 }  // namespace

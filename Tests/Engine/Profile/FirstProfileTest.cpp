@@ -1,15 +1,56 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <QtCore/QPluginLoader>
+#include <climits>
+#include <filesystem>
 
 #include "Application/Interface/SyncPlugIn.h"
+#include "Engine/Profile/ProfileFolder.h"
 #include "Host/InboxUUID.h"
 #include "Host/QVSyncDispatcher.h"
 #include "Host/QVSyncLocationFormatter.h"
+#include "Support/Failure.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
+
+namespace {
+
+/// Creates folders in each other, below `path`. Returns the path of the last one, which is so long
+/// that the path of what `ProfileFolder::SyncStoresName` names in it is too long for the system.
+QString makeLongFolder(QString path) {
+    const auto most = static_cast<qsizetype>(PATH_MAX) - 1 - ProfileFolder::SyncStoresName.size();
+    int folder = open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY);
+    while (folder >= 0 && path.size() < most) {
+        const QByteArray name(std::min<qsizetype>(NAME_MAX, PATH_MAX - 3 - path.size()), 'x');
+        mkdirat(folder, name.constData(), 0700);
+        path += u'/' + QString::fromLatin1(name);
+        const int next = openat(folder, name.constData(), O_RDONLY | O_DIRECTORY);
+        close(folder);
+        folder = next;
+    }
+    mkdirat(folder, QFile::encodeName(ProfileFolder::SyncStoresName).constData(), 0700);
+    close(folder);
+    return path;
+}
+
+}  // namespace
 
 class FirstProfileTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
+    void aFolderThatCannotBeReadIsNotAUsedOne() {
+        const QTemporaryDir parent;
+        const QString folder = makeLongFolder(parent.path());
+        const Expected<bool> isUnused = ProfileFolder::isUnusedSinceCreation(folder);
+        // Qt does not remove what has such a path.
+        std::filesystem::remove_all(parent.path().toStdString());
+        QVERIFY(!isUnused);
+        QCOMPARE(code(isUnused), EngineErrorCode::ProfileUnusable);
+        QVERIFY(description(isUnused).contains(qt_error_string(ENAMETOOLONG)));
+    }
+
     void holdsTheInboxAndTwoDatabasesWithNotes() {
         TestHost host(FirstContents::Welcome);
         QStringList names;
