@@ -2,6 +2,7 @@
 
 #include <QtCore/QDateTime>
 #include <QtNetwork/QNetworkInterface>
+#include <atomic>
 #include <cstdlib>
 #include <limits>
 #include <utility>
@@ -35,6 +36,9 @@ const QString ConnectionKey = QStringLiteral("lastConnection/");
 
 /// A client that connects again and again causes one write in that time.
 constexpr qint64 MillisecondsBetweenRecords = 60'000;
+
+/// How many listeners of the process have a thread of their own.
+std::atomic_int listeners = 0;
 
 quint16 portOrDefault(int port) {
     const bool isPort = port > 0 && port <= std::numeric_limits<quint16>::max();
@@ -87,6 +91,10 @@ DirectConnectionServer::DirectConnectionServer(const ProfileDatabase &profile)
 
 DirectConnectionServer::~DirectConnectionServer() {
     stop();
+}
+
+bool DirectConnectionServer::isAnyListenerRunning() {
+    return listeners > 0;
 }
 
 void DirectConnectionServer::load(const DirectConnectionPackage &package,
@@ -182,6 +190,9 @@ Expected<void> DirectConnectionServer::listen(const DirectConnectionIdentity &id
                 .arg(listener->errorString())));
     }
     m_listener = listener.release();
+    ++listeners;
+    // On its thread, also if that is abandoned.
+    connect(m_listener, &QObject::destroyed, [] { --listeners; });
     m_thread = std::make_unique<QThread>();
     m_listener->moveToThread(m_thread.get());
     const auto replaceFormerAccounts = [] {

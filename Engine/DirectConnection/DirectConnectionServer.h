@@ -44,6 +44,10 @@ public:
     /// Starts serving if the user has enabled the server. Must be called after load(). If the user
     /// defaults cannot be read, presents that later and does not serve.
     void startIfEnabled();
+    /// Returns whether a listener of any server still runs, also one whose thread was abandoned. It
+    /// may use static objects, so the process must then end by std::_Exit(), which does not destroy
+    /// these. Thread-safe.
+    static bool isAnyListenerRunning();
     /// Sets the limits, which apply from the next start on. For tests.
     void setLimits(const DirectConnection::Limits &limits) { m_limits = limits; }
 

@@ -1,5 +1,6 @@
 #include "Engine/Plugin/VelmoraSyncPlugIn.h"
 
+#include "Engine/DirectConnection/DirectConnectionServer.h"
 #include "Engine/DirectConnection/HostLookUp.h"
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/WorkerThreads.h"
@@ -81,7 +82,8 @@ void VelmoraSyncPlugIn::pauseUntil(const QDateTime &end) {
 bool VelmoraSyncPlugIn::closeProfile() {
     m_classes.reset();
     m_engine.reset();
-    return !WorkerThreads::isAbandonedWorkRunning() && !HostLookUp::isAnyRunning();
+    return !WorkerThreads::isAbandonedWorkRunning() && !HostLookUp::isAnyRunning() &&
+           !DirectConnectionServer::isAnyListenerRunning();
 }
 
 NoteLibrary *VelmoraSyncPlugIn::library() const {

@@ -1110,9 +1110,11 @@ private Q_SLOTS:
         const QElapsedTimer time = started();
         hanging.reset();
         QCOMPARE_LT(time.elapsed(), 1000);
+        QVERIFY(DirectConnectionServer::isAnyListenerRunning());
         // The server no longer exists when its listener announces what the client has written.
         goesOn.release();
         QTRY_VERIFY(client.hasEnded());
+        QTRY_VERIFY(!DirectConnectionServer::isAnyListenerRunning());
         QCOMPARE(blobs.size(), 1);
         QCOMPARE(observer.writes, 0);
     }
