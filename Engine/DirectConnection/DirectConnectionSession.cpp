@@ -19,12 +19,16 @@ constexpr qsizetype SmallMessage = 65536;
 
 /// Returns the response for `error`, without its text, which is meant for this computer's user.
 QCborMap refusal(const Error &error) {
-    const QHash<EngineErrorCode, QString> reasons{{EngineErrorCode::BlobMissing, BlobMissing},
-                                                  {EngineErrorCode::BlobRefused, BlobRefused},
-                                                  {EngineErrorCode::StoreFull, StoreFull},
-                                                  {EngineErrorCode::NotServed, NotServed}};
     QCborMap response = ofType(Failed);
-    response[Reason] = reasons.value(static_cast<EngineErrorCode>(error.code));
+    response[Reason] = QString();
+    for (const auto &[code, reason] : {std::pair(EngineErrorCode::BlobMissing, BlobMissing),
+                                       std::pair(EngineErrorCode::BlobRefused, BlobRefused),
+                                       std::pair(EngineErrorCode::StoreFull, StoreFull),
+                                       std::pair(EngineErrorCode::NotServed, NotServed)}) {
+        if (isEngineError(error, code)) {
+            response[Reason] = reason;
+        }
+    }
     return response;
 }
 
