@@ -89,9 +89,10 @@ Expected<QVariant> ReadOnlyConnection::value(const QString &statement) const {
 
 tl::expected<void, QSqlError> ReadOnlyConnection::copyTo(const QString &path) const {
     QSqlQuery copy = query();
-    copy.prepare(QStringLiteral("VACUUM INTO ?"));
+    const bool isPrepared = copy.prepare(QStringLiteral("VACUUM INTO ?"));
     copy.addBindValue(path);
-    if (!copy.exec()) {
+    // Executing what could not be prepared replaces the error.
+    if (!isPrepared || !copy.exec()) {
         return tl::make_unexpected(copy.lastError());
     }
     return {};

@@ -6,7 +6,9 @@
 #include <QtCore/QScopeGuard>
 
 #include "Engine/Profile/ProfileInspection.h"
+#include "Engine/Profile/SqliteCode.h"
 #include "Support/Failure.h"
+#include "Support/FaultyFileSystem.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -25,6 +27,7 @@ private:
     }
 
 private Q_SLOTS:
+    void initTestCase() { FaultyFileSystem::install(); }
     void init() { m_host = std::make_unique<TestHost>(); }
     void cleanup() { m_host.reset(); }
 
@@ -46,6 +49,16 @@ private Q_SLOTS:
         file.close();
         QCOMPARE(code(valueIn(file.fileName(), "PRAGMA user_version")),
                  EngineErrorCode::ProfileDamaged);
+    }
+
+    void aFailedCopyStatesItsCause() {
+        const auto database =
+            ReadOnlyConnection::open(path(), ReadOnlyConnection::Sharing::Shared).value();
+        const FaultyFileSystem faulty(FaultyFileSystem::Fault::Error, 1,
+                                      FaultyFileSystem::Duration::FromThenOn);
+        const auto copied = database->copyTo(m_host->directory() + QStringLiteral("/copy"));
+        QVERIFY(!copied);
+        QCOMPARE(sqliteCode(copied.error()), SqliteCode::CannotOpen);
     }
 
     void aLackOfFileDescriptorsIsNoDamage() {
