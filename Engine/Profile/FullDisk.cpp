@@ -12,9 +12,16 @@ constexpr qint64 LittleSpace = 1LL << 20;
 
 }  // namespace
 
+std::optional<qint64> FullDisk::freeBytes(const QString &path) {
+    const QStorageInfo disk(path);
+    // Some file systems state that they have no size at all.
+    const bool isKnown = disk.isValid() && disk.bytesTotal() > 0 && disk.bytesAvailable() >= 0;
+    return isKnown ? std::optional(disk.bytesAvailable()) : std::nullopt;
+}
+
 bool FullDisk::isFull(const QString &path) {
-    const QStorageInfo disk(QFileInfo(path).path());
-    return disk.isValid() && disk.bytesAvailable() < LittleSpace;
+    const std::optional<qint64> free = freeBytes(QFileInfo(path).path());
+    return free && *free < LittleSpace;
 }
 
 bool FullDisk::isCauseOf(const QSqlError &error, const QString &path) {

@@ -4,13 +4,13 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QMap>
-#include <QtCore/QStorageInfo>
 #include <QtCore/QVariant>
 #include <QtSql/QSqlError>
 #include <filesystem>
 
 #include "Application/Interface/ProfileConstants.h"
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
@@ -257,7 +257,7 @@ Expected<void> ProfileBackups::publish(const QString &unfinished, const QString 
 Expected<void> ProfileBackups::checkSpace() const {
     const Expected<qint64> sizeOfProfile = FileManager::size(m_profile);
     const Expected<qint64> sizeOfLog = FileManager::size(ProfileFolder::logOf(m_profile));
-    const QStorageInfo disk(m_folder);
+    const std::optional<qint64> available = FullDisk::freeBytes(m_folder);
     if (!sizeOfProfile || !sizeOfLog) {
         return failure(ProfileInspection::unreadable(m_profile));
     }
@@ -268,13 +268,12 @@ Expected<void> ProfileBackups::checkSpace() const {
                                       "Velmora and copy the profile yourself.")
                                       .arg(sizeText(size), sizeText(m_limits.bytes)));
     }
-    const qint64 available = disk.bytesAvailable();
-    // Some file systems do not know it. A disk that is full then fails the copy, which is verified.
-    if (disk.isValid() && available >= 0 && available < size + m_limits.free) {
+    // Where it is unknown, a disk that is full fails the copy, which is verified.
+    if (available && *available < size + m_limits.free) {
         return notMade(m_profile,
                        localizedSyncString("The disk has only %1 left, and %2 are needed. Delete "
                                            "files that you no longer need.")
-                           .arg(sizeText(available), sizeText(size + m_limits.free)));
+                           .arg(sizeText(*available), sizeText(size + m_limits.free)));
     }
     return {};
 }

@@ -4,7 +4,9 @@
 #include <unistd.h>
 
 #include <QtCore/QScopeGuard>
+#include <QtCore/QStorageInfo>
 
+#include "Engine/Profile/FullDisk.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Profile/SqliteCode.h"
 #include "Support/Failure.h"
@@ -59,6 +61,12 @@ private Q_SLOTS:
         const auto copied = database->copyTo(m_host->directory() + QStringLiteral("/copy"));
         QVERIFY(!copied);
         QCOMPARE(sqliteCode(copied.error()), SqliteCode::CannotOpen);
+    }
+
+    void aDiskOfUnknownSizeIsNotFull() {
+        const QString file = QStringLiteral("/proc/version");
+        QCOMPARE(QStorageInfo(file).bytesTotal(), 0);
+        QVERIFY(!FullDisk::isFull(file));
     }
 
     void aLackOfFileDescriptorsIsNoDamage() {
