@@ -28,7 +28,7 @@ Expected<DropboxTokens> DropboxTokenEndpoint::exchange(const QString &code, cons
                 {"code_verifier", verifier},
                 {"redirect_uri", redirectAddress},
                 {"client_id", m_configuration.applicationKey}},
-               Repetition::Harmful,
+               Repetition::OnlyOnce,
                engineError(EngineErrorCode::AccessDenied,
                            localizedSyncString("Dropbox rejected the sign-in. Try again.")),
                future);
@@ -41,7 +41,7 @@ Expected<DropboxTokens> DropboxTokenEndpoint::refresh(const DropboxTokens &token
         ask({{"grant_type", QStringLiteral("refresh_token")},
              {"refresh_token", tokens.refresh.toText()},
              {"client_id", m_configuration.applicationKey}},
-            Repetition::Harmless, DropboxError::signInAgain(account), future);
+            Repetition::Idempotent, DropboxError::signInAgain(account), future);
     if (response && response->refresh.isEmpty()) {
         response->refresh = tokens.refresh;
     }
@@ -57,7 +57,7 @@ Expected<DropboxTokens> DropboxTokenEndpoint::ask(const QList<FormEncoding::Fiel
                            .URL = address,
                            .headers = {{"Content-Type", "application/x-www-form-urlencoded"}},
                            .body = FormEncoding::encode(fields),
-                           .isUnrepeatable = repetition == Repetition::Harmful},
+                           .isUnrepeatable = repetition == Repetition::OnlyOnce},
                           future);
     if (!response) {
         return failure(response.error());

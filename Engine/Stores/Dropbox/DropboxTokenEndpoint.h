@@ -28,8 +28,8 @@ public:
                                     const EngineFuture &future);
 
 private:
-    /// What happens if the server receives a request twice.
-    enum class Repetition { Harmless, Harmful };
+    /// Whether the server may receive a request twice.
+    enum class Repetition { Idempotent, OnlyOnce };
 
     /// Sends a request; returns `refusal` if the server rejects the grant ("invalid_grant", RFC
     /// 6749, section 5.2).
