@@ -371,7 +371,7 @@ private Q_SLOTS:
         QCOMPARE(titlesOnAnotherComputer(), QSet{QStringLiteral("b")});
     }
 
-    void aChangedRecordWithAnOldNameIsNoticedByWhoHasReadIt() {
+    void aChangedRecordWithAnOldNameIsNoticedByComputersThatHaveReadIt() {
         QVERIFY(m_host->inbox()->removeNote(m_host->inbox()->notes().value().first()));
         QVERIFY(run<SyncSession>());
         giveOldNames();

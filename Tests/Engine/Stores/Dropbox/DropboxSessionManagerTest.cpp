@@ -440,11 +440,15 @@ private Q_SLOTS:
         QFETCH(DropboxServer::Trouble, trouble);
         QFETCH(QString, text);
         m_server->setTrouble(path, trouble);
-        const std::chrono::milliseconds patience(trouble == DropboxServer::Trouble::Stalls ? 100
-                                                                                           : 30000);
-        DropboxSessionManager manager({.server = {.idle = patience}});
-        const auto outcome = authorize(*manager.sessionWithURL(Url()), PZFuture::future());
+        const std::chrono::milliseconds timeout(trouble == DropboxServer::Trouble::Stalls ? 100
+                                                                                          : 30000);
+        auto manager = std::make_unique<DropboxSessionManager>(
+            DropboxAuthorization::Limits{.server = {.idle = timeout}});
+        const auto outcome = authorize(*manager->sessionWithURL(Url()), PZFuture::future());
         QTRY_COMPARE(outcome->calls, 1);
+        manager.reset();
+        QCoreApplication::processEvents();
+        QCOMPARE(outcome->calls, 1);
         QCOMPARE(outcome->code(), EngineErrorCode::StoreUnreachable);
         QVERIFY2(outcome->description().contains(text), qPrintable(outcome->description()));
         QVERIFY(!hasTokens(m_server->email()));

@@ -382,7 +382,7 @@ private Q_SLOTS:
         QVERIFY2(sent < 20'000'000, qPrintable(QString::number(sent)));
     }
 
-    void whatIsNotContentsIsLimitedToo_data() {
+    void partsOfAResponseThatAreDroppedAreLimited_data() {
         QTest::addColumn<QByteArray>("begin");
         QTest::addColumn<QByteArray>("part");
         QTest::newRow("an extension of a chunk") << QByteArray("1;") << QByteArray(1000, 'x');
@@ -392,7 +392,7 @@ private Q_SLOTS:
             << QByteArray("0\r\n") << "X-More: " + QByteArray(1000, 'x') + "\r\n";
     }
 
-    void whatIsNotContentsIsLimitedToo() {
+    void partsOfAResponseThatAreDroppedAreLimited() {
         QFETCH(const QByteArray, begin);
         QFETCH(const QByteArray, part);
         std::atomic<qsizetype> sent = 0;
