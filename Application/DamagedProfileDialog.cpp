@@ -16,23 +16,23 @@ QString damageText(const char *text) {
     return QCoreApplication::translate("DamagedProfileDialog", text);
 }
 
-/// What the user can do, depending on the copy that can be restored.
+/// What the user can do, depending on the backup that can be restored.
 QString nextSteps(const Expected<std::optional<QDate>> &backup) {
     if (!backup) {
         return backup.error().localizedDescription + u' ' +
                damageText(
-                   "Make the copies readable and start Velmora again. Or you can start with "
+                   "Make the backups readable and start Velmora again. Or you can start with "
                    "an empty profile and import your databases from the sync locations.");
     }
     if (!*backup) {
         return damageText(
-            "There is no copy of it that can be restored. You can start with a profile that has "
+            "There is no backup of it that can be restored. You can start with a profile that has "
             "the notes that can still be read, and import your other databases from the sync "
             "locations.");
     }
     return damageText(
-               "You can restore the copy that Velmora made of it on %1; later changes of notes are "
-               "added to it if they can be read, and are otherwise missing until they are "
+               "You can restore the backup that Velmora made of it on %1; later changes of notes "
+               "are added to it if they can be read, and are otherwise missing until they are "
                "synchronized again. Or you can start with an empty profile and import your "
                "databases from the sync locations.")
         .arg(DateText::longDate(**backup));
@@ -49,7 +49,7 @@ DamagedProfileDialog::Choice DamagedProfileDialog::ask(
     QPushButton *restore = nullptr;
     if (backup) {
         restore =
-            box.addButton(damageText("&Restore the Copy of %1").arg(DateText::shortDate(*backup)),
+            box.addButton(damageText("&Restore the Backup of %1").arg(DateText::shortDate(*backup)),
                           QMessageBox::AcceptRole);
     }
     QPushButton *begin =

@@ -150,8 +150,8 @@ Expected<void> SyncSession::forgetDamaged() {
 Expected<void> SyncSession::readStore(BlobStore &store, const EngineFuture &future) {
     if (!DatabaseRecord::isUUID(subject().databaseUUID)) {
         return failure(engineError(EngineErrorCode::InvalidDatabase,
-                                   "“%1” is not a valid identifier of a database. Deselect the "
-                                   "database at the location.",
+                                   "“%1” is not a valid identifier of a database. Untick the "
+                                   "location for this database.",
                                    subject().databaseUUID));
     }
     if (Expected<void> chosen = readProfile([this] { return m_verification.choose(known()); });

@@ -1504,8 +1504,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>اسم قاعدة البيانات طويل جدًا. أدخل اسمًا أقصر.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a database. Deselect the database at the location.</source>
-        <translation>«⁨%1⁩» ليس معرِّف قاعدة بيانات صالحًا. ألغِ تحديد قاعدة البيانات في الموقع.</translation>
+        <source>“%1” is not a valid identifier of a database. Untick the location for this database.</source>
+        <translation>«⁨%1⁩» ليس معرِّف قاعدة بيانات صالحًا. ألغِ تعليم الموقع لقاعدة البيانات هذه.</translation>
     </message>
     <message>
         <source>The database “%1” exists neither on this computer nor at the location. Synchronize on the computer that has it, then here.</source>

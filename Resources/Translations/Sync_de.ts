@@ -1504,8 +1504,8 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <translation>Der Name der Datenbank ist zu lang. Geben Sie einen kürzeren ein.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a database. Deselect the database at the location.</source>
-        <translation>„%1“ ist keine gültige Kennung einer Datenbank. Wählen Sie die Datenbank am Ort ab.</translation>
+        <source>“%1” is not a valid identifier of a database. Untick the location for this database.</source>
+        <translation>„%1“ ist keine gültige Kennung einer Datenbank. Entfernen Sie bei dieser Datenbank das Häkchen des Ortes.</translation>
     </message>
     <message>
         <source>The database “%1” exists neither on this computer nor at the location. Synchronize on the computer that has it, then here.</source>

@@ -1468,8 +1468,8 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <translation>El nombre de la base de datos es demasiado largo. Introduzca uno más corto.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a database. Deselect the database at the location.</source>
-        <translation>«%1» no es un identificador de base de datos válido. Anule la selección de la base de datos en la ubicación.</translation>
+        <source>“%1” is not a valid identifier of a database. Untick the location for this database.</source>
+        <translation>«%1» no es un identificador de base de datos válido. Desmarque la ubicación para esta base de datos.</translation>
     </message>
     <message>
         <source>The database “%1” exists neither on this computer nor at the location. Synchronize on the computer that has it, then here.</source>

@@ -1468,8 +1468,8 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <translation>Le nom de la base de données est trop long. Saisissez-en un plus court.</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a database. Deselect the database at the location.</source>
-        <translation>« %1 » n’est pas un identifiant de base de données valide. Désélectionnez la base de données à l’emplacement.</translation>
+        <source>“%1” is not a valid identifier of a database. Untick the location for this database.</source>
+        <translation>« %1 » n’est pas un identifiant de base de données valide. Décochez l’emplacement pour cette base de données.</translation>
     </message>
     <message>
         <source>The database “%1” exists neither on this computer nor at the location. Synchronize on the computer that has it, then here.</source>

@@ -1484,8 +1484,8 @@ Roast everything for forty minutes, add stock, blend.</source>
         <translation>データベースの名前が長すぎます。もっと短い名前を入力してください。</translation>
     </message>
     <message>
-        <source>“%1” is not a valid identifier of a database. Deselect the database at the location.</source>
-        <translation>「%1」はデータベースの有効な識別子ではありません。同期先でこのデータベースの選択を解除してください。</translation>
+        <source>“%1” is not a valid identifier of a database. Untick the location for this database.</source>
+        <translation>「%1」はデータベースの有効な識別子ではありません。このデータベースの同期先のチェックを外してください。</translation>
     </message>
     <message>
         <source>The database “%1” exists neither on this computer nor at the location. Synchronize on the computer that has it, then here.</source>

@@ -81,24 +81,24 @@
 <context>
     <name>DamagedProfileDialog</name>
     <message>
-        <source>You can restore the copy that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>يمكنك استعادة النسخة التي أنشأها Velmora في ⁨%1⁩؛ تُضاف إليها تغييرات الملاحظات اللاحقة إن أمكنت قراءتها، وإلا فستبقى مفقودة إلى أن تُزامَن من جديد. أو يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
+        <source>You can restore the backup that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>يمكنك استعادة النسخة الاحتياطية التي أنشأها Velmora في ⁨%1⁩؛ تُضاف إليها تغييرات الملاحظات اللاحقة إن أمكنت قراءتها، وإلا فستبقى مفقودة إلى أن تُزامَن من جديد. أو يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
     </message>
     <message>
-        <source>There is no copy of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
-        <translation>لا توجد نسخة منه يمكن استعادتها. يمكنك البدء بملف تعريف فيه الملاحظات التي ما زالت قراءتها ممكنة، واستيراد قواعد بياناتك الأخرى من مواقع المزامنة.</translation>
+        <source>There is no backup of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
+        <translation>لا توجد نسخة احتياطية منه يمكن استعادتها. يمكنك البدء بملف تعريف فيه الملاحظات التي ما زالت قراءتها ممكنة، واستيراد قواعد بياناتك الأخرى من مواقع المزامنة.</translation>
     </message>
     <message>
         <source>The present files are kept in the folder “Damaged Profiles”.</source>
         <translation>تُحفظ الملفات الحالية في المجلد «Damaged Profiles».</translation>
     </message>
     <message>
-        <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>اجعل النسخ قابلة للقراءة ثم شغِّل Velmora من جديد. أو يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
+        <source>Make the backups readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>اجعل النسخ الاحتياطية قابلة للقراءة ثم شغِّل Velmora من جديد. أو يمكنك البدء بملف تعريف فارغ واستيراد قواعد بياناتك من مواقع المزامنة.</translation>
     </message>
     <message>
-        <source>&amp;Restore the Copy of %1</source>
-        <translation>استعادة نسخة ⁨%1⁩ (&amp;R)</translation>
+        <source>&amp;Restore the Backup of %1</source>
+        <translation>استعادة النسخة الاحتياطية بتاريخ ⁨%1⁩ (&amp;R)</translation>
     </message>
     <message>
         <source>Start from the Sync &amp;Locations</source>

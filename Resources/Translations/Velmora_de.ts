@@ -77,24 +77,24 @@
 <context>
     <name>DamagedProfileDialog</name>
     <message>
-        <source>You can restore the copy that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Sie können die Kopie wiederherstellen, die Velmora davon angelegt hat (%1); spätere Änderungen von Notizen werden hinzugefügt, wenn sie gelesen werden können, und fehlen sonst, bis sie wieder synchronisiert sind. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
+        <source>You can restore the backup that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Sie können die Sicherungskopie wiederherstellen, die Velmora davon angelegt hat (%1); spätere Änderungen von Notizen werden hinzugefügt, wenn sie gelesen werden können, und fehlen sonst, bis sie wieder synchronisiert sind. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
     </message>
     <message>
-        <source>There is no copy of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
-        <translation>Es gibt keine Kopie davon, die wiederhergestellt werden kann. Sie können mit einem Profil beginnen, das die noch lesbaren Notizen enthält, und Ihre anderen Datenbanken aus den Sync-Orten importieren.</translation>
+        <source>There is no backup of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
+        <translation>Es gibt keine Sicherungskopie davon, die wiederhergestellt werden kann. Sie können mit einem Profil beginnen, das die noch lesbaren Notizen enthält, und Ihre anderen Datenbanken aus den Sync-Orten importieren.</translation>
     </message>
     <message>
         <source>The present files are kept in the folder “Damaged Profiles”.</source>
         <translation>Die jetzigen Dateien werden im Ordner „Damaged Profiles“ aufbewahrt.</translation>
     </message>
     <message>
-        <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Machen Sie die Kopien lesbar, und starten Sie Velmora neu. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
+        <source>Make the backups readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Machen Sie die Sicherungskopien lesbar, und starten Sie Velmora neu. Oder Sie beginnen mit einem leeren Profil und importieren Ihre Datenbanken aus den Sync-Orten.</translation>
     </message>
     <message>
-        <source>&amp;Restore the Copy of %1</source>
-        <translation>&amp;Kopie vom %1 wiederherstellen</translation>
+        <source>&amp;Restore the Backup of %1</source>
+        <translation>Sicherungs&amp;kopie vom %1 wiederherstellen</translation>
     </message>
     <message>
         <source>Start from the Sync &amp;Locations</source>

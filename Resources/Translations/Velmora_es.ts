@@ -77,20 +77,20 @@
 <context>
     <name>DamagedProfileDialog</name>
     <message>
-        <source>You can restore the copy that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Puede restaurar la copia que Velmora hizo de él (%1); los cambios posteriores de notas se añaden si se pueden leer; si no, faltarán hasta que vuelvan a sincronizarse. También puede empezar con un perfil vacío e importar sus bases de datos desde las ubicaciones de sincronización.</translation>
+        <source>You can restore the backup that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Puede restaurar la copia de seguridad que Velmora hizo de él (%1); los cambios posteriores de notas se añaden si se pueden leer; si no, faltarán hasta que vuelvan a sincronizarse. También puede empezar con un perfil vacío e importar sus bases de datos desde las ubicaciones de sincronización.</translation>
     </message>
     <message>
-        <source>There is no copy of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
-        <translation>No hay ninguna copia de él que se pueda restaurar. Puede empezar con un perfil que contenga las notas que todavía se puedan leer e importar sus otras bases de datos desde las ubicaciones de sincronización.</translation>
+        <source>There is no backup of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
+        <translation>No hay ninguna copia de seguridad de él que se pueda restaurar. Puede empezar con un perfil que contenga las notas que todavía se puedan leer e importar sus otras bases de datos desde las ubicaciones de sincronización.</translation>
     </message>
     <message>
-        <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Haga que las copias se puedan leer y vuelva a iniciar Velmora. También puede empezar con un perfil vacío e importar sus bases de datos desde las ubicaciones de sincronización.</translation>
+        <source>Make the backups readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Haga que las copias de seguridad se puedan leer y vuelva a iniciar Velmora. También puede empezar con un perfil vacío e importar sus bases de datos desde las ubicaciones de sincronización.</translation>
     </message>
     <message>
-        <source>&amp;Restore the Copy of %1</source>
-        <translation>&amp;Restaurar la copia del %1</translation>
+        <source>&amp;Restore the Backup of %1</source>
+        <translation>&amp;Restaurar la copia de seguridad del %1</translation>
     </message>
     <message>
         <source>Start from the Sync &amp;Locations</source>

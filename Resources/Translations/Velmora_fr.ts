@@ -77,20 +77,20 @@
 <context>
     <name>DamagedProfileDialog</name>
     <message>
-        <source>You can restore the copy that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Vous pouvez restaurer la copie que Velmora en a faite (%1) ; les modifications plus récentes de notes y sont ajoutées si elles peuvent être lues et manqueront sinon jusqu’à ce qu’elles soient de nouveau synchronisées. Vous pouvez aussi commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
+        <source>You can restore the backup that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Vous pouvez restaurer la copie de sauvegarde que Velmora en a faite (%1) ; les modifications plus récentes de notes y sont ajoutées si elles peuvent être lues et manqueront sinon jusqu’à ce qu’elles soient de nouveau synchronisées. Vous pouvez aussi commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
     </message>
     <message>
-        <source>There is no copy of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
-        <translation>Il n’en existe aucune copie qui puisse être restaurée. Vous pouvez commencer avec un profil qui contient les notes encore lisibles, et importer vos autres bases de données depuis les emplacements de synchronisation.</translation>
+        <source>There is no backup of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
+        <translation>Il n’en existe aucune copie de sauvegarde qui puisse être restaurée. Vous pouvez commencer avec un profil qui contient les notes encore lisibles, et importer vos autres bases de données depuis les emplacements de synchronisation.</translation>
     </message>
     <message>
-        <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>Rendez les copies lisibles et redémarrez Velmora. Vous pouvez aussi commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
+        <source>Make the backups readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>Rendez les copies de sauvegarde lisibles et redémarrez Velmora. Vous pouvez aussi commencer avec un profil vide et importer vos bases de données depuis les emplacements de synchronisation.</translation>
     </message>
     <message>
-        <source>&amp;Restore the Copy of %1</source>
-        <translation>&amp;Restaurer la copie du %1</translation>
+        <source>&amp;Restore the Backup of %1</source>
+        <translation>&amp;Restaurer la copie de sauvegarde du %1</translation>
     </message>
     <message>
         <source>Start from the Sync &amp;Locations</source>

@@ -76,24 +76,24 @@
 <context>
     <name>DamagedProfileDialog</name>
     <message>
-        <source>You can restore the copy that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>%1にVelmoraが作成したコピーを復元できます。その後のノートの変更は、読み取れる場合はコピーに追加され、読み取れない場合は再び同期するまで失われた状態になります。または、空のプロファイルから始めて、同期先からデータベースをインポートすることもできます。</translation>
+        <source>You can restore the backup that Velmora made of it on %1; later changes of notes are added to it if they can be read, and are otherwise missing until they are synchronized again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>%1にVelmoraが作成したバックアップを復元できます。その後のノートの変更は、読み取れる場合はバックアップに追加され、読み取れない場合は再び同期するまで失われた状態になります。または、空のプロファイルから始めて、同期先からデータベースをインポートすることもできます。</translation>
     </message>
     <message>
-        <source>There is no copy of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
-        <translation>復元できるコピーはありません。まだ読み取れるノートを含むプロファイルから始めて、ほかのデータベースを同期先からインポートできます。</translation>
+        <source>There is no backup of it that can be restored. You can start with a profile that has the notes that can still be read, and import your other databases from the sync locations.</source>
+        <translation>復元できるバックアップはありません。まだ読み取れるノートを含むプロファイルから始めて、ほかのデータベースを同期先からインポートできます。</translation>
     </message>
     <message>
         <source>The present files are kept in the folder “Damaged Profiles”.</source>
         <translation>現在のファイルは、フォルダー「Damaged Profiles」に保管されます。</translation>
     </message>
     <message>
-        <source>Make the copies readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
-        <translation>コピーを読み取れるようにしてから、Velmoraをもう一度起動してください。または、空のプロファイルから始めて、同期先からデータベースをインポートすることもできます。</translation>
+        <source>Make the backups readable and start Velmora again. Or you can start with an empty profile and import your databases from the sync locations.</source>
+        <translation>バックアップを読み取れるようにしてから、Velmoraをもう一度起動してください。または、空のプロファイルから始めて、同期先からデータベースをインポートすることもできます。</translation>
     </message>
     <message>
-        <source>&amp;Restore the Copy of %1</source>
-        <translation>%1のコピーを復元(&amp;R)</translation>
+        <source>&amp;Restore the Backup of %1</source>
+        <translation>%1のバックアップを復元(&amp;R)</translation>
     </message>
     <message>
         <source>Start from the Sync &amp;Locations</source>

@@ -135,7 +135,7 @@ private Q_SLOTS:
         QCOMPARE(result.databases, 3);
         QVERIFY2(result.text.contains(file()), qPrintable(result.text));
         QVERIFY2(result.text.contains(QStringLiteral("21 November 2026")), qPrintable(result.text));
-        QVERIFY2(result.buttons.contains(QStringLiteral("&Restore the Copy of 21/11/2026")),
+        QVERIFY2(result.buttons.contains(QStringLiteral("&Restore the Backup of 21/11/2026")),
                  qPrintable(result.buttons.join(u'|')));
         QCOMPARE(result.problems, QString());
         QCOMPARE(damagedFiles(), QStringList{QStringLiteral("profile.sqlite")});
