@@ -15,9 +15,8 @@ class ServedDatabases;
 /// letters, digits, "-", "_" and ".", and does not begin with a point; and the probes of
 /// StoreProbe. Any other name is refused with the code BlobRefused, and what belongs to a database
 /// that is not served with the code NotServed. Copies share the store. Must be created on the
-/// main thread; the other functions block for file access and are thread-safe.
-/// Clients are not trusted: every name that they send passes through here. Operations cannot be
-/// cancelled.
+/// main thread; the other functions block for file access and are thread-safe. Clients are not
+/// trusted: every name that they send passes through here. Operations cannot be cancelled.
 class DirectConnectionPackage {
 public:
     /// Returns the path of the package of the profile in `directory`.

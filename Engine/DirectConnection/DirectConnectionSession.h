@@ -14,9 +14,9 @@
 /// listener.
 ///
 /// It responds to one message after the other and buffers at most one, and only as long as all
-/// sessions together do not buffer too much. A client that is not
-/// authorized can only greet or pair, once, with a short message and within a short time; anything
-/// else closes the connection without a response.
+/// sessions together do not buffer too much. A client that is not authorized can only greet or
+/// pair, once, with a short message and within a short time; anything else closes the connection
+/// without a response.
 class DirectConnectionSession : public QObject {
     Q_OBJECT
 public:

@@ -42,8 +42,9 @@ public:
     bool finish();
 
     /// Adds `count` to the progress of the operation: what it has received and verified, so that a
-    /// server cannot fake it by sending slowly. Called by the operation itself, which may have
-    /// access to this future only to observe its cancellation.
+    /// server cannot fake it by sending slowly. The unit is a record of a database; a measured
+    /// folder counts as several. Called by the operation itself, which may have access to this
+    /// future only to observe its cancellation.
     void advance(qint64 count) const { m_progress += count; }
     /// Returns the sum of the progress so far; 0 if the operation reports none.
     qint64 progress() const { return m_progress; }

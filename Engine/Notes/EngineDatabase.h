@@ -89,6 +89,7 @@ public:
     /// Records that a synchronization with the store `store` has compared everything.
     void setCompared(const QString &store,
                      std::chrono::milliseconds validity = std::chrono::days(1));
+    /// Makes the next synchronization with the store `store` compare everything.
     void setComparisonDue(const QString &store) { m_comparisons.remove(store); }
 
     /// Renames the database and emits `nameChanged`. The name must be valid, see

@@ -10,11 +10,13 @@
 /// Several threads may call contains() at the same time, but none while another one changes it.
 class IdentifierSet {
 public:
+    /// Adds identifiers, which may be in the set already. sort() must be called after the last one.
+    /// O(1) for each, amortized.
     void add(const OperationId &identifier);
     void add(const QList<OperationId> &identifiers);
     /// Must be called between the last add() and the first contains(). O(n log n).
     void sort();
-    /// O(log n).
+    /// Returns whether the identifier was added. O(log n).
     bool contains(const OperationId &identifier) const;
 
 private:

@@ -96,6 +96,7 @@ public:
     /// Returns the name up to which the records were verified, in the order of their names, or an
     /// empty string.
     Expected<QString> lastVerified() const;
+    /// Sets the name that lastVerified() returns; an empty string begins anew.
     Expected<void> setLastVerified(const QString &name) const;
 
     /// What the database contains and the known transactions do not.
@@ -136,6 +137,7 @@ public:
     };
     /// Returns what was passed to setRewritten() last; both lists are empty if that never happened.
     Expected<Rewritten> rewritten() const;
+    /// Replaces what rewritten() returns; empty lists mean that nothing remains to be removed.
     Expected<void> setRewritten(const Rewritten &records) const;
 
 private:

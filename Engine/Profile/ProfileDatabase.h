@@ -44,8 +44,8 @@ public:
     /// new profile in it: creates the tables and calls `fill` to write the first rows, in one
     /// transaction. A profile of schema version 1 is upgraded: its table of notes is renamed to
     /// "old_notes" and `convertNotes` is called to write the notes into the current tables, in one
-    /// transaction, after which "old_notes" is dropped. One of version 2 to 5 gets the tables,
-    /// columns and indexes that it lacks.
+    /// transaction, after which "old_notes" is dropped. One of any later version gets the
+    /// tables, columns and indexes that it lacks.
     ///
     /// A new folder and its files are accessible to their owner only. The permissions of the group
     /// and of other users are removed from an existing profile; if they cannot be, the profile is

@@ -26,8 +26,9 @@ public:
     /// operations is not limited.
     std::shared_ptr<PZFuture> start(Work work);
     /// How long an operation may take to advance, see EngineFuture::advance(). One that advances
-    /// by less than `leastProgress` in any `duration` is cancelled at the end of that time. What an
-    /// operation reads is limited, too, so that none goes on for ever.
+    /// by less than `leastProgress` in any `duration` is cancelled at the end of that time. The
+    /// unit is a record of a database that was read; a folder that was measured counts as 60 of
+    /// them. What an operation reads is limited, too, so that none goes on for ever.
     struct TimeLimit {
         std::chrono::milliseconds duration = std::chrono::minutes(30);
         /// A small record in ten seconds.

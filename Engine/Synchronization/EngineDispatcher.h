@@ -45,8 +45,9 @@ public:
     /// Returns the progress of that job.
     QVSyncProgress progress() const;
     /// Cancels all jobs: waiting ones never start, and running ones, which count no longer as
-    /// activity, end soon. Their handlers are called later, with an error of the code Cancelled;
-    /// one that had synchronized everything and was rewriting small records counts as successful.
+    /// activity, end soon. Their handlers are called later; that of synchronizeWithStore()
+    /// gets an error of the code Cancelled, unless everything was synchronized and small records
+    /// were being rewritten, which counts as successful.
     Q_INVOKABLE void stop();
     /// See UnsentChanges. Returns false if the state's location was destroyed or is not one of this
     /// engine.

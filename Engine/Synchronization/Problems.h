@@ -9,8 +9,10 @@
 /// on two threads at a time.
 class Problems {
 public:
+    /// Number of problems that are kept.
     static constexpr qsizetype MostKept = 1000;
 
+    /// Counts `problem`, and keeps it if fewer than MostKept are.
     void add(const Error &problem);
     /// Adds those of another task.
     void add(const Problems &others);

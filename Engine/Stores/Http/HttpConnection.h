@@ -70,7 +70,7 @@ private:
     };
 
     /// Callbacks of libcurl and OpenSSL; `connection` is this object. They are called within
-    /// exchange(), on its thread. A count other than the one received ends the transfer; so does a
+    /// exchange(), on its thread; closeSocket() also by the destructor. A count other than the one received ends the transfer; so does a
     /// result other than 0 of takeProgress().
     static size_t takeHeader(char *bytes, size_t size, size_t count, void *connection);
     /// libcurl passes 1 as `size`.
@@ -147,7 +147,7 @@ private:
     DesktopProxy m_proxy;
     QString m_proxiedServer;
 
-    // Of the current request.
+    // Of the current request; both pointers are null between requests.
     const HttpRequest *m_request = nullptr;
     const HttpOptions *m_options = nullptr;
     HttpResponse m_response;
