@@ -70,8 +70,8 @@ private:
     };
 
     /// Callbacks of libcurl and OpenSSL; `connection` is this object. They are called within
-    /// exchange(), on its thread; closeSocket() also by the destructor. A count other than the one received ends the transfer; so does a
-    /// result other than 0 of takeProgress().
+    /// exchange(), on its thread; closeSocket() also by the destructor. A count other than the one
+    /// received ends the transfer; so does a result other than 0 of takeProgress().
     static size_t takeHeader(char *bytes, size_t size, size_t count, void *connection);
     /// libcurl passes 1 as `size`.
     static size_t takeBody(char *bytes, size_t size, size_t count, void *connection);
