@@ -4,6 +4,7 @@
 #include <QtCore/QSet>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ReadOnlyConnection.h"
 
@@ -76,7 +77,7 @@ private:
         for (const char *order : {"ASC", "DESC"}) {
             const Expected<void> read = m_source.read(
                 QStringLiteral("SELECT %1, database FROM operations NOT INDEXED ORDER BY id %2")
-                    .arg(NoteLog::OperationColumns, QLatin1StringView(order)),
+                    .arg(OperationTable::Columns, QLatin1StringView(order)),
                 [this](const QSqlQuery &row) { take(row); });
             if (Expected<void> merged = merge(); !merged) {
                 return merged;
@@ -89,9 +90,9 @@ private:
     }
 
     void take(const QSqlQuery &row) {
-        const Operation operation = NoteLog::operationIn(row);
+        const Operation operation = OperationTable::operationIn(row);
         const qint64 database =
-            m_databases.value(row.value(NoteLog::OperationColumnCount).toLongLong());
+            m_databases.value(row.value(OperationTable::ColumnCount).toLongLong());
         const bool isKnown =
             m_known.contains(operation.id) || m_known.contains(operation.computedId());
         if (operation.isSound() && database) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Engine/Notes/NoteLog.h"
+#include "Engine/Notes/NoteInspection.h"
 
 /// Adds to a restored backup, or to a new profile, what only the damaged profile contains. The
 /// contents of each change show whether it is intact, so that it does not matter what else is
@@ -12,7 +12,7 @@ struct Findings {
     /// The number of changes that were added.
     qsizetype added = 0;
     /// The changes that are damaged.
-    QList<NoteLog::Damage> damaged;
+    QList<NoteInspection::DamagedOperation> damaged;
     /// Whether no error has prevented reading.
     bool isComplete = true;
 };

@@ -28,4 +28,13 @@ Expected<Faults> check(const ProfileDatabase &profile, qint64 database);
 /// of the profile.
 Expected<void> repair(const ProfileDatabase &profile, qint64 database, const Faults &faults);
 
+/// Returns the number of notes with conflicting edits in this database, as the profile has recorded
+/// it. O(1).
+Expected<qint64> countOfConflicts(const ProfileDatabase &profile, qint64 database);
+/// Returns whether that is what counting finds. O(n).
+Expected<bool> isCountOfConflictsSound(const ProfileDatabase &profile, qint64 database);
+/// Counts the conflicts and records their number. O(n). Must be called on the main thread, within a
+/// transaction of the profile.
+Expected<void> recountConflicts(const ProfileDatabase &profile, qint64 database);
+
 }  // namespace DerivedTables

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <utility>
 
+#include "Engine/Notes/DerivedTables.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Platform/KeyValue/KeyValue.h"
 
@@ -16,7 +17,10 @@ constexpr std::chrono::milliseconds PauseAfterMany(100);
 }  // namespace
 
 EngineDatabase::EngineDatabase(const ProfileDatabase &profile, const Row &row)
-    : m_profile(profile), m_log(profile, row.id, row.lastOperationAtOpening), m_row(row) {
+    : m_profile(profile),
+      m_log(profile, row.id, row.lastOperationAtOpening),
+      m_rows(profile, row.id),
+      m_row(row) {
     m_pause.setSingleShot(true);
     m_pause.setInterval(PauseAfterMany);
     connect(&m_pause, &QTimer::timeout, this, [this] {
@@ -27,27 +31,27 @@ EngineDatabase::EngineDatabase(const ProfileDatabase &profile, const Row &row)
 }
 
 Expected<QList<Note>> EngineDatabase::notes() const {
-    return m_log.notes();
+    return m_rows.notes();
 }
 
 Expected<QList<NoteRow>> EngineDatabase::rows(qint64 from, int count) const {
-    return m_log.noteRows(from, count);
+    return m_rows.rows(from, count);
 }
 
 Expected<QList<NoteRow>> EngineDatabase::rowsAt(qint64 position) const {
-    return m_log.noteRowsAt(position);
+    return m_rows.rowsAt(position);
 }
 
 Expected<Note> EngineDatabase::completeNote(const Note &note) const {
-    return m_log.completeNote(note);
+    return m_rows.completeNote(note);
 }
 
 Expected<bool> EngineDatabase::hasMoreEdits(const QString &UUID, qsizetype count) const {
-    return m_log.hasMoreEdits(UUID, count);
+    return m_rows.hasMoreEdits(UUID, count);
 }
 
 Expected<qint64> EngineDatabase::countOfConflicts() const {
-    return m_log.countOfConflicts();
+    return DerivedTables::countOfConflicts(m_profile, m_row.id);
 }
 
 Expected<void> EngineDatabase::saveNote(Note &note) {
@@ -86,7 +90,12 @@ Expected<QList<NoteVersion>> EngineDatabase::deletedNotes(const VersionsPart &pa
 
 Expected<QList<NoteVersion>> EngineDatabase::earlierVersions(const Note &note,
                                                              const VersionsPart &part) const {
-    return m_log.earlierVersions(note, part);
+    QStringList UUIDs{note.UUID};
+    // A copy has the versions of the note, too.
+    if (!note.conflict.isEmpty() && note.conflict != note.UUID) {
+        UUIDs.append(note.conflict);
+    }
+    return m_log.history().versions(UUIDs, part);
 }
 
 Expected<Note> EngineDatabase::noteOfVersion(const NoteVersion &version) const {
@@ -135,8 +144,8 @@ Expected<void> EngineDatabase::merge(const Merge &merge,
     return {};
 }
 
-void EngineDatabase::addDamaged(const QList<NoteLog::Damage> &operations) {
-    for (const NoteLog::Damage &operation : operations) {
+void EngineDatabase::addDamaged(const QList<NoteInspection::DamagedOperation> &operations) {
+    for (const NoteInspection::DamagedOperation &operation : operations) {
         // Reading again what cannot be read does no harm.
         if (operation.isOfContents && m_log.isDamaged(operation.id).value_or(true)) {
             m_damaged.insert(operation.id);

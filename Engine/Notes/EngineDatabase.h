@@ -6,7 +6,9 @@
 #include <chrono>
 #include <functional>
 
+#include "Engine/Notes/NoteInspection.h"
 #include "Engine/Notes/NoteLog.h"
+#include "Engine/Notes/NoteRows.h"
 
 /// What a synchronization merges into a database.
 struct Merge {
@@ -72,7 +74,7 @@ public:
 
     /// Adds operations that were found to be damaged, perhaps in a copy of the profile. The next
     /// synchronization reads those whose contents are damaged again if it finds them in its store.
-    void addDamaged(const QList<NoteLog::Damage> &operations);
+    void addDamaged(const QList<NoteInspection::DamagedOperation> &operations);
     /// Returns the operations that were added and not merged since. They may have been superseded.
     const QSet<OperationId> &damaged() const { return m_damaged; }
 
@@ -122,6 +124,7 @@ private:
 
     const ProfileDatabase &m_profile;
     const NoteLog m_log;
+    const NoteRows m_rows;
     Row m_row;
     /// Runs while changes by merges are not announced, and the positions of these changes.
     QTimer m_pause;

@@ -1,6 +1,7 @@
 #include "Engine/Notes/NoteInspection.h"
 
 #include "Engine/Notes/LostOperations.h"
+#include "Engine/Notes/NoteLog.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileReader.h"
 #include "Host/SyncStrings.h"
@@ -10,6 +11,29 @@ namespace {
 constexpr qsizetype MostTitles = 5;
 
 }  // namespace
+
+Expected<QList<NoteInspection::DamagedOperation>> NoteInspection::damagedOperations(
+    const ProfileDatabase &profile, qint64 database) {
+    const Expected<QSet<OperationId>> superseded = NoteLog(profile, database).supersededIds();
+    if (!superseded) {
+        return failure(superseded.error());
+    }
+    QList<DamagedOperation> damaged;
+    const Expected<void> done = profile.read(
+        OperationTable::selection(QStringLiteral("TRUE"), QStringLiteral("id")), {database},
+        [&](const QSqlQuery &row) {
+            const Operation operation = OperationTable::operationIn(row);
+            const bool isSound = operation.isSound();
+            if (!isSound || superseded->contains(operation.id)) {
+                damaged.append({operation.id,
+                                operation.note.isEmpty() ? QString() : operation.title, !isSound});
+            }
+        });
+    if (!done) {
+        return failure(done.error());
+    }
+    return damaged;
+}
 
 Expected<NoteInspection::Findings> NoteInspection::check(const QString &path,
                                                          const std::atomic_bool &isCancelled) {
@@ -28,8 +52,7 @@ Expected<NoteInspection::Findings> NoteInspection::check(const QString &path,
     }
     Findings findings;
     for (const qint64 database : std::as_const(databases)) {
-        const Expected<QList<NoteLog::Damage>> damaged =
-            NoteLog(file, database).damagedOperations();
+        const Expected<QList<DamagedOperation>> damaged = damagedOperations(file, database);
         const Expected<QSet<OperationId>> lost = LostOperations::all(file, database);
         if (!damaged || !lost) {
             return failure(damaged ? lost.error() : damaged.error());
@@ -42,9 +65,9 @@ Expected<NoteInspection::Findings> NoteInspection::check(const QString &path,
     return findings;
 }
 
-QString NoteInspection::titles(const QList<NoteLog::Damage> &damaged, const QString &name) {
+QString NoteInspection::titles(const QList<DamagedOperation> &damaged, const QString &name) {
     QStringList titles;
-    for (const NoteLog::Damage &each : damaged.first(qMin(damaged.size(), MostTitles))) {
+    for (const DamagedOperation &each : damaged.first(qMin(damaged.size(), MostTitles))) {
         titles.append(
             localizedSyncString("“%1”").arg((each.title.isEmpty() ? name : each.title).left(80)));
     }
@@ -55,8 +78,8 @@ QString NoteInspection::titles(const QList<NoteLog::Damage> &damaged, const QStr
 }
 
 QString NoteInspection::text(const Findings &findings) {
-    QList<NoteLog::Damage> all;
-    for (const QList<NoteLog::Damage> &damaged : findings.damaged) {
+    QList<DamagedOperation> all;
+    for (const QList<DamagedOperation> &damaged : findings.damaged) {
         all.append(damaged);
     }
     QStringList parts;

@@ -6,22 +6,12 @@
 #include <limits>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Notes/NoteRows.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/ExactText.h"
 
 namespace {
-
-/// Of titles in the list, in characters.
-constexpr int LongestTitle = 200;
-
-/// Not localized: all computers must show the same title.
-const QString ConflictMark = QStringLiteral(" (conflict)");
-
-/// A column of identifiers must not be NULL.
-QByteArray blob(const OperationId &identifier) {
-    return identifier.isNull() ? QByteArray("") : identifier;
-}
 
 /// Returns `text` with unpaired surrogates replaced, as encoding a transaction would replace them.
 QString wellFormed(const QString &text) {
@@ -32,16 +22,6 @@ std::optional<qint64> soundMilliseconds(const QDateTime &date) {
     const qint64 sinceEpoch = date.toMSecsSinceEpoch();
     return date.isValid() && Operation::isDate(sinceEpoch) ? std::optional(sinceEpoch)
                                                            : std::nullopt;
-}
-
-QString revisionOf(const Operation &operation) {
-    return QString::fromLatin1(operation.id.toHex());
-}
-
-constexpr QChar Brace = u'{';
-
-QString inBraces(const QString &UUID) {
-    return Brace + UUID + u'}';
 }
 
 bool holds(const Operation &operation, const Note &note) {
@@ -79,19 +59,6 @@ const QStringList ContentColumns{QStringLiteral("note_uuid"),  QStringLiteral("t
                                  QStringLiteral("text"),       QStringLiteral("modified"),
                                  QStringLiteral("supersedes"), QStringLiteral("salt")};
 
-/// Takes the database, and is followed by a condition.
-const QString OfDatabase = QStringLiteral("operations WHERE database = ? AND ");
-
-/// Takes the database.
-const QString ConflictsCounted = QStringLiteral(
-    "SELECT count(*) FROM (SELECT 1 FROM operations WHERE database = ?"
-    " AND note_uuid <> '' GROUP BY note_uuid HAVING count(*) > 1)");
-
-QString selection(const QString &condition, const QString &order = QStringLiteral("position, id")) {
-    return QStringLiteral("SELECT %1 FROM operations WHERE database = ? AND %2 ORDER BY %3")
-        .arg(NoteLog::OperationColumns, condition, order);
-}
-
 Expected<void> checkNote(const Note &note) {
     if (!Operation::isUUID(note.UUID)) {
         return failure(
@@ -114,10 +81,6 @@ bool areConflicting(const Operation &one, const Operation &other) {
     return one.id != other.id && one.note == other.note && !one.note.isEmpty();
 }
 
-bool comesBefore(const Operation &a, const Operation &b) {
-    return a.comesBefore(b);
-}
-
 }  // namespace
 
 Expected<qint64> NoteLog::insertDatabase(const ProfileDatabase &profile, const QString &UUID,
@@ -129,265 +92,36 @@ Expected<qint64> NoteLog::insertDatabase(const ProfileDatabase &profile, const Q
         .map([](const QVariant &id) { return id.toLongLong(); });
 }
 
-Operation NoteLog::operationIn(const QSqlQuery &row) {
-    const QVariant modified = row.value(4);
-    return {row.value(0).toByteArray(),
-            row.value(1).toString(),
-            ProfileDatabase::exactText(row.value(2)),
-            ProfileDatabase::exactText(row.value(3)),
-            modified.isNull() ? std::nullopt : std::optional(modified.toLongLong()),
-            Operation::unpacked(row.value(5).toByteArray()),
-            row.value(6).toByteArray()};
-}
-
 NoteLog::NoteLog(const ProfileDatabase &profile, qint64 database, qint64 lastAtOpening)
     : m_profile(profile),
       m_database(database),
       m_lastAtOpening(lastAtOpening),
+      m_operations(profile, database),
       m_history(profile, database) {}
-
-Expected<QList<Note>> NoteLog::notes() const {
-    const Expected<QList<Row>> all = rows();
-    if (!all) {
-        return failure(all.error());
-    }
-    QList<Note> notes;
-    notes.reserve(all->size());
-    for (const Row &row : *all) {
-        notes.append(noteOf(row));
-    }
-    return notes;
-}
-
-Note NoteLog::noteOf(const Row &row) {
-    const Operation &operation = row.operation;
-    const bool isCopy = row.UUID != operation.note;
-    const auto modified = operation.modified;
-    return {row.UUID,
-            isCopy ? operation.title + ConflictMark : operation.title,
-            operation.text,
-            modified ? QDateTime::fromMSecsSinceEpoch(*modified) : QDateTime(),
-            revisionOf(operation),
-            row.conflict};
-}
-
-Expected<QList<NoteRow>> NoteLog::noteRows(qint64 from, int count) const {
-    QList<NoteRow> rows;
-    qint64 next = from;
-    while (rows.size() < count) {
-        const Expected<QList<NoteRow>> more = nextRows(next, count - static_cast<int>(rows.size()));
-        if (!more) {
-            return failure(more.error());
-        }
-        rows.append(*more);
-        if (more->isEmpty() || rows.last().position == std::numeric_limits<qint64>::max()) {
-            break;
-        }
-        next = rows.last().position + 1;
-    }
-    return rows;
-}
-
-Expected<QList<NoteRow>> NoteLog::nextRows(qint64 from, int count) const {
-    const Expected<QVariant> last =
-        m_profile.value(QStringLiteral("SELECT position FROM operations WHERE database = ?"
-                                       " AND position >= ? AND note_uuid <> ''"
-                                       " ORDER BY position LIMIT 1 OFFSET ?"),
-                        {m_database, from, count - 1});
-    if (!last) {
-        return failure(last.error());
-    }
-    if (!last->isValid()) {
-        return places(OfDatabase + QStringLiteral("position >= ?"), {m_database, from}, count)
-            .and_then([this](const auto &found) { return noteRows(found); });
-    }
-    // The last position may have any number of operations, the others have fewer than `count`.
-    return places(OfDatabase + QStringLiteral("position >= ? AND position < ?"),
-                  {m_database, from, *last}, count)
-        .and_then([this](const auto &found) { return noteRows(found); })
-        .and_then([&](const QList<NoteRow> &rows) {
-            return noteRowsAt(last->toLongLong()).map([&](const QList<NoteRow> &lastRows) {
-                return rows + lastRows;
-            });
-        });
-}
-
-Expected<QList<NoteRow>> NoteLog::noteRowsAt(qint64 position) const {
-    return places(OfDatabase + QStringLiteral("position = ?"), {m_database, position}, MostRows + 1)
-        .and_then([this](const auto &found) { return noteRows(found); });
-}
-
-Expected<QList<NoteLog::Place>> NoteLog::places(const QString &source, const QVariantList &values,
-                                                int most) const {
-    QList<Place> places;
-    const Expected<void> done = m_profile.read(
-        QStringLiteral("SELECT digest, note_uuid, CAST(substr(title, 1, %1) AS BLOB), modified,"
-                       " position, id FROM %2 AND note_uuid <> ''"
-                       // An index has this order.
-                       " ORDER BY position, note_uuid, id LIMIT %3")
-            .arg(QString::number(LongestTitle), source, QString::number(most)),
-        values, [&](const QSqlQuery &row) {
-            Operation operation;
-            operation.id = row.value(0).toByteArray();
-            operation.note = row.value(1).toString();
-            operation.title = ProfileDatabase::exactText(row.value(2));
-            const QVariant modified = row.value(3);
-            operation.modified =
-                modified.isNull() ? std::nullopt : std::optional(modified.toLongLong());
-            places.append({operation, row.value(4).toLongLong(), row.value(5).toLongLong()});
-        });
-    if (!done) {
-        return failure(done.error());
-    }
-    return places;
-}
-
-Expected<QStringList> NoteLog::notesAt(qint64 position) const {
-    QStringList notes;
-    const QString next = QStringLiteral(
-        "(SELECT min(note_uuid) FROM operations WHERE database = ?"
-        " AND position = ? AND note_uuid > %1)");
-    const Expected<void> done = m_profile.read(
-        // Reads one row for each note, however many edits that has.
-        QStringLiteral("WITH RECURSIVE found (note) AS (VALUES (%1) UNION ALL"
-                       " SELECT %2 FROM found WHERE note IS NOT NULL)"
-                       " SELECT note FROM found WHERE note IS NOT NULL")
-            .arg(next.arg(QStringLiteral("''")), next.arg(QStringLiteral("found.note"))),
-        {m_database, position, m_database, position},
-        [&](const QSqlQuery &row) { notes.append(row.value(0).toString()); });
-    if (!done) {
-        return failure(done.error());
-    }
-    return notes;
-}
-
-Expected<QList<NoteLog::Place>> NoteLog::somePlaces(qint64 position, const QString &note,
-                                                    int most) const {
-    const int half = qMax(1, most / 2);
-    // The edit that shows as the note, and the last and the first ones that have arrived: among
-    // these are the user's own, and those from before somebody has sent so many.
-    return places(
-        QStringLiteral(
-            "operations NOT INDEXED WHERE id IN (SELECT * FROM (SELECT id FROM operations WHERE "
-            "database = ?"
-            "  AND note_uuid = ? ORDER BY modified DESC, digest DESC LIMIT 1)"
-            " UNION SELECT * FROM (SELECT id FROM operations WHERE database = ? AND position = ?"
-            "  AND note_uuid = ? ORDER BY id DESC LIMIT ?)"
-            " UNION SELECT * FROM (SELECT id FROM operations WHERE database = ? AND position = ?"
-            "  AND note_uuid = ? ORDER BY id LIMIT ?))"),
-        {m_database, note, m_database, position, note, half, m_database, position, note, half},
-        2 * half + 1);
-}
-
-Expected<QList<NoteRow>> NoteLog::someRowsAt(qint64 position) const {
-    const Expected<QStringList> notes = notesAt(position);
-    if (!notes) {
-        return failure(notes.error());
-    }
-    const int most = MostRows / qMax(1, static_cast<int>(notes->size()));
-    QList<Place> some;
-    for (const QString &note : *notes) {
-        const Expected<QList<Place>> edits = somePlaces(position, note, most);
-        if (!edits) {
-            return failure(edits.error());
-        }
-        some.append(*edits);
-    }
-    return noteRows(position, some);
-}
-
-Expected<bool> NoteLog::hasMoreEdits(const QString &note, qsizetype count) const {
-    return m_profile
-        .value(QStringLiteral("SELECT 1 FROM operations WHERE database = ? AND note_uuid = ?"
-                              " LIMIT 1 OFFSET ?"),
-               {m_database, note, count})
-        .map([](const QVariant &found) { return found.isValid(); });
-}
-
-Expected<QList<NoteRow>> NoteLog::noteRows(const QList<Place> &places) const {
-    QList<NoteRow> found;
-    found.reserve(places.size());
-    for (auto first = places.begin(); first != places.end();) {
-        const qint64 position = first->position;
-        const auto end = std::find_if(
-            first, places.end(), [&](const Place &place) { return place.position != position; });
-        if (end - first == 1) {
-            found.append({noteOf({first->operation.note, first->operation, {}}), position});
-            first = end;
-            continue;
-        }
-        const Expected<QList<NoteRow>> rows = end - first > MostRows
-                                                  ? someRowsAt(position)
-                                                  : noteRows(position, QList<Place>(first, end));
-        if (!rows) {
-            return failure(rows.error());
-        }
-        found.append(*rows);
-        first = end;
-    }
-    return found;
-}
-
-Expected<QList<NoteRow>> NoteLog::noteRows(qint64 position, QList<Place> places) const {
-    std::sort(places.begin(), places.end(),
-              [](const Place &a, const Place &b) { return a.id < b.id; });
-    QList<Operation> operations;
-    operations.reserve(places.size());
-    for (const Place &place : std::as_const(places)) {
-        operations.append(place.operation);
-    }
-    return rowsOf(operations, [this](const QString &UUID) { return hasNote(UUID); })
-        .map([&](const QList<Row> &rows) {
-            QList<NoteRow> found;
-            found.reserve(rows.size());
-            for (const Row &row : rows) {
-                found.append({noteOf(row), position});
-            }
-            return found;
-        });
-}
-
-Expected<Note> NoteLog::completeNote(const Note &note) const {
-    return operation(QByteArray::fromHex(note.revision.toLatin1()))
-        .and_then([&](const std::optional<Operation> &found) -> Expected<Note> {
-            if (!found) {
-                return failure(engineError(EngineErrorCode::InvalidDatabase,
-                                           "The note “%1” has changed meanwhile. Select it again.",
-                                           note.title.left(80)));
-            }
-            return noteOf({note.UUID, *found, note.conflict});
-        });
-}
-
-Expected<bool> NoteLog::hasNote(const QString &UUID) const {
-    return m_profile
-        .value(QStringLiteral("SELECT 1 FROM operations WHERE database = ? AND note_uuid = ?"
-                              " LIMIT 1"),
-               {m_database, UUID})
-        .map([](const QVariant &found) { return found.isValid(); });
-}
 
 Expected<void> NoteLog::save(Note &note) const {
     Note saved{note.UUID, wellFormed(note.title), wellFormed(note.text), note.modified,
                note.revision};
-    if (saved.UUID.isEmpty() || saved.UUID.startsWith(Brace)) {
+    if (saved.UUID.isEmpty() || NoteRows::isInBraces(saved.UUID)) {
         saved.UUID = QUuid::createUuid().toString(QUuid::WithoutBraces);
     }
     if (Expected<void> checked = checkNote(saved); !checked) {
         return checked;
     }
     const Expected<Operation> current =
-        seenAs(note).and_then([&](const OperationId &seenId) { return writeEdit(saved, seenId); });
+        NoteRows(m_profile, m_database).editOf(note).and_then([&](const OperationId &seenId) {
+            return writeEdit(saved, seenId);
+        });
     if (!current) {
         return failure(current.error());
     }
-    saved.revision = revisionOf(*current);
+    saved.revision = NoteRows::revisionOf(*current);
     note = saved;
     return {};
 }
 
 Expected<Operation> NoteLog::writeEdit(const Note &note, const OperationId &seen) const {
-    const Expected<std::optional<Operation>> current = operation(seen);
+    const Expected<std::optional<Operation>> current = m_operations.find(seen);
     if (!current) {
         return failure(current.error());
     }
@@ -445,7 +179,7 @@ Expected<void> NoteLog::resolveConflict(Note &kept, const Note &removed) const {
     return erase({(*one)->id}, Keeping::Drop)
         .and_then([&] { return replace({(*other)->id}, *resolved); })
         .and_then([&] { return markAllSent(); })
-        .map([&] { kept.revision = revisionOf(*resolved); });
+        .map([&] { kept.revision = NoteRows::revisionOf(*resolved); });
 }
 
 Expected<Operation> NoteLog::resolution(const Operation &kept, const Operation &removed) const {
@@ -463,19 +197,13 @@ Expected<Operation> NoteLog::resolution(const Operation &kept, const Operation &
 }
 
 Expected<std::optional<Operation>> NoteLog::seenOperation(const Note &note) const {
-    return seenAs(note).and_then(
-        [&](const OperationId &identifier) { return operation(identifier); });
-}
-
-Expected<OperationId> NoteLog::seenAs(const Note &note) const {
-    if (note.revision.isEmpty()) {
-        return shownAs(note.UUID);
-    }
-    return QByteArray::fromHex(note.revision.toLatin1());
+    return NoteRows(m_profile, m_database)
+        .editOf(note)
+        .and_then([&](const OperationId &identifier) { return m_operations.find(identifier); });
 }
 
 Expected<QString> NoteLog::name() const {
-    return first({}).map([](const std::optional<Operation> &operation) {
+    return m_operations.first({}).map([](const std::optional<Operation> &operation) {
         return operation ? operation->title : QString();
     });
 }
@@ -595,40 +323,6 @@ Expected<bool> NoteLog::hasMoreNotesThan(qint64 count) const {
         .map([&](const QVariant &found) { return found.toLongLong() > count; });
 }
 
-Expected<qint64> NoteLog::countOfConflicts() const {
-    return m_profile
-        .value(QStringLiteral("SELECT coalesce((SELECT conflicts FROM counts WHERE database = ?),"
-                              " (%1))")
-                   .arg(ConflictsCounted),
-               {m_database, m_database})
-        .map([](const QVariant &count) { return count.toLongLong(); });
-}
-
-Expected<bool> NoteLog::isCountOfConflictsSound() const {
-    return m_profile
-        .value(QStringLiteral("SELECT (SELECT conflicts FROM counts WHERE database = ?) IS (%1)")
-                   .arg(ConflictsCounted),
-               {m_database, m_database})
-        .map([](const QVariant &isSound) { return isSound.toBool(); });
-}
-
-Expected<void> NoteLog::recountConflicts() const {
-    return m_profile.run(
-        QStringLiteral("INSERT OR REPLACE INTO counts (database, conflicts) VALUES (?, (%1))")
-            .arg(ConflictsCounted),
-        {m_database, m_database});
-}
-
-Expected<QList<NoteVersion>> NoteLog::earlierVersions(const Note &note,
-                                                      const VersionsPart &part) const {
-    QStringList UUIDs{note.UUID};
-    // A copy has the versions of the note, too.
-    if (!note.conflict.isEmpty() && note.conflict != note.UUID) {
-        UUIDs.append(note.conflict);
-    }
-    return m_history.versions(UUIDs, part);
-}
-
 Expected<QList<OperationId>> NoteLog::operationIds() const {
     return identifiers(QStringLiteral("TRUE"), {});
 }
@@ -707,28 +401,6 @@ Expected<NoteLog::IdentifierSets> NoteLog::identifierSetsOf(
     return sets;
 }
 
-Expected<QList<NoteLog::Damage>> NoteLog::damagedOperations() const {
-    const Expected<QSet<OperationId>> superseded = supersededIds();
-    if (!superseded) {
-        return failure(superseded.error());
-    }
-    QList<Damage> damaged;
-    const Expected<void> done = m_profile.read(
-        selection(QStringLiteral("TRUE"), QStringLiteral("id")), {m_database},
-        [&](const QSqlQuery &row) {
-            const Operation operation = operationIn(row);
-            const bool isSound = operation.isSound();
-            if (!isSound || superseded->contains(operation.id)) {
-                damaged.append({operation.id,
-                                operation.note.isEmpty() ? QString() : operation.title, !isSound});
-            }
-        });
-    if (!done) {
-        return failure(done.error());
-    }
-    return damaged;
-}
-
 Expected<QList<OperationId>> NoteLog::returnedIds() const {
     return identifiers(QStringLiteral("EXISTS (SELECT 1 FROM superseded AS s"
                                       " WHERE s.database = operations.database"
@@ -737,7 +409,7 @@ Expected<QList<OperationId>> NoteLog::returnedIds() const {
 }
 
 Expected<bool> NoteLog::isDamaged(const OperationId &identifier) const {
-    return operation(identifier).map([](const std::optional<Operation> &found) {
+    return m_operations.find(identifier).map([](const std::optional<Operation> &found) {
         return found && !found->isSound();
     });
 }
@@ -747,7 +419,7 @@ Expected<bool> NoteLog::removeDamagedCopy(const Operation &damaged) const {
     if (identifier == damaged.id) {
         return false;
     }
-    const Expected<std::optional<Operation>> current = operation(identifier);
+    const Expected<std::optional<Operation>> current = m_operations.find(identifier);
     const Expected<bool> isSuperseded = this->isSuperseded(identifier);
     if (!current || !isSuperseded) {
         return failure(current ? isSuperseded.error() : current.error());
@@ -762,138 +434,20 @@ Expected<bool> NoteLog::removeDamagedCopy(const Operation &damaged) const {
     return erase({damaged.id}, *isKept ? Keeping::Drop : Keeping::Keep).map([] { return true; });
 }
 
-Expected<std::optional<Operation>> NoteLog::operation(const OperationId &identifier) const {
-    return select(QStringLiteral("digest = ?"), {blob(identifier)})
-        .map([](const QList<Operation> &found) {
-            return found.isEmpty() ? std::nullopt : std::optional(found.first());
-        });
-}
-
-Expected<QList<NoteLog::Row>> NoteLog::rows() const {
-    return select(QStringLiteral("note_uuid <> ''"), {}).and_then([](const QList<Operation> &all) {
-        QSet<QString> notes;
-        for (const Operation &operation : all) {
-            notes.insert(operation.note);
-        }
-        return rowsOf(all,
-                      [&](const QString &UUID) -> Expected<bool> { return notes.contains(UUID); });
-    });
-}
-
-Expected<QList<NoteLog::Row>> NoteLog::rowsOf(const QList<Operation> &operations,
-                                              const HasNote &hasNote) {
-    QHash<QString, QList<Operation>> editsByNote;
-    QStringList notes;
-    for (const Operation &operation : operations) {
-        QList<Operation> &edits = editsByNote[operation.note];
-        if (edits.isEmpty()) {
-            notes.append(operation.note);
-        }
-        edits.append(operation);
-    }
-    QList<Row> rows;
-    rows.reserve(operations.size());
-    for (const QString &note : std::as_const(notes)) {
-        QList<Operation> &edits = editsByNote[note];
-        std::sort(edits.begin(), edits.end(), comesBefore);
-        const QString conflict = edits.size() > 1 ? note : QString();
-        rows.append({note, edits.first(), conflict});
-        for (const Operation &copy : edits.mid(1)) {
-            const Expected<QString> UUID = UUIDOfCopy(copy, hasNote);
-            if (!UUID) {
-                return failure(UUID.error());
-            }
-            rows.append({*UUID, copy, conflict});
-        }
-    }
-    return rows;
-}
-
-Expected<QString> NoteLog::UUIDOfCopy(const Operation &copy, const HasNote &hasNote) {
-    const QString UUID = copy.UUIDOfCopy();
-    // A note has this UUID only if it was created on purpose. No note has one in braces.
-    return hasNote(UUID).map([&](bool isTaken) { return isTaken ? inBraces(UUID) : UUID; });
-}
-
-Expected<std::optional<Operation>> NoteLog::first(const QString &note) const {
-    // The order of Operation::comesBefore. An index has it.
-    const QString order = QStringLiteral("modified DESC, digest DESC LIMIT 1");
-    std::optional<Operation> first;
-    const Expected<void> done =
-        m_profile.read(selection(QStringLiteral("note_uuid = ?"), order),
-                       {m_database, ProfileDatabase::text(note)},
-                       [&](const QSqlQuery &row) { first = operationIn(row); });
-    if (!done) {
-        return failure(done.error());
-    }
-    return first;
-}
-
-Expected<OperationId> NoteLog::shownAs(const QString &noteUUID) const {
-    if (noteUUID.isEmpty()) {
-        return OperationId();
-    }
-    const Expected<std::optional<Operation>> shown = first(noteUUID);
-    if (!shown) {
-        return failure(shown.error());
-    }
-    if (*shown) {
-        return (*shown)->id;
-    }
-    return copyShownAs(QUuid(noteUUID));
-}
-
-Expected<OperationId> NoteLog::copyShownAs(const QUuid &UUID) const {
-    OperationId found;
-    QString note;
-    QUuid space;
-    const Expected<void> done = m_profile.read(
-        // An index has these columns, in this order.
-        QStringLiteral("SELECT note_uuid, digest FROM operations WHERE database = ? AND note_uuid"
-                       " IN (SELECT note_uuid FROM operations WHERE database = ?"
-                       "  AND note_uuid <> '' GROUP BY note_uuid HAVING count(*) > 1)"
-                       " ORDER BY note_uuid DESC, modified DESC, digest DESC"),
-        {m_database, m_database}, [&](const QSqlQuery &row) {
-            const QString rowNote = row.value(0).toString();
-            // The first one shows as the note.
-            if (rowNote != note) {
-                note = rowNote;
-                space = QUuid(note);
-                return;
-            }
-            const OperationId identifier = row.value(1).toByteArray();
-            if (Operation::UUIDOfCopy(space, identifier) == UUID) {
-                found = identifier;
-            }
-        });
-    return done.map([&] { return found; });
-}
-
-Expected<QList<Operation>> NoteLog::select(const QString &condition,
-                                           const QVariantList &values) const {
-    QList<Operation> operations;
-    const Expected<void> done =
-        m_profile.read(selection(condition), QVariantList{m_database} + values,
-                       [&](const QSqlQuery &row) { operations.append(operationIn(row)); });
-    if (!done) {
-        return failure(done.error());
-    }
-    return operations;
-}
-
 Expected<NoteLog::Portion> NoteLog::firstOperations(const QList<OperationId> &identifiers) const {
-    Expected<QSqlQuery> query = m_profile.prepare(selection(QStringLiteral("digest = ?")));
+    Expected<QSqlQuery> query =
+        m_profile.prepare(OperationTable::selection(QStringLiteral("digest = ?")));
     if (!query) {
         return failure(query.error());
     }
     Portion portion;
     qsizetype size = 0;
     for (; portion.count < identifiers.size() && size < Transaction::UsualSize; ++portion.count) {
-        const Expected<void> done = m_profile.read(*query, {m_database, identifiers[portion.count]},
-                                                   [&](const QSqlQuery &row) {
-                                                       portion.operations.append(operationIn(row));
-                                                       size += roughSize(portion.operations.last());
-                                                   });
+        const Expected<void> done = m_profile.read(
+            *query, {m_database, identifiers[portion.count]}, [&](const QSqlQuery &row) {
+                portion.operations.append(OperationTable::operationIn(row));
+                size += roughSize(portion.operations.last());
+            });
         if (!done) {
             return failure(done.error());
         }
@@ -926,7 +480,7 @@ Expected<QList<OperationId>> NoteLog::predecessors(const QList<OperationId> &see
             identifiers.append(identifier);
             continue;
         }
-        const Expected<std::optional<Operation>> replaced = operation(identifier);
+        const Expected<std::optional<Operation>> replaced = m_operations.find(identifier);
         if (!replaced) {
             return failure(replaced.error());
         }
@@ -940,14 +494,14 @@ Expected<bool> NoteLog::isUnsent(const OperationId &identifier) const {
         .value(QStringLiteral("SELECT 1 FROM operations JOIN databases"
                               " ON databases.id = operations.database WHERE database = ?"
                               " AND digest = ? AND operations.id > max(sent, ?)"),
-               {m_database, blob(identifier), m_lastAtOpening})
+               {m_database, OperationTable::blob(identifier), m_lastAtOpening})
         .map([](const QVariant &found) { return found.isValid(); });
 }
 
 Expected<bool> NoteLog::isSuperseded(const OperationId &identifier) const {
     return m_profile
         .value(QStringLiteral("SELECT 1 FROM superseded WHERE database = ? AND digest = ?"),
-               {m_database, blob(identifier)})
+               {m_database, OperationTable::blob(identifier)})
         .map([](const QVariant &found) { return found.isValid(); });
 }
 
@@ -984,7 +538,7 @@ Expected<QSqlQuery> NoteLog::prepareInsertion() const {
             // A row with other contents is damaged.
             " ON CONFLICT (database, digest) DO UPDATE SET (%1) = (%2) WHERE (%1) IS NOT (%2)"
             " RETURNING position")
-            .arg(contents, excluded, QString::number(MostRows - 1)));
+            .arg(contents, excluded, QString::number(NoteRows::MostRows - 1)));
 }
 
 Expected<void> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,
@@ -992,10 +546,10 @@ Expected<void> NoteLog::insert(QSqlQuery &insertion, const Operation &operation,
     const auto modified = operation.modified;
     return m_profile.read(
         insertion,
-        {m_database, blob(operation.id), ProfileDatabase::text(operation.note),
+        {m_database, OperationTable::blob(operation.id), ProfileDatabase::text(operation.note),
          ProfileDatabase::exactText(operation.title), ProfileDatabase::exactText(operation.text),
          modified ? QVariant(*modified) : QVariant(), Operation::packed(operation.supersedes),
-         operation.salt, blob(seen)},
+         operation.salt, OperationTable::blob(seen)},
         [this](const QSqlQuery &row) { m_changedPositions.insert(row.value(0).toLongLong()); });
 }
 

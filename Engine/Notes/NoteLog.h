@@ -7,12 +7,14 @@
 #include "Application/Interface/NoteDatabase.h"
 #include "Engine/Notes/IdentifierSet.h"
 #include "Engine/Notes/NoteHistory.h"
+#include "Engine/Notes/OperationTable.h"
 #include "Engine/Notes/Transaction.h"
 
 class ProfileDatabase;
 class QSqlQuery;
 
-/// The operations of one database of the profile, and the notes that follow from them.
+/// Writes the operations of one database of the profile, and reads their identifiers. NoteRows
+/// reads the notes that follow from them.
 ///
 /// Stores the current operations, and of superseded operations only the identifiers. The set of
 /// superseded identifiers never shrinks, so that the order in which operations arrive does not
@@ -35,30 +37,10 @@ public:
     static Expected<qint64> insertDatabase(const ProfileDatabase &profile, const QString &UUID,
                                            const QString &name);
 
-    /// The columns of the table "operations" that are read as an operation, and their number.
-    static inline const QString OperationColumns = QStringLiteral(
-        "digest, note_uuid, CAST(title AS BLOB), CAST(text AS BLOB), modified, supersedes, salt");
-    static constexpr int OperationColumnCount = 7;
-    /// Returns the operation in a row that begins with OperationColumns. It may be damaged.
-    static Operation operationIn(const QSqlQuery &row);
-
-    /// Maximum number of edits at one position that are all read for the list of notes, so that a
-    /// store cannot exhaust the time of the main thread. Of more edits, about as many are read.
-    static constexpr int MostRows = 100;
-
     /// `profile` is not owned and must outlive this object. `database` is the id of the database's
     /// row, `lastAtOpening` that of its last operation when the profile was opened.
     NoteLog(const ProfileDatabase &profile, qint64 database, qint64 lastAtOpening = 0);
 
-    /// Returns the notes in the order in which they were added. A note with conflicting edits is
-    /// followed by one copy for each of the other edits.
-    Expected<QList<Note>> notes() const;
-    /// See NoteDatabase::rows, rowsAt, hasMoreEdits and completeNote. The error of an edit that is
-    /// not there has the code InvalidDatabase.
-    Expected<QList<NoteRow>> noteRows(qint64 from, int count) const;
-    Expected<QList<NoteRow>> noteRowsAt(qint64 position) const;
-    Expected<bool> hasMoreEdits(const QString &note, qsizetype count) const;
-    Expected<Note> completeNote(const Note &note) const;
     /// Returns the positions of the rows that this object may have changed since the last call.
     QSet<qint64> takeChangedPositions() const { return std::exchange(m_changedPositions, {}); }
     /// See NoteDatabase::saveNote. Also returns an error of the code InvalidDatabase if the UUID is
@@ -113,17 +95,6 @@ public:
     Expected<IdentifierSets> identifierSets() const;
     /// Returns those of `identifiers`, in time in proportion to them.
     Expected<IdentifierSets> identifierSetsOf(const QList<OperationId> &identifiers) const;
-    /// A current operation that is not what was saved.
-    struct Damage {
-        OperationId id;
-        /// The title of the note, which may be damaged itself; empty for the name of the database.
-        QString title;
-        /// Whether the identifier is not the digest of the contents. Otherwise the operation is
-        /// superseded.
-        bool isOfContents = false;
-    };
-    /// Returns all such operations. Reads all operations.
-    Expected<QList<Damage>> damagedOperations() const;
     /// Returns whether this operation is current and its contents are damaged.
     Expected<bool> isDamaged(const OperationId &identifier) const;
     /// Removes the operation `damaged`, which must be current, if only its identifier is damaged:
@@ -155,83 +126,17 @@ public:
     Expected<qsizetype> countOf(const QStringList &UUIDs) const;
     /// Returns whether there are more notes than `count`. O(count).
     Expected<bool> hasMoreNotesThan(qint64 count) const;
-    /// Returns the number of notes with conflicting edits, as the profile has recorded it. O(1).
-    Expected<qint64> countOfConflicts() const;
-    /// Returns whether that is what counting finds. O(n).
-    Expected<bool> isCountOfConflictsSound() const;
-    /// Counts the conflicts and records their number. O(n).
-    Expected<void> recountConflicts() const;
-    /// See NoteDatabase::earlierVersions.
-    Expected<QList<NoteVersion>> earlierVersions(const Note &note, const VersionsPart &part) const;
     const NoteHistory &history() const { return m_history; }
 
     /// Returns the id of the database's row.
     qint64 database() const { return m_database; }
 
 private:
-    /// An operation, and the UUID of the note that it shows as.
-    struct Row {
-        QString UUID;
-        Operation operation;
-        /// See Note::conflict.
-        QString conflict;
-    };
-
-    /// An operation of a note, without its text, and where it is in the list.
-    struct Place {
-        Operation operation;
-        qint64 position = 0;
-        /// The id of its row.
-        qint64 id = 0;
-    };
-
-    /// Returns whether an operation has this UUID as `note`.
-    using HasNote = std::function<Expected<bool>(const QString &UUID)>;
-
-    /// Returns the rows of `operations`, which must be all of some notes or those that show, in
-    /// their order.
-    static Expected<QList<Row>> rowsOf(const QList<Operation> &operations, const HasNote &hasNote);
-    Expected<QList<Row>> rows() const;
-    /// Returns the operations of notes in the rows of `source`, a table and a condition, at most
-    /// `most`, ordered by position and note.
-    Expected<QList<Place>> places(const QString &source, const QVariantList &values,
-                                  int most) const;
-    /// Returns rows from the position `from` on, one at least if there is one. Reads as many as
-    /// `count` operations, and the rows of one more position.
-    Expected<QList<NoteRow>> nextRows(qint64 from, int count) const;
-    /// Returns the rows of `places`; of a position with more than MostRows, the rows of some.
-    Expected<QList<NoteRow>> noteRows(const QList<Place> &places) const;
-    /// Returns the rows of one position.
-    Expected<QList<NoteRow>> noteRows(qint64 position, QList<Place> places) const;
-    /// Returns about MostRows of the rows of a position, with two at least of each conflict.
-    Expected<QList<NoteRow>> someRowsAt(qint64 position) const;
-    /// Returns the notes of a position. O(notes log n), however many edits they have.
-    Expected<QStringList> notesAt(qint64 position) const;
-    /// Returns about `most` of the edits of a note, with the one that shows first and, if there are
-    /// several, another one.
-    Expected<QList<Place>> somePlaces(qint64 position, const QString &note, int most) const;
-    static Note noteOf(const Row &row);
-    Expected<bool> hasNote(const QString &UUID) const;
-    /// Returns the UUID as which `copy` shows, which no note has. It may be in braces: such a copy
-    /// is saved with another UUID.
-    static Expected<QString> UUIDOfCopy(const Operation &copy, const HasNote &hasNote);
     Expected<QList<OperationId>> identifiers(const QString &condition,
                                              const QVariantList &values) const;
     Expected<void> visitIds(const QString &condition, const QVariantList &values,
                             const IdVisitor &visit) const;
-    Expected<QList<Operation>> select(const QString &condition, const QVariantList &values) const;
-    Expected<std::optional<Operation>> operation(const OperationId &identifier) const;
-    /// Returns the operation that shows first among those of `note`; the empty string stands for
-    /// the name of the database.
-    Expected<std::optional<Operation>> first(const QString &note) const;
-    /// Returns the operation that shows as the note `noteUUID`, or an empty identifier.
-    Expected<OperationId> shownAs(const QString &noteUUID) const;
-    /// The same for a UUID that no note has. Reads the identifiers of all conflicting edits.
-    Expected<OperationId> copyShownAs(const QUuid &UUID) const;
-    /// Returns the edit that the revision of `note` names or, if it is empty, the one that its UUID
-    /// shows.
-    Expected<OperationId> seenAs(const Note &note) const;
-    /// Returns the operation of the edit that seenAs() returns, if it is current.
+    /// Returns the edit that `note` shows, see NoteRows::editOf, if it is current.
     Expected<std::optional<Operation>> seenOperation(const Note &note) const;
     /// Returns the operation that replaces the conflicting ones `kept` and `removed`.
     Expected<Operation> resolution(const Operation &kept, const Operation &removed) const;
@@ -261,6 +166,7 @@ private:
     const ProfileDatabase &m_profile;
     const qint64 m_database;
     const qint64 m_lastAtOpening;
+    const OperationTable m_operations;
     const NoteHistory m_history;
     mutable QSet<qint64> m_changedPositions;
 };

@@ -146,24 +146,25 @@ ProfileVerification::Findings ProfileVerification::integrityProblems() const {
 }
 
 Expected<QStringList> ProfileVerification::damagedNotes(EngineDatabase &database) const {
-    return database.log().damagedOperations().map([&](const QList<NoteLog::Damage> &damaged) {
-        database.addDamaged(damaged);
-        if (damaged.isEmpty()) {
-            return QStringList();
-        }
-        const QString text = m_mode == VerificationMode::Repair
-                                 ? localizedSyncString(
-                                       "Damaged notes in the database “%1” that no location "
-                                       "could restore: %2. Check their texts, edit them and "
-                                       "synchronize, or restore a backup of the profile.")
-                                 : localizedSyncString(
-                                       "Damaged notes in the database “%1”: %2. “velmora "
-                                       "verify --repair” reads them again from the locations. "
-                                       "If no location has them, check their texts and edit "
-                                       "them.");
-        return QStringList(
-            text.arg(database.name(), NoteInspection::titles(damaged, database.name())));
-    });
+    return NoteInspection::damagedOperations(m_profile, database.log().database())
+        .map([&](const QList<NoteInspection::DamagedOperation> &damaged) {
+            database.addDamaged(damaged);
+            if (damaged.isEmpty()) {
+                return QStringList();
+            }
+            const QString text = m_mode == VerificationMode::Repair
+                                     ? localizedSyncString(
+                                           "Damaged notes in the database “%1” that no location "
+                                           "could restore: %2. Check their texts, edit them and "
+                                           "synchronize, or restore a backup of the profile.")
+                                     : localizedSyncString(
+                                           "Damaged notes in the database “%1”: %2. “velmora "
+                                           "verify --repair” reads them again from the locations. "
+                                           "If no location has them, check their texts and edit "
+                                           "them.");
+            return QStringList(
+                text.arg(database.name(), NoteInspection::titles(damaged, database.name())));
+        });
 }
 
 Expected<QStringList> ProfileVerification::lostNotes(const EngineDatabase &database) const {

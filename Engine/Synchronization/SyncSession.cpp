@@ -8,6 +8,7 @@
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Notes/DatabaseRecord.h"
+#include "Engine/Notes/DerivedTables.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
 #include "Engine/Notes/TransactionName.h"
 #include "Engine/Profile/ProfileDatabase.h"
@@ -757,7 +758,8 @@ Expected<void> SyncSession::prepareWriting() {
     if (prepared && (!m_operationsToWrite.isEmpty() || m_isCountWrong)) {
         prepared = profile().write([this] {
             const Expected<void> counted =
-                m_isCountWrong ? log().recountConflicts() : Expected<void>();
+                m_isCountWrong ? DerivedTables::recountConflicts(profile(), log().database())
+                               : Expected<void>();
             return counted.and_then([this] {
                 return m_operationsToWrite.isEmpty() ? Expected<void>() : log().markAllSent();
             });
@@ -767,7 +769,8 @@ Expected<void> SyncSession::prepareWriting() {
 }
 
 Expected<void> SyncSession::findFaults() {
-    const Expected<bool> isCountSound = log().isCountOfConflictsSound();
+    const Expected<bool> isCountSound =
+        DerivedTables::isCountOfConflictsSound(profile(), log().database());
     const Expected<QList<OperationId>> returned = log().returnedIds();
     if (!isCountSound || !returned) {
         return failure(isCountSound ? returned.error() : isCountSound.error());

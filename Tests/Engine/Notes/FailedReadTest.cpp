@@ -134,13 +134,16 @@ private Q_SLOTS:
         note.text = QStringLiteral("lost");
         const FailingTable failing(profile(), QStringLiteral("operations"), fault);
         QCOMPARE(code(log().countOfNotes()), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().isCountOfConflictsSound()), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().recountConflicts()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(DerivedTables::isCountOfConflictsSound(profile(), log().database())),
+                 EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(DerivedTables::recountConflicts(profile(), log().database())),
+                 EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->rows(0, 10)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->rowsAt(1)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->hasMoreEdits(note.UUID, 1)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->completeNote(all.last())), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(NoteInspection::damagedOperations(profile(), log().database())),
+                 EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds(note.UUID)), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().remove({.UUID = note.UUID})), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().countOf({note.UUID})), EngineErrorCode::ProfileNotWritten);
@@ -149,7 +152,7 @@ private Q_SLOTS:
         QCOMPARE(code(log().isDamaged(allIdentifiers.last())), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(NoteHistory(profile(), log().database()).contains(allIdentifiers.last())),
                  EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().notes()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(database()->notes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->notes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().identifierSets()), EngineErrorCode::ProfileNotWritten);
@@ -216,9 +219,12 @@ private Q_SLOTS:
 
     void ofCounts() {
         const FailingTable failing(profile(), QStringLiteral("counts"), Fault::AllRows);
-        QCOMPARE(code(log().countOfConflicts()), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().isCountOfConflictsSound()), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().recountConflicts()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(DerivedTables::countOfConflicts(profile(), log().database())),
+                 EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(DerivedTables::isCountOfConflictsSound(profile(), log().database())),
+                 EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(DerivedTables::recountConflicts(profile(), log().database())),
+                 EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->countOfConflicts()), EngineErrorCode::ProfileNotWritten);
     }
 
@@ -283,7 +289,8 @@ private Q_SLOTS:
         QCOMPARE(code(log().supersededIds()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().identifierSets()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().identifierSetsOf(all.values())), EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(log().damagedOperations()), EngineErrorCode::ProfileNotWritten);
+        QCOMPARE(code(NoteInspection::damagedOperations(profile(), log().database())),
+                 EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().merge(Transaction{{}, {QByteArray(16, '\1')}})),
                  EngineErrorCode::ProfileNotWritten);
     }

@@ -2,7 +2,7 @@
 #include <ctime>
 #include <limits>
 
-#include "Engine/Notes/NoteLog.h"
+#include "Engine/Notes/NoteRows.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 
@@ -87,12 +87,12 @@ private Q_SLOTS:
         receiveEdits(10);
         const double before = secondsOfThread();
         for (int i = 0; i < 50; ++i) {
-            QVERIFY(rowsAt().size() <= NoteLog::MostRows + 1);
+            QVERIFY(rowsAt().size() <= NoteRows::MostRows + 1);
         }
         // Reading all edits once takes a second.
         QVERIFY(secondsOfThread() - before < 20);
         const QList<NoteRow> rows = rowsAt();
-        QVERIFY(rows.size() >= NoteLog::MostRows / 2);
+        QVERIFY(rows.size() >= NoteRows::MostRows / 2);
         QCOMPARE(rows.first().note.UUID, m_note.UUID);
         QCOMPARE(rows.first().note.title, QString::number(edits));
         QVERIFY(revisions(rows).contains(own.revision));
@@ -132,7 +132,7 @@ private Q_SLOTS:
         QVERIFY(m_database->saveNote(copy));
         receiveEdits(2000);
         const QList<NoteRow> rows = rowsAt();
-        QVERIFY(rows.size() <= NoteLog::MostRows + 2);
+        QVERIFY(rows.size() <= NoteRows::MostRows + 2);
         QVERIFY(revisions(rows).contains(copy.revision));
         QVERIFY(UUIDs(rows).contains(m_note.UUID));
     }
@@ -200,7 +200,7 @@ private Q_SLOTS:
                                 {QByteArray::fromHex(m_note.revision.toLatin1())}));
         }
         receive(transaction);
-        QVERIFY(rowsAt().size() <= NoteLog::MostRows);
+        QVERIFY(rowsAt().size() <= NoteRows::MostRows);
         QCOMPARE(UUIDs(m_database->rows(FirstPosition, 2 * notes).value()), expected);
     }
 
@@ -223,7 +223,7 @@ private Q_SLOTS:
                 if (rows.size() < count) {
                     break;
                 }
-                QVERIFY(rows.size() <= count + 2 * NoteLog::MostRows);
+                QVERIFY(rows.size() <= count + 2 * NoteRows::MostRows);
                 from = rows.last().position + 1;
             }
             QVERIFY(found.contains(expected));

@@ -5,10 +5,12 @@
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 
+#include "Engine/Notes/DerivedTables.h"
 #include "Engine/Notes/FirstContents.h"
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Notes/NoteConversion.h"
 #include "Engine/Notes/NoteLog.h"
+#include "Engine/Notes/NoteRows.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
@@ -382,13 +384,12 @@ private Q_SLOTS:
             QCOMPARE(description(
                          profile.open(folder(), nothing, [&] { return convertOldNotes(profile); })),
                      QString());
-            const NoteLog log(
-                profile,
+            const qint64 database =
                 profile.value(QStringLiteral("SELECT id FROM databases WHERE NOT is_inbox"))
                     .value()
-                    .toLongLong());
-            QCOMPARE(log.name(), QStringLiteral("Plans"));
-            const QList<Note> notes = log.notes().value();
+                    .toLongLong();
+            QCOMPARE(NoteLog(profile, database).name(), QStringLiteral("Plans"));
+            const QList<Note> notes = NoteRows(profile, database).notes().value();
             QCOMPARE(notes.size(), 1);
             QCOMPARE(notes.first().UUID, OldProfile::UUID);
             QCOMPARE(notes.first().text, QStringLiteral("Text"));
@@ -503,15 +504,14 @@ private Q_SLOTS:
         }
         ProfileDatabase profile;
         QVERIFY(open(profile));
-        const NoteLog log(profile, 1);
-        QCOMPARE(log.countOfConflicts().value(), 1);
-        QVERIFY(log.isCountOfConflictsSound().value());
+        QCOMPARE(DerivedTables::countOfConflicts(profile, 1).value(), 1);
+        QVERIFY(DerivedTables::isCountOfConflictsSound(profile, 1).value());
         const KnownTransactions all(profile, QStringLiteral("all"), 1);
         const KnownTransactions some(profile, QStringLiteral("some"), 1);
         QVERIFY(all.isComplete().value());
         QVERIFY(!all.hasUnwritten().value());
         QVERIFY(!some.isComplete().value());
-        QVERIFY(log.merge({{edit(QStringLiteral("3"))}, {}}));
+        QVERIFY(NoteLog(profile, 1).merge({{edit(QStringLiteral("3"))}, {}}));
         QCOMPARE(all.unwritten().value().value().operations.size(), 1);
         QCOMPARE(profile.value(QStringLiteral("SELECT count(*) FROM settings"
                                               " WHERE key LIKE 'written %'")),

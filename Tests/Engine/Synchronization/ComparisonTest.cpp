@@ -1,3 +1,4 @@
+#include "Engine/Notes/NoteInspection.h"
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/UnsentChanges.h"
 #include "Support/Failure.h"
@@ -61,7 +62,8 @@ private Q_SLOTS:
     void damageMakesTheNextSessionCompareEverything() {
         loseRecord();
         QVERIFY(profile().run(QStringLiteral("UPDATE operations SET text = '' WHERE title = 'a'")));
-        database()->addDamaged(database()->log().damagedOperations().value());
+        database()->addDamaged(
+            NoteInspection::damagedOperations(profile(), database()->log().database()).value());
         QVERIFY(run<SyncSession>());
         QVERIFY(isInStore("forgotten"));
         verifySound();
