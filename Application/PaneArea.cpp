@@ -2,6 +2,7 @@
 
 #include <QtCore/QEvent>
 #include <QtGui/QScreen>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLayout>
 #include <QtWidgets/QScrollBar>
 
@@ -10,6 +11,8 @@ PaneArea::PaneArea(QWidget *parent) : QScrollArea(parent) {
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Queued, so that a list within the pane has scrolled to the control before.
+    connect(qApp, &QApplication::focusChanged, this, &PaneArea::showFocus, Qt::QueuedConnection);
 }
 
 void PaneArea::setPane(QWidget *pane) {
@@ -52,6 +55,13 @@ void PaneArea::showEvent(QShowEvent *event) {
 void PaneArea::resizeEvent(QResizeEvent *event) {
     QScrollArea::resizeEvent(event);
     fitPane();
+}
+
+void PaneArea::showFocus() {
+    QWidget *focus = QApplication::focusWidget();
+    if (focus && widget() && widget()->isAncestorOf(focus)) {
+        ensureWidgetVisible(focus);
+    }
 }
 
 void PaneArea::fitPane() {

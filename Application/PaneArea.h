@@ -3,8 +3,9 @@
 #include <QtWidgets/QScrollArea>
 
 /// Shows a pane that may need more room than the screen has, and scrolls it then. Where there is
-/// enough room, it cannot be smaller than the pane needs. It does not take the focus. Must be used
-/// on the main thread.
+/// enough room, it cannot be smaller than the pane needs. It does not take the focus, but scrolls
+/// to the control of the pane that has taken it, however that happened. Must be used on the main
+/// thread.
 class PaneArea : public QScrollArea {
     Q_OBJECT
 public:
@@ -30,6 +31,8 @@ private:
     /// Gives the pane the size of the area or, with scroll bars, what it needs if that is more.
     /// QScrollArea itself would scroll a pane that is only lower than its preferred height.
     void fitPane();
+    /// Scrolls to the control that has the focus.
+    void showFocus();
     int neededHeight(int width) const;
     QSize mostOfScreen() const;
 };

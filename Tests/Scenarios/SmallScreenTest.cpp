@@ -1,4 +1,6 @@
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QBoxLayout>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
 
 #include "Application/PaneArea.h"
@@ -117,6 +119,25 @@ private Q_SLOTS:
         QVERIFY(last->hasFocus());
         QCOMPARE(last->visibleRegion().boundingRect(), last->rect());
         window->close();
+    }
+
+    void aPaneScrollsToTheFocusHoweverItMoves() {
+        auto *pane = new QWidget;
+        auto *layout = new QVBoxLayout(pane);
+        auto *first = new QPushButton(pane);
+        auto *last = new QPushButton(pane);
+        layout->addWidget(first);
+        layout->addSpacing(2000);
+        layout->addWidget(last);
+        PaneArea area;
+        area.setPane(pane);
+        area.show();
+        area.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&area));
+        for (QPushButton *button : {first, last, first}) {
+            button->setFocus(Qt::ShortcutFocusReason);
+            QTRY_COMPARE(button->visibleRegion().boundingRect(), button->rect());
+        }
     }
 
 private:
