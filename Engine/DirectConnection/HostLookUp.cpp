@@ -8,6 +8,7 @@
 #include <condition_variable>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -82,20 +83,25 @@ Expected<Addresses> lookUp(const QString &host, quint16 port) {
         engineError(EngineErrorCode::StoreUnreachable, local.error().localizedDescription));
 }
 
-/// Starts a look-up on a thread of its own. Null if too many are running.
-std::shared_ptr<LookUp> start(const QString &host, quint16 port) {
+/// Starts a look-up on a thread of its own. The result is not null.
+Expected<std::shared_ptr<LookUp>> start(const QString &host, quint16 port) {
     if (++running > HostLookUp::MostLookUps) {
         --running;
-        return nullptr;
+        return failure(tooManyLookUps(host));
     }
     auto started = std::make_shared<LookUp>();
-    std::thread([started, host, port] {
-        Expected<Addresses> result = lookUp(host, port);
-        const std::lock_guard lock(started->mutex);
-        started->result = std::move(result);
-        started->ended.notify_all();
+    try {
+        std::thread([started, host, port] {
+            Expected<Addresses> result = lookUp(host, port);
+            const std::lock_guard lock(started->mutex);
+            started->result = std::move(result);
+            started->ended.notify_all();
+            --running;
+        }).detach();
+    } catch (const std::system_error &error) {
         --running;
-    }).detach();
+        return failure(notLookedUp(host, QString::fromLocal8Bit(error.what())));
+    }
     return started;
 }
 
@@ -110,10 +116,11 @@ Expected<Addresses> HostLookUp::addresses(const QString &host, quint16 port,
     if (Expected<Addresses> known = ask(host, port, AI_NUMERICHOST)) {
         return known;
     }
-    const std::shared_ptr<LookUp> started = start(host, port);
-    if (!started) {
-        return failure(tooManyLookUps(host));
+    const Expected<std::shared_ptr<LookUp>> begun = start(host, port);
+    if (!begun) {
+        return failure(begun.error());
     }
+    const std::shared_ptr<LookUp> &started = *begun;
     std::unique_lock lock(started->mutex);
     CancellableWait(future, QDeadlineTimer(LongestLookUp)).until(started->ended, lock, [&] {
         return started->result.has_value();

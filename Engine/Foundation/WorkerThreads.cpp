@@ -8,10 +8,22 @@
 #include <thread>
 #include <utility>
 
+#include "Engine/Foundation/EngineError.h"
+#include "Host/SyncStrings.h"
+
 namespace {
 
 /// How many threads of the process are abandoned.
 std::atomic<int> abandonedThreads = 0;
+
+Error notStarted(const std::system_error &reason) {
+    Error error = engineError(
+        EngineErrorCode::StoreUnreachable,
+        localizedSyncString("The system cannot start another thread. Quit programs that you do not "
+                            "need, then try again."));
+    error.details = QString::fromLocal8Bit(reason.what());
+    return error;
+}
 
 }  // namespace
 
@@ -57,7 +69,7 @@ WorkerThreads::~WorkerThreads() {
     end();
 }
 
-void WorkerThreads::start(std::function<void()> work) {
+Expected<void> WorkerThreads::start(std::function<void()> work) {
     std::unique_lock lock(m_state->mutex);
     m_state->joinFinished(lock);
     const auto thread = m_state->running.emplace(m_state->running.end());
@@ -68,10 +80,11 @@ void WorkerThreads::start(std::function<void()> work) {
             work = nullptr;
             state->finish(thread);
         });
-    } catch (const std::system_error &) {
+    } catch (const std::system_error &reason) {
         m_state->running.erase(thread);
-        throw;
+        return failure(notStarted(reason));
     }
+    return {};
 }
 
 bool WorkerThreads::waitForDone(std::chrono::milliseconds timeout) {

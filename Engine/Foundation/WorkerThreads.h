@@ -4,6 +4,8 @@
 #include <functional>
 #include <memory>
 
+#include "Platform/Foundation/Expected.h"
+
 /// Threads for work that blocks. They never limit each other: work that hangs does not delay other
 /// work, because every piece has a thread of its own. Nothing limits their number, so callers must
 /// limit what they start. Thread-safe, except for the destructor.
@@ -20,9 +22,10 @@ public:
 
     /// Calls `work` on a new thread and returns at once. `work` must own everything that it uses,
     /// because it may still run when this object no longer exists. It must not throw, which would
-    /// end the process. What it owns is destroyed on its thread before it counts as ended. Throws
-    /// std::system_error if the system cannot create a thread.
-    void start(std::function<void()> work);
+    /// end the process. What it owns is destroyed on its thread before it counts as ended. If the
+    /// system cannot create a thread, releases `work` without calling it, and returns an error for
+    /// the user, of the code StoreUnreachable.
+    Expected<void> start(std::function<void()> work);
     /// Waits until no work is running, for at most `timeout`. Returns whether none is. Zero does
     /// not wait. Abandoned work, see end(), is not waited for. Must not be called by the work
     /// itself.

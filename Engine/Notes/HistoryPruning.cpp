@@ -50,7 +50,7 @@ void HistoryPruning::prune() {
 }
 
 void HistoryPruning::moveLog() {
-    m_threads.start([path = m_profile.path(), files = m_profile.files(), self = QPointer(this)] {
+    const auto move = [path = m_profile.path(), files = m_profile.files(), self = QPointer(this)] {
         const Expected<void> moved = ProfileDatabase::moveLog(path, files);
         MainQueue::dispatchAsync([self, moved] {
             if (self) {
@@ -61,7 +61,12 @@ void HistoryPruning::moveLog() {
                 }
             }
         });
-    });
+    };
+    if (const Expected<void> started = m_threads.start(move); !started) {
+        logPruningFailureOf(started);
+        m_isContinued = false;
+        m_timer.start(Interval);
+    }
 }
 
 Expected<void> HistoryPruning::advanceTime() {

@@ -118,7 +118,7 @@ void DeletedDatabases::forget(const QString &UUID) {
 void DeletedDatabases::deleteServed(const QString &UUID) {
     const QString store = DirectConnectionPackage::pathInProfile(m_profile.directory());
     ++m_servedDeletions;
-    m_threads.start([store, UUID, self = QPointer(this)] {
+    const auto run = [store, UUID, self = QPointer(this)] {
         const Expected<void> deleted = deleteServed(UUID, store);
         MainQueue::dispatchAsync([self, UUID, deleted] {
             if (self) {
@@ -130,7 +130,11 @@ void DeletedDatabases::deleteServed(const QString &UUID) {
                 }
             }
         });
-    });
+    };
+    if (const Expected<void> started = m_threads.start(run); !started) {
+        --m_servedDeletions;
+        logFailureOf(started);
+    }
 }
 
 void DeletedDatabases::erase(const QString &UUID) {
@@ -158,7 +162,7 @@ void DeletedDatabases::eraseSome() {
 }
 
 void DeletedDatabases::moveLog() {
-    m_threads.start([path = m_profile.path(), files = m_profile.files(), self = QPointer(this)] {
+    const auto move = [path = m_profile.path(), files = m_profile.files(), self = QPointer(this)] {
         const Expected<void> moved = ProfileDatabase::moveLog(path, files);
         MainQueue::dispatchAsync([self, moved] {
             if (self) {
@@ -166,7 +170,13 @@ void DeletedDatabases::moveLog() {
                 self->eraseSome();
             }
         });
-    });
+    };
+    if (const Expected<void> started = m_threads.start(move); !started) {
+        logFailureOf(started);
+        // The next start goes on.
+        m_erased.clear();
+        m_isErasing = false;
+    }
 }
 
 Expected<void> DeletedDatabases::deleteServed(const QString &UUID, const QString &store) {

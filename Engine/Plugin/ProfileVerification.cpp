@@ -1,6 +1,7 @@
 #include "Engine/Plugin/ProfileVerification.h"
 
 #include <QtCore/QEventLoop>
+#include <system_error>
 #include <thread>
 
 #include "Engine/Foundation/EngineError.h"
@@ -23,14 +24,20 @@
 
 namespace {
 
-/// Calls `work` on a thread that may block, and runs the event loop meanwhile.
+/// Calls `work` on a thread that may block, and runs the event loop meanwhile. Calls it here if the
+/// system cannot create a thread.
 Expected<void> onThread(const std::function<Expected<void>()> &work) {
     Expected<void> result;
     QEventLoop loop;
-    std::thread thread([&] {
-        result = work();
-        MainQueue::dispatchAsync([&] { loop.quit(); });
-    });
+    std::thread thread;
+    try {
+        thread = std::thread([&] {
+            result = work();
+            MainQueue::dispatchAsync([&] { loop.quit(); });
+        });
+    } catch (const std::system_error &) {
+        return work();
+    }
     loop.exec();
     thread.join();
     return result;

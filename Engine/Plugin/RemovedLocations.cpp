@@ -58,8 +58,8 @@ void RemovedLocations::forget(const QString &identifier) {
 }
 
 void RemovedLocations::goOn(const QString &identifier) {
-    m_threads.start([path = m_profile.path(), files = m_profile.files(), identifier,
-                     removal = m_removals.value(identifier), self = QPointer(this)] {
+    const auto move = [path = m_profile.path(), files = m_profile.files(), identifier,
+                       removal = m_removals.value(identifier), self = QPointer(this)] {
         const Expected<void> moved = ProfileDatabase::moveLog(path, files);
         MainQueue::dispatchAsync([self, identifier, removal, moved] {
             if (!self) {
@@ -71,7 +71,9 @@ void RemovedLocations::goOn(const QString &identifier) {
                 self->forget(identifier);
             }
         });
-    });
+    };
+    // The next start goes on where this one had no thread.
+    logFailureOf(m_threads.start(move));
 }
 
 void RemovedLocations::forgetRest(const QString &identifier, const Url &URL) {

@@ -54,8 +54,8 @@ void BackupSchedule::check() {
         return;
     }
     m_isRunning = true;
-    m_threads.start([directory, today, files = m_profile->files(), isCancelled = m_isCancelled,
-                     inspect = m_inspect, self = QPointer(this)] {
+    const auto make = [directory, today, files = m_profile->files(), isCancelled = m_isCancelled,
+                       inspect = m_inspect, self = QPointer(this)] {
         const Expected<void> result = ProfileBackups(directory).make(
             today, isCancelled.get(), [&] { return files.check(); },
             [&](const QString &path) { return inspect(path, *isCancelled); });
@@ -65,7 +65,10 @@ void BackupSchedule::check() {
                 self->report(result.and_then([&] { return self->m_profile->checkFiles(); }));
             }
         });
-    });
+    };
+    if (const Expected<void> started = m_threads.start(make); !started) {
+        report(started);
+    }
 }
 
 void BackupSchedule::report(const Expected<void> &result) {

@@ -4,6 +4,7 @@
 #include <QtCore/QTimer>
 #include <utility>
 
+#include "Engine/Foundation/FailureLog.h"
 #include "Platform/Foundation/MainQueue.h"
 
 namespace {
@@ -41,11 +42,21 @@ std::shared_ptr<PZFuture> StoreOperations::start(Work work) {
     }
     MainQueue::dispatchAsync(
         [weakFuture = std::weak_ptr(future), limit] { limitTime(weakFuture, limit); });
-    m_threads.start([running = m_running, future, work = std::move(work)] {
-        work(*future);
+    const auto run = [running = m_running, future, work = std::make_shared<Work>(std::move(work))] {
+        (*work)(*future);
+        // What it owns is released on its thread.
+        *work = nullptr;
         const std::lock_guard lock(running->mutex);
         running->futures.erase(future);
-    });
+    };
+    if (const Expected<void> started = m_threads.start(run); !started) {
+        // One that is cancelled calls its handler and does nothing else.
+        future->cancelOverdue();
+        MainQueue::dispatchAsync([started, run] {
+            logFailureOf(started);
+            run();
+        });
+    }
     return future;
 }
 

@@ -21,9 +21,10 @@ public:
     using Work = std::function<void(EngineFuture &future)>;
 
     /// Calls `work` on a new thread and returns at once. Cancelling the returned future, which is
-    /// never null, cancels the operation; releasing it does not. While end() waits, the operation
-    /// is cancelled from the start. What `work` owns is released on its thread. The number of
-    /// operations is not limited.
+    /// never null, cancels the operation; releasing it does not. If the system cannot create a
+    /// thread, the operation is cancelled as one that takes too long, and ends on the main thread.
+    /// While end() waits, the operation is cancelled from the start. What `work` owns is released
+    /// on its thread. The number of operations is not limited.
     std::shared_ptr<PZFuture> start(Work work);
     /// How long an operation may take to advance, see EngineFuture::advance(). One that advances
     /// by less than `leastProgress` in any `duration` is cancelled at the end of that time. The

@@ -5,6 +5,7 @@
 #include <QtCore/QUuid>
 #include <condition_variable>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 #include "Engine/Foundation/EngineError.h"
@@ -111,12 +112,18 @@ Expected<void> StoreProbe::remove(const QString &name) {
     EngineFuture future;
     std::mutex mutex;
     std::condition_variable_any removed;
-    const std::jthread limit([&](const std::stop_token &stop) {
+    const auto cancelLater = [&](const std::stop_token &stop) {
         std::unique_lock lock(mutex);
         removed.wait_for(lock, stop, RemovalTimeout, [] { return false; });
         if (!stop.stop_requested()) {
             future.cancel();
         }
-    });
+    };
+    std::jthread limit;
+    try {
+        limit = std::jthread(cancelLater);
+    } catch (const std::system_error &) {
+        // Without another thread, only the limits of the store apply.
+    }
     return m_store.remove(name, future);
 }

@@ -99,14 +99,18 @@ QVSyncProgress SyncJob::progress() const {
 }
 
 void SyncJob::runOnThread(const std::function<Expected<void>()> &work) {
-    m_threads->start([job = shared_from_this(), work] {
-        const Expected<void> result = work();
-        MainQueue::dispatchAsync([weakJob = std::weak_ptr(job), result] {
+    const auto finish = [weakJob = weak_from_this()](const Expected<void> &result) {
+        MainQueue::dispatchAsync([weakJob, result] {
             if (const std::shared_ptr<SyncJob> living = weakJob.lock()) {
                 living->finishStep(result);
             }
         });
-    });
+    };
+    const Expected<void> started =
+        m_threads->start([job = shared_from_this(), work, finish] { finish(work()); });
+    if (!started) {
+        finish(started);
+    }
 }
 
 void SyncJob::finishStep(const Expected<void> &result) {
@@ -208,8 +212,9 @@ void SyncJob::end() {
     m_session = nullptr;
     m_synchronization = nullptr;
     m_merge = nullptr;
-    // Releasing what they have read can take long.
-    m_threads->start([sessions = std::exchange(m_sessions, {})]() mutable { sessions.clear(); });
+    // Releasing what they have read can take long. Without a thread, it happens here.
+    static_cast<void>(m_threads->start(
+        [sessions = std::exchange(m_sessions, {})]() mutable { sessions.clear(); }));
     m_future->finish();
     // The handler may own the last reference to this job.
     std::exchange(m_handler, nullptr)();

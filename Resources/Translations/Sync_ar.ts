@@ -2024,5 +2024,9 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>
         <translation>تتعذر قراءة قاعدة البيانات «⁨%1⁩» (⁨%2⁩). أعد المحاولة. إذا لم ينجح ذلك، فتحقق من القرص ومن أذونات الملف.</translation>
     </message>
+    <message>
+        <source>The system cannot start another thread. Quit programs that you do not need, then try again.</source>
+        <translation>لا يستطيع النظام بدء خيط تنفيذ آخر. أغلق البرامج التي لا تحتاج إليها، ثم أعد المحاولة.</translation>
+    </message>
 </context>
 </TS>

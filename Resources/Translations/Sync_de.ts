@@ -2000,5 +2000,9 @@ Alles vierzig Minuten rösten, Brühe zugeben, pürieren.</translation>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>
         <translation>Die Datenbank „%1“ kann nicht gelesen werden (%2). Versuchen Sie es erneut. Wenn das nicht hilft, prüfen Sie den Datenträger und die Zugriffsrechte der Datei.</translation>
     </message>
+    <message>
+        <source>The system cannot start another thread. Quit programs that you do not need, then try again.</source>
+        <translation>Das System kann keinen weiteren Thread starten. Beenden Sie Programme, die Sie nicht brauchen, und versuchen Sie es dann erneut.</translation>
+    </message>
 </context>
 </TS>

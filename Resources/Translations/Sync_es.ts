@@ -2000,5 +2000,9 @@ Asarlo todo cuarenta minutos, añadir caldo, triturar.</translation>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>
         <translation>No se puede leer la base de datos «%1» (%2). Vuelva a intentarlo. Si no funciona, compruebe el disco y los permisos del archivo.</translation>
     </message>
+    <message>
+        <source>The system cannot start another thread. Quit programs that you do not need, then try again.</source>
+        <translation>El sistema no puede iniciar otro hilo. Cierre los programas que no necesite y vuelva a intentarlo.</translation>
+    </message>
 </context>
 </TS>

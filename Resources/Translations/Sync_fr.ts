@@ -2000,5 +2000,9 @@ Rôtir le tout pendant quarante minutes, ajouter le bouillon, mixer.</translatio
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>
         <translation>La base de données « %1 » ne peut pas être lue (%2). Réessayez. En cas d’échec, vérifiez le disque et les droits d’accès du fichier.</translation>
     </message>
+    <message>
+        <source>The system cannot start another thread. Quit programs that you do not need, then try again.</source>
+        <translation>Le système ne peut pas démarrer de thread supplémentaire. Quittez les programmes dont vous n’avez pas besoin, puis réessayez.</translation>
+    </message>
 </context>
 </TS>

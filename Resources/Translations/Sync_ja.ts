@@ -1994,5 +1994,9 @@ Roast everything for forty minutes, add stock, blend.</source>
         <source>The database “%1” cannot be read (%2). Try again. If that fails, check the disk and the permissions of the file.</source>
         <translation>データベース「%1」を読み取れません（%2）。もう一度お試しください。解決しない場合は、ディスクとファイルのアクセス権を確認してください。</translation>
     </message>
+    <message>
+        <source>The system cannot start another thread. Quit programs that you do not need, then try again.</source>
+        <translation>システムはこれ以上スレッドを開始できません。不要なプログラムを終了して、もう一度お試しください。</translation>
+    </message>
 </context>
 </TS>

@@ -29,15 +29,20 @@ void DropboxSessionManager::authorize(const std::shared_ptr<PZFuture> &future, H
     const quint64 number = ++m_lastNumber;
     m_runs.insert(number, {operation, std::move(handler)});
     // An abandoned authorization may outlive this object, which only the main thread looks at.
-    m_threads.start(
-        [this, lifetime = std::weak_ptr(m_lifetime), limits = m_limits, operation, number] {
-            const auto signIn = DropboxAuthorization(limits).run(*operation);
-            MainQueue::dispatchAsync([this, lifetime, number, signIn] {
-                if (!lifetime.expired()) {
-                    finish(number, signIn);
-                }
-            });
+    const auto finishLater = [this, lifetime = std::weak_ptr(m_lifetime),
+                              number](const Expected<DropboxAuthorization::SignIn> &signIn) {
+        MainQueue::dispatchAsync([this, lifetime, number, signIn] {
+            if (!lifetime.expired()) {
+                finish(number, signIn);
+            }
         });
+    };
+    const Expected<void> started = m_threads.start([limits = m_limits, operation, finishLater] {
+        finishLater(DropboxAuthorization(limits).run(*operation));
+    });
+    if (!started) {
+        finishLater(failure(started.error()));
+    }
 }
 
 void DropboxSessionManager::finish(quint64 number,

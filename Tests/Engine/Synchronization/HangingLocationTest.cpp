@@ -1,3 +1,5 @@
+#include <sys/syscall.h>
+
 #include <QtCore/QSettings>
 #include <QtNetwork/QTcpServer>
 #include <atomic>
@@ -22,6 +24,7 @@
 #include "Support/DirectConnectionPeer.h"
 #include "Support/DropboxBrowser.h"
 #include "Support/DropboxServer.h"
+#include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/HangingVolume.h"
 #include "Support/HostileDiscoveryDaemon.h"
@@ -264,6 +267,29 @@ private Q_SLOTS:
         QVERIFY(MountedVolumes::mountPoints().value().contains(path));
         QVERIFY(!QVSyncPlugin::plugin()->isVolumeMountedAtPath(
             QStringLiteral("/media/nobody/No Such Volume/a.qvSyncStore")));
+    }
+
+    void aLookUpWithoutAThreadFails() {
+        const EngineFuture future;
+        std::optional<Error> error;
+        runWithFailingSystemCall(SYS_clone3, EAGAIN, [&] {
+            const auto found = HostLookUp::addresses(QStringLiteral("host.example"), 1, future);
+            error = found ? std::nullopt : std::optional(found.error());
+        });
+        QCOMPARE(code(error), EngineErrorCode::StoreUnreachable);
+        QVERIFY(!HostLookUp::isAnyRunning());
+    }
+
+    void anImportWithoutAThreadFails() {
+        const auto store = m_host->addLocation()->createStore();
+        std::promise<std::optional<Error>> opened;
+        auto error = opened.get_future();
+        runWithFailingSystemCall(SYS_clone3, EAGAIN, [&] {
+            store->openWithCompletionHandler(
+                [&](const std::optional<Error> &each) { opened.set_value(each); });
+        });
+        QTRY_VERIFY(error.wait_for(std::chrono::seconds(0)) == std::future_status::ready);
+        QVERIFY(error.get());
     }
 
     void manyHangingLocationsDelayNoOther() {

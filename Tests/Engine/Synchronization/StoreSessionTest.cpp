@@ -1,3 +1,5 @@
+#include <sys/syscall.h>
+
 #include <QtCore/QEventLoop>
 #include <condition_variable>
 #include <future>
@@ -10,6 +12,7 @@
 #include "Engine/Synchronization/SyncJob.h"
 #include "Engine/Synchronization/SyncSession.h"
 #include "Platform/Foundation/MainQueue.h"
+#include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
 #include "Support/SessionTestCase.h"
 
@@ -564,6 +567,19 @@ private Q_SLOTS:
         const Expected<void> ended = runCancelledJob(QStringLiteral("transactions/@inbox"));
         QVERIFY(!ended);
         QCOMPARE(code(ended), EngineErrorCode::Cancelled);
+    }
+
+    void aJobWithoutAThreadFails() {
+        WorkerThreads threads;
+        const auto job =
+            std::make_shared<SyncJob>(SyncJob::Kind::Synchronization, profile(), m_host->library(),
+                                      subject(), std::make_shared<MemoryStore>(m_blobs));
+        QEventLoop loop;
+        runWithFailingSystemCall(SYS_clone3, EAGAIN,
+                                 [&] { job->start(threads, [&] { loop.quit(); }); });
+        loop.exec();
+        QCOMPARE(code(job->result()), EngineErrorCode::StoreUnreachable);
+        QVERIFY(description(job->result()).contains(QStringLiteral("thread")));
     }
 
     void whatACancelledJobHasWrittenIsRecorded() {
