@@ -412,7 +412,10 @@ Expected<void> SyncSession::compareListing() {
 }
 
 Expected<void> SyncSession::noteMoved() {
-    for (const QString &name : m_isMuchGone ? QStringList() : m_gone) {
+    if (m_isMuchGone) {
+        return {};
+    }
+    for (const QString &name : std::as_const(m_gone)) {
         const Expected<KnownTransactions::Contents> contents = known().contents(name);
         if (!contents) {
             return failure(contents.error());
@@ -541,7 +544,7 @@ Expected<void> SyncSession::checkRemoval() {
         setUndecidedRemoval(removal);
         return failure(undecided(removed->size(), *count));
     }
-    return findKept();
+    return findKept(*removed);
 }
 
 Expected<qsizetype> SyncSession::countUndecided(const QList<RemovalForecast::Note> &removed) const {
@@ -560,22 +563,39 @@ Expected<qsizetype> SyncSession::countUndecided(const QList<RemovalForecast::Not
     });
 }
 
-Expected<void> SyncSession::findKept() {
-    QList<OperationId> decided;
-    for (const QString &note : std::as_const(m_decision.UUIDs)) {
+Expected<QList<OperationId>> SyncSession::operationsOf(const QStringList &notes) const {
+    QList<OperationId> all;
+    for (const QString &note : notes) {
         const Expected<QList<OperationId>> operations = log().operationIds(note);
         if (!operations) {
             return failure(operations.error());
         }
-        decided.append(*operations);
+        all.append(*operations);
     }
-    const Expected<QSet<OperationId>> remembered = kept().all();
-    if (!remembered) {
-        return failure(remembered.error());
+    return all;
+}
+
+Expected<void> SyncSession::findKept(const QList<RemovalForecast::Note> &removed) {
+    QStringList removedNotes;
+    for (const RemovalForecast::Note &note : removed) {
+        removedNotes.append(note.UUID);
     }
+    const auto threatened = operationsOf(removedNotes);
+    const auto decided = operationsOf(m_decision.UUIDs);
+    const auto remembered = kept().all();
+    if (!threatened || !decided || !remembered) {
+        return failure(!threatened ? threatened.error()
+                       : !decided  ? decided.error()
+                                   : remembered.error());
+    }
+    // A note that stays because of another edit needs no edit that this one has replaced.
+    const QSet<OperationId> replaced =
+        m_forecast.superseded() - QSet(threatened->begin(), threatened->end());
     const bool isKept = m_decision.decision == RemovalDecision::Keep;
-    const QSet<OperationId> others = *remembered - QSet(decided.begin(), decided.end());
-    m_operationsToKeep = isKept ? decided : QList<OperationId>();
+    const QSet<OperationId> others =
+        *remembered - QSet(decided->begin(), decided->end()) - replaced;
+    m_operationsToKeep = isKept ? *decided : QList<OperationId>();
+    m_operationsToKeep.removeIf([&](const OperationId &each) { return replaced.contains(each); });
     m_isKeepRemembered = false;
     const auto add = [&](const OperationId &each) {
         if (others.contains(each)) {

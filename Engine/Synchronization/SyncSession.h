@@ -143,9 +143,12 @@ private:
     /// Returns how many of the notes that disappear the user has not decided about, now or before a
     /// session was interrupted.
     Expected<qsizetype> countUndecided(const QList<RemovalForecast::Note> &removed) const;
+    /// Returns the current operations of these notes.
+    Expected<QList<OperationId>> operationsOf(const QStringList &notes) const;
     /// Finds the current operations that the user keeps, whether or not anything that was read
-    /// removes them: what could not be read may do so later.
-    Expected<void> findKept();
+    /// removes them: what could not be read may do so later. Those that another edit replaces whose
+    /// note is not among `removed` are not kept.
+    Expected<void> findKept(const QList<RemovalForecast::Note> &removed);
     /// Takes what the next step merges, unless it is taken. What takes long to merge is found here.
     Expected<void> takeParts();
     /// Finds what is wrong in the profile and no merge repairs.

@@ -478,6 +478,24 @@ private Q_SLOTS:
         QCOMPARE(titles().size(), 50);
     }
 
+    void aNoteThatWasEditedMeanwhileIsNotKeptBesideItsEdit() {
+        addNotes(20);
+        QVERIFY(run().result);
+        attack(20);
+        const Run undecided = run();
+        const Operation before =
+            log().firstOperations(log().operationIds().value()).value().operations.first();
+        write({{Operation::make(before.note, before.title, QStringLiteral("edited"),
+                                before.modified, {before.id})},
+               {}});
+        QVERIFY(run({undecided.removal->UUIDs, RemovalDecision::Keep}).result);
+        QCOMPARE(titles().size(), 20);
+        QCOMPARE(inbox()->countOfConflicts().value(), 0);
+        const QList<Note> notes = inbox()->notes().value();
+        QVERIFY(std::any_of(notes.begin(), notes.end(),
+                            [](const Note &note) { return note.text == u"edited"; }));
+    }
+
     /// The profile keeps what is superseded as earlier versions, however small the record is.
     void largeTextsAreSupersededInShortSteps_data() {
         QTest::addColumn<bool>("byOperation");
