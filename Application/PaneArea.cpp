@@ -59,7 +59,9 @@ void PaneArea::resizeEvent(QResizeEvent *event) {
 
 void PaneArea::showFocus() {
     QWidget *focus = QApplication::focusWidget();
-    if (focus && widget() && widget()->isAncestorOf(focus)) {
+    // What is being clicked must not move from under the pointer.
+    const bool isClicked = QApplication::mouseButtons() != Qt::NoButton;
+    if (focus && !isClicked && widget() && widget()->isAncestorOf(focus)) {
         ensureWidgetVisible(focus);
     }
 }

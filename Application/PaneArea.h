@@ -4,7 +4,7 @@
 
 /// Shows a pane that may need more room than the screen has, and scrolls it then. Where there is
 /// enough room, it cannot be smaller than the pane needs. It does not take the focus, but scrolls
-/// to the control of the pane that has taken it, however that happened. Must be used on the main
+/// to the control of the pane that has taken it, unless it is clicked. Must be used on the main
 /// thread.
 class PaneArea : public QScrollArea {
     Q_OBJECT

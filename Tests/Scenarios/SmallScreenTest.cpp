@@ -138,6 +138,16 @@ private Q_SLOTS:
             button->setFocus(Qt::ShortcutFocusReason);
             QTRY_COMPARE(button->visibleRegion().boundingRect(), button->rect());
         }
+        // A button at the edge stays under the pointer.
+        area.verticalScrollBar()->setValue(0);
+        last->move(0, area.viewport()->height() - last->height() - 5);
+        const QSignalSpy clicked(last, &QPushButton::clicked);
+        QTest::mousePress(last, Qt::LeftButton);
+        QVERIFY(last->hasFocus());
+        QCoreApplication::processEvents();
+        QCOMPARE(area.verticalScrollBar()->value(), 0);
+        QTest::mouseRelease(last, Qt::LeftButton);
+        QCOMPARE(clicked.size(), 1);
     }
 
 private:
