@@ -486,14 +486,12 @@ Expected<void> NotesView::save() {
     if (!m_isEdited) {
         return {};
     }
-    // Saving is announced, which may show another note.
-    const Note before = m_note;
     Note note = editedNote();
     Expected<void> saved = m_database->saveNote(note);
     setEdited(!saved);
     if (saved) {
         // A saved copy may have become a note of its own.
-        removeKept(before);
+        removeKept(m_note);
         m_hasReportedFailure = false;
         setNotice({});
         showSaved(note);
