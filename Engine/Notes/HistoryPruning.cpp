@@ -35,7 +35,9 @@ void HistoryPruning::start() {
 
 void HistoryPruning::goOn() {
     m_isContinued = true;
-    m_timer.start(Pause);
+    if (!m_isMoving) {
+        m_timer.start(Pause);
+    }
 }
 
 void HistoryPruning::prune() {
@@ -54,6 +56,7 @@ void HistoryPruning::moveLog() {
         const Expected<void> moved = ProfileDatabase::moveLog(path, files);
         MainQueue::dispatchAsync([self, moved] {
             if (self) {
+                self->m_isMoving = false;
                 logPruningFailureOf(moved);
                 // A change of the limits may have led to further steps meanwhile.
                 if (self->m_isContinued) {
@@ -62,7 +65,9 @@ void HistoryPruning::moveLog() {
             }
         });
     };
+    m_isMoving = true;
     if (const Expected<void> started = m_threads.start(move); !started) {
+        m_isMoving = false;
         logPruningFailureOf(started);
         m_isContinued = false;
         m_timer.start(Interval);

@@ -39,5 +39,7 @@ private:
     QTimer m_timer;
     /// Whether the next step is not the first one.
     bool m_isContinued = false;
+    /// Whether a thread moves the log. The next step follows.
+    bool m_isMoving = false;
     WorkerThreads m_threads;
 };
