@@ -70,14 +70,16 @@ WorkerThreads::~WorkerThreads() {
 }
 
 Expected<void> WorkerThreads::start(std::function<void()> work) {
+    // Released after the lock if there is no thread.
+    const auto owned = std::make_shared<std::function<void()>>(std::move(work));
     std::unique_lock lock(m_state->mutex);
     m_state->joinFinished(lock);
     const auto thread = m_state->running.emplace(m_state->running.end());
     try {
-        *thread = std::thread([state = m_state, thread, work = std::move(work)]() mutable {
-            work();
+        *thread = std::thread([state = m_state, thread, owned] {
+            (*owned)();
             // What the work owns is released before the work counts as ended.
-            work = nullptr;
+            *owned = nullptr;
             state->finish(thread);
         });
     } catch (const std::system_error &reason) {
