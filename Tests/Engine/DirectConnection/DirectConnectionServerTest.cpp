@@ -25,6 +25,7 @@
 #include "Platform/Security/Keychain.h"
 #include "Support/AskedUser.h"
 #include "Support/EventTimeout.h"
+#include "Support/FailingTable.h"
 #include "Support/FreePort.h"
 #include "Support/KeychainRemoval.h"
 #include "Support/MemoryStore.h"
@@ -1070,6 +1071,12 @@ private Q_SLOTS:
         QVERIFY2(wanted.match(text).hasMatch(), qPrintable(text));
         QCOMPARE(server().lastConnectionText(QStringLiteral("another")),
                  QStringLiteral("Last connected: unknown"));
+        const FailingTable failing(m_host->engine().profile(), QStringLiteral("settings"),
+                                   FailingTable::Fault::AllRows);
+        const qsizetype logged = m_user->logEntries().size();
+        QCOMPARE(server().lastConnectionText(ClientName),
+                 QStringLiteral("Last connected: unknown"));
+        QCOMPARE(m_user->logEntries().size(), logged + 1);
     }
 
     void aLinkInThePackageIsNotFollowed() {

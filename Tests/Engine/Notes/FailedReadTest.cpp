@@ -1,11 +1,14 @@
 #include <QtCore/QDeadlineTimer>
 
+#include "Engine/Notes/ChangeRescue.h"
+#include "Engine/Notes/DeletedDatabase.h"
 #include "Engine/Notes/DerivedTables.h"
 #include "Engine/Notes/KeptOperations.h"
 #include "Engine/Notes/KnownTransactions.h"
 #include "Engine/Notes/LostOperations.h"
 #include "Engine/Notes/NoteHistory.h"
 #include "Engine/Notes/NoteInspection.h"
+#include "Engine/Profile/ReadOnlyConnection.h"
 #include "Engine/Synchronization/UnsentChanges.h"
 #include "Host/InboxUUID.h"
 #include "Support/FailingTable.h"
@@ -152,7 +155,6 @@ private Q_SLOTS:
         QCOMPARE(code(log().isDamaged(allIdentifiers.last())), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(NoteHistory(profile(), log().database()).contains(allIdentifiers.last())),
                  EngineErrorCode::ProfileNotWritten);
-        QCOMPARE(code(database()->notes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(database()->notes()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().operationIds()), EngineErrorCode::ProfileNotWritten);
         QCOMPARE(code(log().identifierSets()), EngineErrorCode::ProfileNotWritten);
@@ -396,6 +398,73 @@ private Q_SLOTS:
         const int failures = failAtEachCall(
             [&] { return log().remove(copy).map([](bool isRemoved) { QVERIFY(isRemoved); }); });
         QVERIFY(failures > 0);
+    }
+
+    /// The rows of a position with so many edits are read in several statements.
+    void ofSomeOfManyEdits() {
+        const Note note = database()->notes().value().first();
+        QList<Operation> edits;
+        for (int i = 0; i < 2 * NoteRows::MostRows; ++i) {
+            edits.append(Operation::make(note.UUID, QString::number(i), {}, i, {}));
+        }
+        QVERIFY(log().merge({edits, {}}));
+        const qint64 position = database()->rows(0, 1).value().first().position;
+        const QList<NoteRow> some = database()->rowsAt(position).value();
+        QVERIFY(some.size() > 1 && some.size() < edits.size());
+        const int failures = failAtEachCall([&] {
+            return database()->rowsAt(position).map(
+                [&](const QList<NoteRow> &rows) { QCOMPARE(rows, some); });
+        });
+        QVERIFY(failures > 0);
+    }
+
+    void ofDeletedDatabases_data() {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<Fault>("fault");
+        QTest::addRow("settings, all rows") << QStringLiteral("settings") << Fault::AllRows;
+        QTest::addRow("settings, later rows") << QStringLiteral("settings") << Fault::LaterRows;
+        QTest::addRow("databases, all rows") << QStringLiteral("databases") << Fault::AllRows;
+    }
+    void ofDeletedDatabases() {
+        QFETCH(QString, table);
+        QFETCH(Fault, fault);
+        const QString first = m_host->addDatabase(QStringLiteral("Letters"))->UUID();
+        const QString second = m_host->addDatabase(QStringLiteral("Plans"))->UUID();
+        QVERIFY(DeletedDatabase::mark(profile(), first));
+        QVERIFY(DeletedDatabase::mark(profile(), second));
+        {
+            const FailingTable failing(profile(), table, fault);
+            if (table == QStringLiteral("settings")) {
+                QCOMPARE(code(DeletedDatabase::marked(profile())),
+                         EngineErrorCode::ProfileNotWritten);
+            }
+            const auto erased =
+                profile().write([&] { return DeletedDatabase::erase(profile(), second); });
+            QCOMPARE(code(erased), EngineErrorCode::ProfileNotWritten);
+            QCOMPARE(code(DeletedDatabase::eraseSome(profile(), second)),
+                     EngineErrorCode::ProfileNotWritten);
+        }
+        QCOMPARE(DeletedDatabase::marked(profile()).value().size(), 2);
+        const qint64 remaining =
+            profile().value(QStringLiteral("SELECT count(*) FROM databases")).value().toLongLong();
+        QCOMPARE(remaining, 3);
+    }
+
+    void ofARestoredProfile_data() {
+        QTest::addColumn<QString>("table");
+        for (const char *table : {"operations", "superseded", "databases"}) {
+            QTest::newRow(table) << QString::fromLatin1(table);
+        }
+    }
+    void ofARestoredProfile() {
+        QFETCH(QString, table);
+        const QString damaged = m_host->directory() + QStringLiteral("/Damaged.sqlite");
+        const auto source =
+            ReadOnlyConnection::open(profile().path(), ReadOnlyConnection::Sharing::Shared);
+        QVERIFY((*source)->copyTo(damaged));
+        QCOMPARE(ChangeRescue::run(damaged, profile()).value().added, 0);
+        const FailingTable failing(profile(), table, Fault::AllRows);
+        QCOMPARE(code(ChangeRescue::run(damaged, profile())), EngineErrorCode::ProfileNotWritten);
     }
 
     void ofDatabases_data() { addFaults(); }
