@@ -1,6 +1,7 @@
 #include "Engine/DirectConnection/DirectConnectionSession.h"
 
 #include <QtCore/QCborArray>
+#include <utility>
 
 #include "Engine/DirectConnection/DirectConnectionClients.h"
 #include "Engine/DirectConnection/DirectConnectionIdentity.h"

@@ -29,7 +29,7 @@ Expected<Faults> check(const ProfileDatabase &profile, qint64 database);
 Expected<void> repair(const ProfileDatabase &profile, qint64 database, const Faults &faults);
 
 /// Returns the number of notes with conflicting edits in this database, as the profile has recorded
-/// it. O(1).
+/// it. O(1). Like the next function, must be called on the main thread, or with a ProfileReader.
 Expected<qint64> countOfConflicts(const ProfileDatabase &profile, qint64 database);
 /// Returns whether that is what counting finds. O(n).
 Expected<bool> isCountOfConflictsSound(const ProfileDatabase &profile, qint64 database);

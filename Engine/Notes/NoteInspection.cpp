@@ -2,6 +2,7 @@
 
 #include "Engine/Notes/LostOperations.h"
 #include "Engine/Notes/NoteLog.h"
+#include "Engine/Notes/OperationTable.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/ProfileReader.h"
 #include "Host/SyncStrings.h"

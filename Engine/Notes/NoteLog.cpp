@@ -1,14 +1,11 @@
 #include "Engine/Notes/NoteLog.h"
 
-#include <QtCore/QHash>
 #include <QtCore/QUuid>
 #include <algorithm>
-#include <limits>
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/NoteRows.h"
 #include "Engine/Profile/ProfileDatabase.h"
-#include "Host/SyncStrings.h"
 #include "Platform/Foundation/ExactText.h"
 
 namespace {

@@ -27,7 +27,8 @@ class QSqlQuery;
 /// text are contained in the edit that replaces it, one that the user keeps in a conflict, and a
 /// damaged copy of a current one.
 ///
-/// Must be used on the main thread; all functions block for the database. Functions that write must
+/// Must be used on the main thread, or, to read only, with a ProfileReader, whose cancellation is
+/// an error of the code Cancelled; all functions block for the database. Functions that write must
 /// be called within a transaction of the profile, which the caller must roll back if they return an
 /// error. All functions return an error of the code ProfileNotWritten if the database cannot be
 /// read or written; a failed read never looks like an empty result.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QVariant>
+
 #include "Engine/Notes/Operation.h"
 #include "Platform/Foundation/Expected.h"
 
@@ -10,8 +12,8 @@ class QSqlQuery;
 /// reads may be damaged, see Operation::isSound().
 ///
 /// Must be used on the main thread, or with a ProfileReader; all functions that return Expected
-/// block for the profile. Their errors have the code ProfileNotWritten; a failed read never looks
-/// like an empty result.
+/// block for the profile. Their errors have the code ProfileNotWritten, or Cancelled if the reader
+/// is cancelled; a failed read never looks like an empty result.
 class OperationTable {
 public:
     /// The columns that are read as an operation, and their number.

@@ -60,7 +60,7 @@ Expected<bool> isFolder(const Path &path) {
 
 /// Returns whether there is nothing but folders at `path`. Symbolic links count as files.
 Expected<bool> hasFoldersOnly(const QString &path) {
-    const Expected<bool> isFolderItself = isFolder(pathOf(path));
+    Expected<bool> isFolderItself = isFolder(pathOf(path));
     if (!isFolderItself || !*isFolderItself) {
         return isFolderItself;
     }

@@ -76,7 +76,7 @@ public:
     /// Returns whether accessProfile() has yet to record what was done with the store, for which
     /// accessStore() needs no store. Otherwise a later session repeats what is not recorded, so
     /// that a cancelled session should go on until it is. Must be called on the main thread,
-    /// between the calls.
+    /// between the calls, or by the session itself.
     virtual bool isRecording() const;
     /// Returns whether the session has completed all steps.
     bool isDone() const { return m_isDone; }

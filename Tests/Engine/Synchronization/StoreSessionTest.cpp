@@ -11,6 +11,7 @@
 #include "Engine/Synchronization/CleanSession.h"
 #include "Engine/Synchronization/SyncJob.h"
 #include "Engine/Synchronization/SyncSession.h"
+#include "Host/SyncStoreLayout.h"
 #include "Platform/Foundation/MainQueue.h"
 #include "Support/FailingSystemCall.h"
 #include "Support/Failure.h"
