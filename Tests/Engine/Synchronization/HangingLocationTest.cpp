@@ -166,6 +166,10 @@ private Q_SLOTS:
         m_bus = std::make_unique<PrivateBus>();
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", m_bus->address().toUtf8());
     }
+    void cleanupTestCase() {
+        // They use static objects.
+        QTRY_VERIFY_WITH_TIMEOUT(!HostLookUp::isAnyRunning(), 60'000);
+    }
     void init() {
         m_folder = std::make_unique<QTemporaryDir>();
         m_host = std::make_unique<TestHost>();
