@@ -428,10 +428,14 @@ private Q_SLOTS:
     void ofDeletedDatabases() {
         QFETCH(QString, table);
         QFETCH(Fault, fault);
-        const QString first = m_host->addDatabase(QStringLiteral("Letters"))->UUID();
-        const QString second = m_host->addDatabase(QStringLiteral("Plans"))->UUID();
-        QVERIFY(DeletedDatabase::mark(profile(), first));
-        QVERIFY(DeletedDatabase::mark(profile(), second));
+        QStringList UUIDs{m_host->addDatabase(QStringLiteral("Letters"))->UUID(),
+                          m_host->addDatabase(QStringLiteral("Plans"))->UUID()};
+        UUIDs.sort();
+        for (const QString &UUID : std::as_const(UUIDs)) {
+            QVERIFY(DeletedDatabase::mark(profile(), UUID));
+        }
+        // The row of its mark is not the first one.
+        const QString &second = UUIDs.last();
         {
             const FailingTable failing(profile(), table, fault);
             if (table == QStringLiteral("settings")) {
