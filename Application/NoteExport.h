@@ -13,7 +13,7 @@ namespace NoteExport {
 /// What is exported. A value.
 struct Contents {
     /// The name of the database; empty for a single note.
-    QString database;
+    QString database = {};
     QList<Note> notes;
 };
 

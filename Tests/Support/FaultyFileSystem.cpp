@@ -23,7 +23,7 @@ struct Plan {
     ino_t file = 0;
     qint64 calls = 0;
     bool hasFailed = false;
-    DiskCache cache;
+    DiskCache cache = {};
 };
 
 /// Returns the number of the file `name` in its file system, or 0 if there is none.
