@@ -23,15 +23,15 @@ struct HOST_EXPORT QVSyncResult {
     static constexpr char Key[] = "lastResult";
 
     /// When the job ended.
-    QDateTime date;
+    QDateTime date = {};
     /// What has failed, for the user: which database, with which location, why, and what to do
     /// next. Empty if the job has succeeded.
-    std::optional<Error> error;
+    std::optional<Error> error = {};
     /// Whether the job was a clean-up. A host that does not save this loads results as those of
     /// synchronizations.
     bool isCleanUp = false;
     /// The reason of the failure in a few words, such as "wrong password"; may be empty.
-    QString summary;
+    QString summary = {};
     /// The number of changes of notes that the job has read from the location.
     qint64 received = 0;
     /// The number of changes of notes that the job has written to the location.
