@@ -4,21 +4,17 @@
 
 namespace {
 
-/// The start of the keys of settings, which the database and the store follow.
-const QString KeptPrefix = QStringLiteral("kept ");
-
-QString keptPrefixOf(qint64 database) {
-    return KeptPrefix + QString::number(database) + u' ';
+QString keyOf(qint64 database) {
+    return QStringLiteral("kept %1 ").arg(database);
 }
 
 }  // namespace
 
-KeptOperations::KeptOperations(const ProfileDatabase &profile, const QString &store,
-                               qint64 database)
-    : m_profile(profile), m_database(database), m_key(keptPrefixOf(database) + store) {}
+KeptOperations::KeptOperations(const ProfileDatabase &profile, qint64 database)
+    : m_profile(profile), m_key(keyOf(database)) {}
 
 Expected<QSet<OperationId>> KeptOperations::all() const {
-    return ProfileSettings::values(m_profile, keptPrefixOf(m_database)).map([](const auto &values) {
+    return ProfileSettings::values(m_profile, m_key).map([](const auto &values) {
         QSet<OperationId> operations;
         for (const QVariant &packed : values) {
             const QList<OperationId> unpacked = Operation::unpacked(packed.toByteArray());
@@ -28,16 +24,18 @@ Expected<QSet<OperationId>> KeptOperations::all() const {
     });
 }
 
-Expected<void> KeptOperations::remember(const QList<OperationId> &operations) const {
-    return operations.isEmpty()
-               ? ProfileSettings::remove(m_profile, m_key)
-               : ProfileSettings::set(m_profile, m_key, Operation::packed(operations));
-}
-
-Expected<void> KeptOperations::forgetStore(const ProfileDatabase &profile, const QString &store) {
-    return ProfileSettings::removeAll(profile, KeptPrefix, u' ' + store);
+Expected<void> KeptOperations::replace(const QSet<OperationId> &previous,
+                                       const QSet<OperationId> &operations) const {
+    return all().and_then([&](const QSet<OperationId> &remembered) {
+        const QSet<OperationId> left = (remembered - previous) + operations;
+        return ProfileSettings::removeAll(m_profile, m_key).and_then([&] {
+            return left.isEmpty()
+                       ? Expected<void>()
+                       : ProfileSettings::set(m_profile, m_key, Operation::packed(left.values()));
+        });
+    });
 }
 
 Expected<void> KeptOperations::forgetDatabase(const ProfileDatabase &profile, qint64 database) {
-    return ProfileSettings::removeAll(profile, keptPrefixOf(database));
+    return ProfileSettings::removeAll(profile, keyOf(database));
 }

@@ -8,7 +8,8 @@
 class ProfileDatabase;
 
 /// The operations of one database that the user keeps although records of a store supersede them:
-/// the answer to a question about a removal, in the profile until it is carried out. An operation
+/// the answers to questions about removals, in the profile until they are carried out. Each store
+/// may have the same records, so that a session with any of them carries them out. An operation
 /// that was renewed has another identifier, so that an answer which is not carried out any more
 /// keeps a note at most once.
 ///
@@ -16,26 +17,24 @@ class ProfileDatabase;
 /// the code ProfileNotWritten, or Cancelled if the ProfileReader is cancelled.
 class KeptOperations {
 public:
-    /// `profile` is not owned and must outlive this object. `store` identifies the store in the
-    /// profile; `database` is the id of the database's row.
-    KeptOperations(const ProfileDatabase &profile, const QString &store, qint64 database);
+    /// `profile` is not owned and must outlive this object. `database` is the id of the database's
+    /// row.
+    KeptOperations(const ProfileDatabase &profile, qint64 database);
 
-    /// Returns what is remembered of the database, with regard to every store: another one may have
-    /// the same records.
+    /// Returns what is remembered.
     Expected<QSet<OperationId>> all() const;
-    /// Remembers only `operations` with regard to this store. Must be called within a transaction
-    /// of the profile.
-    Expected<void> remember(const QList<OperationId> &operations) const;
+    /// Remembers `operations` instead of those of `previous`. Others that are remembered stay: a
+    /// session with another store may have added them. Must be called within a transaction of the
+    /// profile.
+    Expected<void> replace(const QSet<OperationId> &previous,
+                           const QSet<OperationId> &operations) const;
 
-    /// Removes what is remembered for the store `store` and all databases. Must be called within a
-    /// transaction of the profile.
-    static Expected<void> forgetStore(const ProfileDatabase &profile, const QString &store);
-    /// The same for the database `database` and all stores.
+    /// Removes what is remembered of the database `database`. Must be called within a transaction
+    /// of the profile.
     static Expected<void> forgetDatabase(const ProfileDatabase &profile, qint64 database);
 
 private:
     const ProfileDatabase &m_profile;
-    const qint64 m_database;
-    /// The key of the setting.
+    /// The key of the setting. That of an earlier version begins with it, and ends with a store.
     const QString m_key;
 };

@@ -318,8 +318,7 @@ Expected<void> KnownTransactions::forgetSettings(const ProfileDatabase &profile,
     return ProfileSettings::removeAll(profile, VerifiedPrefix, u' ' + store)
         .and_then(
             [&] { return ProfileSettings::removeAll(profile, RewrittenPrefix, u' ' + store); })
-        .and_then([&] { return LostOperations::forgetStore(profile, store); })
-        .and_then([&] { return KeptOperations::forgetStore(profile, store); });
+        .and_then([&] { return LostOperations::forgetStore(profile, store); });
 }
 
 Expected<void> KnownTransactions::forgetDatabase(const ProfileDatabase &profile, qint64 database) {

@@ -109,7 +109,7 @@ protected:
     NoteLog log() const { return {m_profile, m_databaseId}; }
     KnownTransactions known() const { return {m_profile, m_subject.store, m_databaseId}; }
     LostOperations lost() const { return {m_profile, m_subject.store, m_databaseId}; }
-    KeptOperations kept() const { return {m_profile, m_subject.store, m_databaseId}; }
+    KeptOperations kept() const { return {m_profile, m_databaseId}; }
     /// Calls `read`, which can read the profile on the current worker thread, with one state of it.
     Expected<void> readProfile(const std::function<Expected<void>()> &read);
     /// Calls `use` while the profile is open, on the current worker thread.

@@ -405,7 +405,7 @@ Expected<void> SyncSession::compareListing() {
     if (!kept) {
         return failure(kept.error());
     }
-    m_isAnyRemembered = !kept->isEmpty();
+    m_remembered = *kept;
     m_isGuarded = *isGuarded || isAnswered();
     beginPass();
     return noteLost(m_gone).and_then([this] { return noteMoved(); });
@@ -597,6 +597,7 @@ Expected<void> SyncSession::findKept(const QList<RemovalForecast::Note> &removed
     m_operationsToKeep = isKept ? *decided : QList<OperationId>();
     m_operationsToKeep.removeIf([&](const OperationId &each) { return replaced.contains(each); });
     m_isKeepRemembered = false;
+    m_remembered = *remembered;
     const auto add = [&](const OperationId &each) {
         if (others.contains(each)) {
             m_operationsToKeep.append(each);
@@ -696,24 +697,28 @@ Expected<void> SyncSession::keepNotes() {
     if (!portion) {
         return failure(portion.error());
     }
-    const QList<OperationId> all = m_isKeepRemembered ? QList<OperationId>() : m_operationsToKeep;
+    const QSet<OperationId> all = m_isKeepRemembered
+                                      ? m_remembered
+                                      : QSet(m_operationsToKeep.begin(), m_operationsToKeep.end());
     m_operationsToKeep.remove(0, portion->count);
     return library()
         .merge(database(),
                {.place = subject().place,
                 .operationsToKeep = portion->operations,
                 .supersededByAll = m_forecast.superseded()},
-               [&] { return m_isKeepRemembered ? Expected<void>() : kept().remember(all); })
-        .map([this] {
+               [&] {
+                   return m_isKeepRemembered ? Expected<void>() : kept().replace(m_remembered, all);
+               })
+        .map([&] {
             m_isKeepRemembered = true;
-            m_isAnyRemembered = true;
+            m_remembered = all;
         });
 }
 
 Expected<void> SyncSession::forgetKept() {
-    return !std::exchange(m_isAnyRemembered, false)
-               ? Expected<void>()
-               : profile().write([this] { return kept().remember({}); });
+    const QSet<OperationId> remembered = std::exchange(m_remembered, {});
+    return remembered.isEmpty() ? Expected<void>()
+                                : profile().write([&] { return kept().replace(remembered, {}); });
 }
 
 Expected<void> SyncSession::mergeTransactions() {

@@ -105,7 +105,7 @@ private:
     Expected<void> listRewritten(BlobStore &store, const EngineFuture &future);
     bool isRewrittenMeanwhile() const { return m_isAnyMissing && m_unread.isEmpty(); }
     /// Returns whether the user has decided about notes, now or before a session was interrupted.
-    bool isAnswered() const { return m_isAnyRemembered || !m_decision.UUIDs.isEmpty(); }
+    bool isAnswered() const { return !m_remembered.isEmpty() || !m_decision.UUIDs.isEmpty(); }
     /// Begins to read what is unread.
     void beginPass();
     /// Moves the log of the profile if much was merged since.
@@ -183,7 +183,8 @@ private:
     /// Renews some of the operations of the notes that the user keeps. The first part also
     /// remembers all of them.
     Expected<void> keepNotes();
-    /// Forgets what the user keeps: all of it is renewed.
+    /// Forgets what this session was to keep: all of it is renewed, or the user has decided
+    /// otherwise.
     Expected<void> forgetKept();
     /// Merges once everything is compared, and proceeds if everything was merged.
     Expected<void> continueReading();
@@ -217,9 +218,10 @@ private:
     QHash<QString, QByteArray> m_released;
     /// The operations of notes that the user keeps and that are not renewed yet.
     QList<OperationId> m_operationsToKeep;
-    /// Whether the profile remembers these, and whether it remembers any at all.
+    /// Whether the profile remembers these.
     bool m_isKeepRemembered = false;
-    bool m_isAnyRemembered = false;
+    /// What the profile remembers and this session decides about.
+    QSet<OperationId> m_remembered;
     /// Whether everything is compared although what is recorded as unwritten is complete.
     bool m_mustCompare = false;
     bool m_isMergeDue = false;

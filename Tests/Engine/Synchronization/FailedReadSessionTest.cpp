@@ -86,8 +86,7 @@ private:
             kept = note.title == title ? QByteArray::fromHex(note.revision.toLatin1()) : kept;
         }
         QVERIFY(profile().write([&] {
-            return KeptOperations(profile(), subject().store, database()->log().database())
-                .remember({kept});
+            return KeptOperations(profile(), database()->log().database()).replace({}, {kept});
         }));
         const QByteArray removal = Transaction{{}, {kept}}.encoded();
         m_blobs[QStringLiteral("transactions/@inbox/") + TransactionName::of(removal)] = removal;

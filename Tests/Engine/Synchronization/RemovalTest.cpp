@@ -54,8 +54,9 @@ private:
         std::optional<StoreSession::Removal> removal;
     };
     template <class Session = SyncSession>
-    Run run(const SyncSession::Decision &decision = {}) {
-        Session session(profile(), m_host->library(), subject());
+    Run run(const SyncSession::Decision &decision = {},
+            const StoreSession::Subject &subject = RemovalTest::subject()) {
+        Session session(profile(), m_host->library(), subject);
         if constexpr (std::is_same_v<Session, SyncSession>) {
             session.setDecision(decision);
         }
@@ -69,14 +70,9 @@ private:
         return undecided.removal ? run({undecided.removal->UUIDs, decision}) : undecided;
     }
 
-    /// Answers that the notes are kept, and ends the session when some of them are, as the end of
-    /// the program does.
-    void keepSome() {
-        const Run undecided = run();
-        QVERIFY(undecided.removal);
-        SyncSession session(profile(), m_host->library(), subject());
-        session.setDecision({undecided.removal->UUIDs, RemovalDecision::Keep});
-        MemoryStore store(m_blobs);
+    /// Performs the steps of `session` until something of the database is superseded.
+    void beginToSupersede(SyncSession &session, MemoryStore::Blobs &blobs) const {
+        MemoryStore store(blobs);
         const EngineFuture future;
         const QSet<OperationId> superseded = log().supersededIds().value();
         while (log().supersededIds().value() == superseded) {
@@ -84,6 +80,15 @@ private:
             QVERIFY(session.accessStore(store, future));
             QVERIFY(session.accessProfile());
         }
+    }
+    /// Answers that the notes are kept, and ends the session when some of them are, as the end of
+    /// the program does.
+    void keepSome() {
+        const Run undecided = run();
+        QVERIFY(undecided.removal);
+        SyncSession session(profile(), m_host->library(), subject());
+        session.setDecision({undecided.removal->UUIDs, RemovalDecision::Keep});
+        beginToSupersede(session, m_blobs);
     }
     qint64 rememberedAnswers() const {
         return profile()
@@ -367,8 +372,8 @@ private Q_SLOTS:
             QCOMPARE(description(runSession(session, blobs)), QString());
             QCOMPARE(titles(), all);
             QVERIFY(inbox()->deletedNotes().value().isEmpty());
+            QCOMPARE(rememberedAnswers(), 0);
         }
-        QCOMPARE(rememberedAnswers(), 0);
         m_host->goToComputer(m_there);
         QVERIFY(run().result);
         QCOMPARE(titles(), all);
@@ -395,6 +400,72 @@ private Q_SLOTS:
         QCOMPARE(rememberedAnswers(), 0);
         QVERIFY(run().result);
         QVERIFY(titles().isEmpty());
+    }
+
+    void aLaterAnswerAtAnotherLocationReplacesAnInterruptedOne() {
+        addNotes(600);
+        QVERIFY(run().result);
+        const MemoryStore::Blobs sound = m_blobs;
+        attack(600);
+        keepSome();
+        // The other location removes first what is renewed already, then what is not.
+        const QList<OperationId> current = log().operationIds().value();
+        m_blobs = sound;
+        write({{}, current.last(100) + current.first(500)});
+        const StoreSession::Subject other = subject(QStringLiteral("other"));
+        QVERIFY(run({}, other).removal);
+        {
+            SyncSession session(profile(), m_host->library(), other);
+            session.setDecision({run({}, other).removal->UUIDs, RemovalDecision::Remove});
+            beginToSupersede(session, m_blobs);
+            QCOMPARE(rememberedAnswers(), 0);
+        }
+        const Run again = run({}, other);
+        QVERIFY(again.removal);
+        QVERIFY(run({again.removal->UUIDs, RemovalDecision::Remove}, other).result);
+        QVERIFY(titles().isEmpty());
+    }
+
+    /// Sessions with several locations run at the same time.
+    void aSessionForgetsOnlyTheAnswersThatItHasCarriedOut() {
+        addNotes(250);
+        QVERIFY(run().result);
+        const QList<OperationId> operations = log().operationIds().value();
+        MemoryStore::Blobs others = m_blobs;
+        write({{}, operations.first(130)});
+        std::swap(m_blobs, others);
+        write({{}, operations.last(130)});
+        const Run undecided = run();
+        const StoreSession::Subject other = subject(QStringLiteral("other"));
+        SyncSession otherSession(profile(), m_host->library(), other);
+        std::swap(m_blobs, others);
+        otherSession.setDecision({run({}, other).removal->UUIDs, RemovalDecision::Keep});
+        std::swap(m_blobs, others);
+        beginToSupersede(otherSession, others);
+        {
+            SyncSession session(profile(), m_host->library(), subject());
+            session.setDecision({undecided.removal->UUIDs, RemovalDecision::Keep});
+            beginToSupersede(session, m_blobs);
+        }
+        MemoryStore otherStore(others);
+        QCOMPARE(description(runSession(otherSession, otherStore)), QString());
+        QVERIFY(run().result);
+        QCOMPARE(titles().size(), 250);
+        QVERIFY(inbox()->deletedNotes().value().isEmpty());
+        QCOMPARE(rememberedAnswers(), 0);
+    }
+
+    void anAnswerThatAnEarlierVersionHasRememberedIsCarriedOut() {
+        addNotes(150);
+        QVERIFY(run().result);
+        attack(150);
+        keepSome();
+        QVERIFY(profile().run(
+            QStringLiteral("UPDATE settings SET key = key || 'store' WHERE key LIKE 'kept %'")));
+        QVERIFY(run().result);
+        QCOMPARE(titles().size(), 150);
+        QVERIFY(inbox()->deletedNotes().value().isEmpty());
+        QCOMPARE(rememberedAnswers(), 0);
     }
 
     void anAnswerIsForgottenIfNothingIsRemovedAnyMore() {
