@@ -136,7 +136,7 @@ void SyncTriggers::databaseOpened(const QVDatabase &database) {
 }
 
 void SyncTriggers::databaseClosed(const QVDatabase &database) {
-    const QString UUID = database.UUID();
+    const QString UUID = synchronizedUUID(database);
     synchronize(states([&](const QVSyncState &state) {
         return state.databaseUUID() == UUID && state.syncOnClose();
     }));

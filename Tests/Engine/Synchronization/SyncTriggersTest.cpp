@@ -152,6 +152,15 @@ private Q_SLOTS:
         QTRY_VERIFY(state->lastSynced().isValid());
     }
 
+    void closingTheInboxSynchronizesIt() {
+        const auto state = m_host->addState(m_host->addLocation(), m_host->inbox());
+        state->setEnabled(true);
+        state->setSyncOnClose(true);
+        m_host->closeDatabase(m_host->inbox());
+        QVERIFY(!m_host->engine().plugin().dispatcher()->activity().isEmpty());
+        QTRY_VERIFY(state->lastSynced().isValid());
+    }
+
     void disabledStatesAndEmptySchedulesNeverFire() {
         scheduled(std::make_shared<EngineHourlySchedule>(0))->setEnabled(false);
         scheduled(std::make_shared<EngineSchedule>());
