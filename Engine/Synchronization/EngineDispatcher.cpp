@@ -177,7 +177,7 @@ void EngineDispatcher::synchronizeWithStore(
 }
 
 void EngineDispatcher::cancelJobsOfLocation(const QString &identifier) {
-    m_asked.removeIf([&](const auto &asked) { return asked.value() == identifier; });
+    m_asked.removeIf([&](const auto &asked) { return asked.value().store == identifier; });
     cancelJobs([&](const Entry &entry) { return entry.job->subject().store == identifier; });
 }
 
@@ -365,15 +365,17 @@ void EngineDispatcher::askAboutRemoval(const Entry &entry, const StoreSession::R
     if (!presenter || isDecided || m_asked.contains(subject.databaseUUID)) {
         return;
     }
-    m_asked.insert(subject.databaseUUID, subject.store);
+    const quint64 number = ++m_lastNumber;
+    m_asked.insert(subject.databaseUUID, {subject.store, number});
     presenter->askAboutRemoval(
         questionAbout(entry, removal),
-        [self = QPointer(this), entry, UUIDs = removal.UUIDs](RemovalDecision decision) {
+        [self = QPointer(this), entry, UUIDs = removal.UUIDs, number](RemovalDecision decision) {
             const StoreSession::Subject &asked = entry.job->subject();
             // The location may have been removed meanwhile.
-            if (!self || self->m_asked.take(asked.databaseUUID) != asked.store) {
+            if (!self || self->m_asked.value(asked.databaseUUID).number != number) {
                 return;
             }
+            self->m_asked.remove(asked.databaseUUID);
             if (decision == RemovalDecision::Keep) {
                 self->presentGoneNotes(asked.databaseUUID, UUIDs);
             }

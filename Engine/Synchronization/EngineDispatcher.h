@@ -172,6 +172,13 @@ private:
     std::chrono::milliseconds m_stallLimit = StallLimit;
     /// See QVSyncProgress::outcome.
     QString m_outcome;
-    /// The stores about whose removals the user is asked, by the UUID of the database.
-    QHash<QString, QString> m_asked;
+    /// An open question about a removal.
+    struct Asked {
+        QString store;
+        /// Distinguishes it from earlier questions, which may be open, too.
+        quint64 number = 0;
+    };
+    /// What the user is asked, by the UUID of the database.
+    QHash<QString, Asked> m_asked;
+    quint64 m_lastNumber = 0;
 };

@@ -37,7 +37,7 @@ void TestApplication::askAboutRemoval(const RemovalQuestion &question,
                                       std::function<void(RemovalDecision)> handler) {
     m_removalQuestions.append(question);
     if (!m_removalDecision) {
-        m_openRemoval = std::move(handler);
+        m_openRemovals.append(std::move(handler));
         return;
     }
     QMetaObject::invokeMethod(

@@ -32,7 +32,9 @@ public:
     /// Leaves every later question about a removal open.
     void leaveRemovalsOpen() { m_removalDecision = std::nullopt; }
     /// Answers the last question that was left open.
-    void answerOpenRemoval(RemovalDecision decision) { m_openRemoval(decision); }
+    void answerOpenRemoval(RemovalDecision decision) { m_openRemovals.last()(decision); }
+    /// Answers the first one.
+    void answerFirstOpenRemoval(RemovalDecision decision) { m_openRemovals.first()(decision); }
 
     std::shared_ptr<QVDatabase> inbox() const override;
     void logItemCmd(const QString &title, const QString &info) override;
@@ -49,5 +51,5 @@ private:
     bool m_isAccepting = false;
     QList<RemovalQuestion> m_removalQuestions;
     std::optional<RemovalDecision> m_removalDecision = RemovalDecision::Later;
-    std::function<void(RemovalDecision)> m_openRemoval;
+    QList<std::function<void(RemovalDecision)>> m_openRemovals;
 };

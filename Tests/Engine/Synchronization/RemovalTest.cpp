@@ -751,6 +751,34 @@ private Q_SLOTS:
         QVERIFY(m_host->application().presentedErrors().isEmpty());
     }
 
+    void anAnswerToAQuestionBeforeTheLocationWasRemovedIsNotThatToALaterOne() {
+        m_host->application().leaveRemovalsOpen();
+        addNotes(20);
+        const auto state = addEnabledState();
+        synchronize(state);
+        const auto location = state->destination();
+        attackLocation(*location);
+        synchronize(state);
+        QTRY_COMPARE(m_host->application().removalQuestions().size(), 1);
+        const auto index = static_cast<int>(m_host->locations().syncLocations().indexOf(location));
+        m_host->locations().removeObjectFromSyncLocationsAtIndex(index);
+        m_host->save();
+        m_host->locations().insertObjectInSyncLocationsAtIndex(location, index);
+        m_host->save();
+        synchronize(state);
+        QTRY_COMPARE(m_host->application().removalQuestions().size(), 2);
+        m_host->application().answerFirstOpenRemoval(RemovalDecision::Remove);
+        const QVSyncDispatcher *dispatcher = m_host->engine().plugin().dispatcher();
+        QVERIFY(dispatcher->activity().isEmpty());
+        QCOMPARE(titles().size(), 20);
+        m_host->application().answerOpenRemoval(RemovalDecision::Keep);
+        QVERIFY(!dispatcher->activity().isEmpty());
+        QTRY_VERIFY(dispatcher->activity().isEmpty());
+        QCOMPARE(titles().size(), 20);
+        synchronize(state);
+        QCOMPARE(m_host->application().removalQuestions().size(), 2);
+    }
+
     void keepingNotesThatAShellHasRemovedMeanwhileSaysHowToRestoreThem() {
         m_host->application().leaveRemovalsOpen();
         addNotes(20);
