@@ -50,11 +50,12 @@ Error tooManyLookUps(const QString &host) {
                        host);
 }
 
-Error errorOf(int code, const QString &host) {
+/// Returns the error for a result of getaddrinfo(); `number` is the value of errno then.
+Error errorOf(int code, int number, const QString &host) {
     const bool isUnknown = code == EAI_NONAME || code == EAI_NODATA || code == EAI_ADDRFAMILY;
     return isUnknown
                ? serverNotFound(host)
-               : notLookedUp(host, code == EAI_SYSTEM ? qt_error_string(errno)
+               : notLookedUp(host, code == EAI_SYSTEM ? qt_error_string(number)
                                                       : QString::fromLocal8Bit(gai_strerror(code)));
 }
 
@@ -65,8 +66,9 @@ Expected<Addresses> ask(const QString &host, quint16 port, int flags) {
     addrinfo *found = nullptr;
     const int code = getaddrinfo(host.toUtf8().constData(), QByteArray::number(port).constData(),
                                  &hints, &found);
+    const int number = errno;
     return code == 0 ? Expected<Addresses>(Addresses(found, &freeaddrinfo))
-                     : failure(errorOf(code, host));
+                     : failure(errorOf(code, number, host));
 }
 
 /// Blocks as long as the system does.
