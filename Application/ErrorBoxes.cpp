@@ -24,11 +24,21 @@ bool ErrorBoxes::show(const Error &error, QWidget *parent) {
     addDetails(box, error);
     addButtons(box, error);
     box->setAttribute(Qt::WA_DeleteOnClose);
-    connect(box, &QDialog::finished, this, [this] { m_hasInput = false; });
+    const auto unread = connect(
+        box, &QObject::destroyed, this, [this, error] { forget(error); }, Qt::QueuedConnection);
+    connect(box, &QDialog::finished, this, [this, unread] {
+        disconnect(unread);
+        m_hasInput = false;
+    });
     m_shown.append({error, box});
     m_shown.last().error.recoveryOptions.clear();
     box->open();
     return true;
+}
+
+void ErrorBoxes::forget(const Error &error) {
+    m_shown.removeIf([&](const Shown &each) { return each.error == error && !each.isOpen(); });
+    Q_EMIT vanished(error);
 }
 
 void ErrorBoxes::noteEvent(QEvent::Type type) {

@@ -24,7 +24,14 @@ public:
     /// user does.
     void noteEvent(QEvent::Type type);
 
+Q_SIGNALS:
+    /// Emitted from the event loop after a box was destroyed, with its parent, before the user has
+    /// closed it. The error can be shown again at once.
+    void vanished(const Error &error);
+
 private:
+    /// Forgets that `error` was shown in a box that no longer exists, and emits vanished().
+    void forget(const Error &error);
     /// Adds the details, or the time if there are none, with the code and the domain, which the
     /// user can unfold.
     static void addDetails(MessageBox *box, const Error &error);

@@ -6,6 +6,7 @@
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
+#include <utility>
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/PlainText.h"
@@ -16,14 +17,28 @@ constexpr qreal SizeOfCode = 2.5;
 
 }  // namespace
 
-QuestionBox::QuestionBox(const ::Question &question, QWidget *parent)
+QuestionBox::QuestionBox(const ::Question &question, std::function<void(bool)> handler,
+                         QWidget *parent)
     : MessageBox(QMessageBox::Question, question.text, question.details, parent),
+      m_handler(std::move(handler)),
       m_hasCode(!question.code.isEmpty()) {
     setAttribute(Qt::WA_DeleteOnClose);
     m_accept = addButton(question.acceptTitle, QMessageBox::AcceptRole);
     setDefaultButton(addButton(question.refuseTitle, QMessageBox::RejectRole));
     if (m_hasCode) {
         addCode(question.code);
+    }
+    connect(this, &QDialog::finished, this, [this] { callHandler(clickedButton() == m_accept); });
+}
+
+QuestionBox::~QuestionBox() {
+    callHandler(false);
+}
+
+// A box that is withdrawn after it was answered finishes again.
+void QuestionBox::callHandler(bool isAccepted) {
+    if (const auto handler = std::exchange(m_handler, nullptr)) {
+        handler(isAccepted);
     }
 }
 

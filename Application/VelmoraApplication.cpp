@@ -21,11 +21,21 @@
 
 namespace {
 
+/// Returns the window to which `window` belongs, if that is a modal dialog: it may end by itself,
+/// and would take its own dialogs along.
+QWidget *lastingWindow(QWidget *window) {
+    while (window->isModal() && window->parentWidget() &&
+           window->parentWidget()->window()->isVisible()) {
+        window = window->parentWidget()->window();
+    }
+    return window;
+}
+
 /// Returns the window for a dialog that may open while the user works in another program. A dialog
 /// without a parent would keep the program running after its window is closed.
 QWidget *windowForDialog() {
     if (QWidget *active = QApplication::activeWindow()) {
-        return active;
+        return lastingWindow(active);
     }
     const QWidgetList windows = QApplication::topLevelWidgets();
     const auto found = std::find_if(windows.begin(), windows.end(), [](const QWidget *each) {
@@ -48,6 +58,9 @@ VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
     : QApplication(argumentCount, arguments) {
     setNSApp(this);
     AccessibleWindow::install();
+    connect(&m_errorBoxes, &ErrorBoxes::vanished, this, &VelmoraApplication::presentError);
+    connect(this, &QCoreApplication::aboutToQuit, &m_errorBoxes,
+            [this] { disconnect(&m_errorBoxes, &ErrorBoxes::vanished, this, nullptr); });
     NotificationCenter::defaultCenter().addObserver(
         this, SecretsNotKeptNotification, [this](const Notification & /*notification*/) {
             presentError(SecretStore::shared().error().value_or(Error()));
@@ -122,12 +135,7 @@ QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
         MainQueue::dispatchAsync([handler = std::move(handler)] { handler(false); });
         return [] {};
     }
-    auto *box = new QuestionBox(question, windowForDialog());
-    // A box that is withdrawn after it was answered finishes again.
-    connect(
-        box, &QDialog::finished, this,
-        [box, handler = std::move(handler)] { handler(box->isAccepted()); },
-        Qt::SingleShotConnection);
+    auto *box = new QuestionBox(question, std::move(handler), windowForDialog());
     box->present();
     Q_EMIT questionShown(question.text);
     return [shown = QPointer(box)] {

@@ -55,17 +55,19 @@ public:
     /// Appends to the event log.
     void logItemCmd(const QString &title, const QString &info) override;
     void logJob(const QVJobReport &report) override;
-    /// Shows a message box with the next steps, modal to the active window, and returns at once;
-    /// several may be open. The texts are plain text. An error that ErrorBoxes does not show again
-    /// is added to the event log; others are not logged. In batch mode, writes only the description
-    /// to standard error.
+    /// Shows a message box with the next steps, modal to the active window, or to the window to
+    /// which the active dialog belongs, and returns at once; several may be open. If that window is
+    /// destroyed before the user has closed the box, the error is shown again, unless the program
+    /// ends. The texts are plain text. An error that ErrorBoxes does not show again is added to the
+    /// event log; others are not logged. In batch mode, writes only the description to standard
+    /// error.
     void presentError(const Error &error) override;
-    /// Shows a message box and returns at once. `handler` is called once, from the event loop; with
-    /// false if the user closes the box, and always in batch mode. The button that refuses is the
-    /// default one.
+    /// Shows a message box, modal as that of presentError(), and returns at once. `handler` is
+    /// called once, from the event loop; with false if the user closes the box, if its window is
+    /// destroyed before, and always in batch mode. The button that refuses is the default one.
     Withdrawal ask(const Question &question, std::function<void(bool)> handler) override;
-    /// Shows a dialog, modal to the active window, and returns at once. In batch mode, decides for
-    /// Later.
+    /// Shows a dialog, modal as the box of presentError(), and returns at once. In batch mode,
+    /// decides for Later.
     void askAboutRemoval(const RemovalQuestion &question,
                          std::function<void(RemovalDecision)> handler) override;
 

@@ -1,5 +1,6 @@
 #include "Application/VelmoraApplication.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QWindow>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
@@ -53,6 +54,13 @@ class VelmoraApplicationTest : public QObject {
              .persistence = UrlCredential::Persistence::Permanent},
             UrlProtectionSpace{.host = QStringLiteral("example-host")});
         SecretStore::shared().finishWriting();
+    }
+
+    static Question question() {
+        return {.text = QStringLiteral("Continue?"),
+                .details = {},
+                .acceptTitle = QStringLiteral("Yes"),
+                .refuseTitle = QStringLiteral("No")};
     }
 
     /// Returns the relative luminance of sRGB (WCAG 2).
@@ -213,6 +221,64 @@ private Q_SLOTS:
         });
         (*accept)->click();
         QTRY_COMPARE(answer, std::optional(true));
+        QTRY_VERIFY(messageBoxes().isEmpty());
+    }
+
+    void aDialogThatEndsTakesNeitherQuestionsNorErrorsAlong() {
+        QMainWindow window;
+        window.show();
+        auto dialog = std::make_unique<QDialog>(&window);
+        dialog->open();
+        dialog->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+        std::optional<bool> answer;
+        application().ask(question(), [&](bool isAccepted) { answer = isAccepted; });
+        QPointer<QMessageBox> asked = messageBoxes().value(0);
+        QVERIFY(asked);
+        // Also of a question, which may be withdrawn.
+        asked->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(asked));
+        application().presentError({.localizedDescription = QStringLiteral("It is lost.")});
+        dialog.reset();
+        QCOMPARE(messageBoxes().size(), 2);
+        for (const QMessageBox *box : messageBoxes()) {
+            QCOMPARE(box->parentWidget(), &window);
+        }
+        QVERIFY(!answer);
+        press(asked, QStringLiteral("Yes"));
+        QCOMPARE(answer, std::optional(true));
+        messageBoxes().first()->close();
+        QTRY_VERIFY(messageBoxes().isEmpty());
+    }
+
+    void aQuestionIsRefusedOnceWhenItsWindowGoes() {
+        auto window = std::make_unique<QMainWindow>();
+        window->show();
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QList<bool> answers;
+        const auto withdraw =
+            application().ask(question(), [&](bool isAccepted) { answers.append(isAccepted); });
+        QCOMPARE(messageBoxes().size(), 1);
+        window.reset();
+        QCOMPARE(answers, QList<bool>{false});
+        withdraw();
+        QCOMPARE(answers.size(), 1);
+    }
+
+    void anErrorIsShownAgainWhenItsWindowGoes() {
+        auto window = std::make_unique<QMainWindow>();
+        window->show();
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        const QString text = QStringLiteral("Nobody has read it.");
+        application().presentError({.localizedDescription = text});
+        QCOMPARE(messageBoxes().first()->parentWidget(), window.get());
+        window.reset();
+        QVERIFY(messageBoxes().isEmpty());
+        QTRY_COMPARE(messageBoxes().size(), 1);
+        QCOMPARE(messageBoxes().first()->text(), text);
+        messageBoxes().first()->close();
         QTRY_VERIFY(messageBoxes().isEmpty());
     }
 

@@ -89,7 +89,8 @@ inline std::unique_ptr<QWidget> pairingQuestion(TestHost & /*host*/, EventLog & 
         QStringLiteral("Let “kim at writing-desk” synchronize with this computer?"),
         QStringLiteral("It shows a code. Allow it only if the code is the same as here."),
         QStringLiteral("Allow"), QStringLiteral("Refuse"), QStringLiteral("123 456")};
-    auto box = std::make_unique<QuestionBox>(question, nullptr);
+    auto box = std::make_unique<QuestionBox>(
+        question, [](bool /*isAccepted*/) {}, nullptr);
     box->setAttribute(Qt::WA_DeleteOnClose, false);
     return box;
 }

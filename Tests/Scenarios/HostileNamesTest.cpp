@@ -171,12 +171,13 @@ private Q_SLOTS:
     }
 
     void aQuestionShowsHostileNamesAsPlainText() {
-        auto *box = new QuestionBox({.text = ShownName::Hostile,
-                                     .details = ShownName::Hostile,
-                                     .acceptTitle = QStringLiteral("Allow"),
-                                     .refuseTitle = QStringLiteral("Refuse"),
-                                     .code = ShownName::Hostile},
-                                    m_window.get());
+        auto *box = new QuestionBox(
+            {.text = ShownName::Hostile,
+             .details = ShownName::Hostile,
+             .acceptTitle = QStringLiteral("Allow"),
+             .refuseTitle = QStringLiteral("Refuse"),
+             .code = ShownName::Hostile},
+            [](bool /*isAccepted*/) {}, m_window.get());
         box->present();
         const ShownName shown(ShownName::Hostile);
         for (const char *place :

@@ -204,9 +204,10 @@ private Q_SLOTS:
             [](RemovalDecision) {}, &parent);
         removal.setAttribute(Qt::WA_DeleteOnClose, false);
         removal.show();
-        QuestionBox question({huge(), huge(), QStringLiteral("Allow"), QStringLiteral("Refuse"),
-                              QStringLiteral("123 456")},
-                             &parent);
+        QuestionBox question(
+            {huge(), huge(), QStringLiteral("Allow"), QStringLiteral("Refuse"),
+             QStringLiteral("123 456")},
+            [](bool /*isAccepted*/) {}, &parent);
         question.setAttribute(Qt::WA_DeleteOnClose, false);
         question.show();
         ErrorBoxes boxes;
