@@ -27,13 +27,14 @@ bool QuitGuard::eventFilter(QObject *object, QEvent *event) {
     if (event->type() != QEvent::Close) {
         return QObject::eventFilter(object, event);
     }
+    const bool isQuitting = std::exchange(m_isQuitting, false);
     if (!m_end.hasExpired()) {
         // A question would keep the session from ending. What cannot be saved is kept.
         m_window->saveAll();
         event->accept();
         return true;
     }
-    const bool isHidden = m_isHiding && !std::exchange(m_isQuitting, false);
+    const bool isHidden = m_isHiding && !isQuitting;
     if (!isHidden && !m_isAsking && prepareToQuit()) {
         if (m_isHiding) {
             // The program does not end with its last window then.

@@ -35,7 +35,7 @@ private:
     MainWindow *const m_window;
     QDeadlineTimer m_end;
     bool m_isHiding = false;
-    /// Whether the user has chosen to quit.
+    /// Whether the user has chosen to quit; until the next event for closing.
     bool m_isQuitting = false;
     /// Whether the user is being asked.
     bool m_isAsking = false;

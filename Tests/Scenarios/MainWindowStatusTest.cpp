@@ -411,6 +411,25 @@ private Q_SLOTS:
         QVERIFY(m_host->engine().plugin().dispatcher()->activity().isEmpty());
     }
 
+    void whoHasCancelledQuittingCanHideTheWindow() {
+        tick(m_host->addLocation());
+        answer(QStringLiteral("Cancel"));
+        m_window->quit();
+        QVERIFY(m_window->isVisible());
+        m_window->findChild<QuitGuard *>()->setHiding(true);
+        bool isAsked = false;
+        QTimer::singleShot(0, m_window.get(), [&] {
+            if (QWidget *dialog = QApplication::activeModalWidget()) {
+                isAsked = true;
+                dialog->close();
+            }
+        });
+        m_window->close();
+        QCoreApplication::processEvents();
+        QVERIFY(!isAsked);
+        QVERIFY(!m_window->isVisible());
+    }
+
     void theEndOfTheSessionAsksNothing() {
         tickSilentServer()->setSyncOnClose(true);
         m_window->findChild<QuitGuard *>()->allowEnd();
