@@ -121,6 +121,14 @@ Expected<bool> isSaved(const NoteDatabase &database, const Note &note) {
     });
 }
 
+/// Returns whether `object` has all that keep() writes.
+bool isComplete(const QJsonObject &object) {
+    const QStringList texts{DatabaseKey, NoteKey, RevisionKey, TitleKey, TextKey};
+    return std::all_of(texts.begin(), texts.end(),
+                       [&](const QString &key) { return object[key].isString(); }) &&
+           !object[NoteKey].toString().isEmpty() && object[ModifiedKey].isDouble();
+}
+
 Expected<QString> restoreFile(const QString &path, const NoteLibrary &library) {
     QFile file(path);
     const QByteArray contents = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -132,15 +140,15 @@ Expected<QString> restoreFile(const QString &path, const NoteLibrary &library) {
                              {}));
     }
     const QJsonObject object = ExactText::objectIn(contents);
-    Note note{object[NoteKey].toString(), object[TitleKey].toString(), object[TextKey].toString(),
-              QDateTime::fromMSecsSinceEpoch(object[ModifiedKey].toInteger()),
-              object[RevisionKey].toString()};
-    if (note.UUID.isEmpty()) {
+    if (!isComplete(object)) {
         return failure(
             applicationError(textOf("The file is damaged. Copy from it what you need, and remove "
                                     "it."),
                              {}));
     }
+    Note note{object[NoteKey].toString(), object[TitleKey].toString(), object[TextKey].toString(),
+              QDateTime::fromMSecsSinceEpoch(object[ModifiedKey].toInteger()),
+              object[RevisionKey].toString()};
     const auto database = databaseFor(library, object[DatabaseKey].toString());
     return isSaved(*database, note)
         .and_then([&](bool saved) { return saved ? Expected<void>() : database->saveNote(note); })

@@ -3,6 +3,8 @@
 #include <sys/mount.h>
 #include <sys/syscall.h>
 
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonObject>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QUuid>
 #include <QtWidgets/QPlainTextEdit>
@@ -10,6 +12,7 @@
 #include <cerrno>
 
 #include "Application/NotesView.h"
+#include "Platform/Foundation/ExactText.h"
 #include "Support/FailingSystemCall.h"
 #include "Support/PrivateVolume.h"
 #include "Support/TestHost.h"
@@ -175,6 +178,47 @@ private Q_SLOTS:
             QVERIFY(restored.result.error().localizedFailureReason.contains(name));
         }
         QVERIFY(QFile::remove(cache() + u'/' + left.first()));
+    }
+
+    void aFileThatLacksAPartIsDamaged_data() {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QJsonValue>("value");
+        for (const char *key : {"database", "note", "revision", "title", "text", "modified"}) {
+            QTest::addRow("without %s", key)
+                << QString::fromLatin1(key) << QJsonValue(QJsonValue::Undefined);
+            QTest::addRow("another type of %s", key)
+                << QString::fromLatin1(key) << QJsonValue(QJsonArray{1});
+        }
+    }
+    void aFileThatLacksAPartIsDamaged() {
+        QFETCH(const QString, key);
+        QFETCH(const QJsonValue, value);
+        const UnsavedTexts texts = unsavedTexts();
+        Note note = m_database->notes().value().first();
+        note.text = QStringLiteral("typed");
+        QVERIFY(texts.keep(m_database->UUID(), note));
+        const QString path = m_host->directory() + u'/' + journalIn(m_host->directory()).first();
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QJsonObject object = ExactText::objectIn(file.readAll());
+        file.close();
+        QVERIFY(object.contains(key));
+        object[key] = value;
+        const QByteArray damaged = ExactText::json(object);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(damaged), damaged.size());
+        file.close();
+
+        const UnsavedTexts::Restored restored = texts.restore(m_host->library());
+        QCOMPARE(restored.titles, QStringList());
+        QVERIFY(!restored.result);
+        const QString told = restored.result.error().localizedFailureReason;
+        QVERIFY2(told.contains(QStringLiteral("The file is damaged.")), qPrintable(told));
+        QCOMPARE(journalIn(m_host->directory()).size(), 1);
+        const QList<Note> notes = m_database->notes().value();
+        QCOMPARE(notes.size(), 1);
+        QCOMPARE(notes.first().text, QStringLiteral("Pack "));
+        QVERIFY(m_host->inbox()->notes().value().isEmpty());
     }
 
     /// A regular file whose reads fail.
