@@ -80,6 +80,7 @@ Expected<QByteArray> LogFile::openForAppending(const QString &path) {
         return failure(refused);
     }
     m_size = status.st_size;
+    m_longest = Limit;
     return endOf(m_file.number(), m_size, Limit)
         .map_error([&](const QString &reason) { return notSaved(reason); })
         .map([&](const QByteArray &contents) {
@@ -98,10 +99,11 @@ Expected<void> LogFile::append(const LogEntry &entry) {
     if (m_isTorn) {
         return failure(systemFailure(written < 0 ? errno : ENOSPC));
     }
-    return m_size > Limit ? shorten() : Expected<void>();
+    return m_size > m_longest ? shorten() : Expected<void>();
 }
 
 Expected<void> LogFile::shorten() {
+    m_longest = m_size + Limit / 8;
     const auto newer = endOf(m_file.number(), m_size, Limit / 2);
     if (!newer) {
         return failure(notSaved(newer.error()));

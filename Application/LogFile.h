@@ -12,7 +12,7 @@ public:
     /// The file is in the folder of a profile.
     static QString pathInProfile(const QString &profile);
 
-    /// The maximum size in bytes.
+    /// The maximum size in bytes, as long as the file can be shortened.
     static constexpr qint64 Limit = 2LL << 20;
 
     /// Opens or creates the file `path` and returns its entries, oldest first. If there are lines
@@ -20,7 +20,9 @@ public:
     /// file is not a plain file of the user or cannot be read.
     Expected<QList<LogEntry>> open(const QString &path);
     /// Appends an entry. Fails if the file is not open or the disk is full; the entry is then lost,
-    /// and the next one can be appended all the same.
+    /// and the next one can be appended all the same. Also fails if the file is too long and cannot
+    /// be shortened; the entry is then in the file, and shortening it is tried again after another
+    /// Limit / 8 bytes.
     Expected<void> append(const LogEntry &entry);
 
 private:
@@ -36,6 +38,8 @@ private:
     FileDescriptor m_file;
     /// The size of the file in bytes.
     qint64 m_size = 0;
+    /// The size beyond which the file is shortened.
+    qint64 m_longest = Limit;
     /// Whether the last line may be incomplete.
     bool m_isTorn = false;
 };

@@ -1,15 +1,18 @@
 #include "Application/EventLog.h"
 
 #include <sys/resource.h>
+#include <sys/syscall.h>
 
 #include <QtGui/QClipboard>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTreeView>
+#include <cerrno>
 #include <csignal>
 
 #include "Application/LogWindow.h"
+#include "Support/FailingSystemCall.h"
 #include "Support/ShownName.h"
 #include "Support/TestMain.h"
 
@@ -158,6 +161,30 @@ private Q_SLOTS:
         QCOMPARE(next.rowCount(), 2);
         QCOMPARE(text(next, 0), QStringLiteral("saved"));
         QVERIFY(text(next, 1).contains(path()));
+    }
+
+    void aFileThatCannotBeShortenedGetsItsEntriesAllTheSame() {
+        write(QByteArray(LogFile::Limit - 100, 'x') + '\n');
+        LogFile file;
+        QVERIFY(file.open(path()));
+        const LogEntry entry{.time = QDateTime::currentDateTime(), .text = QString(1000, u'y')};
+        Expected<void> first;
+        Expected<void> next;
+        runWithFailingSystemCall(SYS_fsync, ENOSPC, [&] {
+            first = file.append(entry);
+            next = file.append(entry);
+        });
+        QVERIFY(!first);
+        QVERIFY(next);
+        qsizetype count = 2;
+        QCOMPARE(contents().count('\n'), count + 1);
+        while (contents().size() > LogFile::Limit / 2) {
+            QVERIFY(file.append(entry));
+            ++count;
+            QVERIFY(count <= LogFile::Limit / 1000);
+        }
+        // The first line is removed.
+        QCOMPARE(contents().count('\n'), count);
     }
 
     void theWindowFiltersWrapsAndCopies() {
