@@ -7,6 +7,7 @@
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Security/Keychain.h"
+#include "Platform/Security/SecretStore.h"
 
 namespace {
 
@@ -112,16 +113,34 @@ void QVServerPreferencesController::removeAuthorizedClientsObject(const QString 
         bytesOfUnitLength(service), bytesOfUnitLength(client),
         [controller = QPointer(this), client](const Expected<bool> &isRemoved) {
             if (controller) {
-                controller->didRevoke(client, isRemoved.value_or(false));
+                controller->didRevoke(client, isRemoved);
             }
         });
 }
 
-void QVServerPreferencesController::didRevoke(const QString &client, bool isRemoved) {
+void QVServerPreferencesController::didRevoke(const QString &client,
+                                              const Expected<bool> &isRemoved) {
     m_clientsBeingRevoked.removeOne(client);
-    if (isRemoved) {
+    showWhyNotRevoked(client, isRemoved);
+    if (isRemoved.value_or(false)) {
         m_authorizedClients.removeOne(client);
         KeyValue::announce<&QVServerPreferencesController::authorizedClientsChanged>(this);
+    }
+}
+
+void QVServerPreferencesController::showWhyNotRevoked(const QString &client,
+                                                      const Expected<bool> &isRemoved) {
+    QString problem;
+    if (!isRemoved && SecretStore::isServiceMissing(isRemoved.error())) {
+        problem = localizedSyncString(
+                      "“%1” was not revoked and may still connect. %2 Start the password service, "
+                      "and revoke it again.")
+                      .arg(client, isRemoved.error().localizedFailureReason);
+    }
+    if (problem != m_clientsProblem) {
+        m_clientsProblem = problem;
+        KeyValue::announce<&QVServerPreferencesController::clientsProblemChanged>(this);
+        KeyValue::announce<&QVServerPreferencesController::hasClientsProblemChanged>(this);
     }
 }
 

@@ -30,11 +30,12 @@ class QVServerPreferencesController : public WindowController {
                    authorizedClientsSortDescriptors CONSTANT)
     /// Whether the keychain contains no client; false until it has been read.
     Q_PROPERTY(bool hasNoClients READ hasNoClients NOTIFY hasNoClientsChanged)
-    /// Why the clients are not listed and what to do next, for the user; empty unless the keychain
-    /// could not be read.
+    /// Why the clients are not listed, or the last one was not revoked, and what to do next, for
+    /// the user; empty unless the keychain could not be read, or had no service when that client
+    /// was to be revoked.
     Q_PROPERTY(QString clientsProblem READ clientsProblem NOTIFY clientsProblemChanged)
-    /// Whether the keychain could not be read.
-    Q_PROPERTY(bool clientsUnknown READ areClientsUnknown NOTIFY clientsUnknownChanged)
+    /// Whether there is such a problem.
+    Q_PROPERTY(bool hasClientsProblem READ hasClientsProblem NOTIFY hasClientsProblemChanged)
 public:
     /// Returns a new controller, which starts to read the keychain without blocking. Never null. It
     /// may be destroyed at any time except while its sheet is shown; results that arrive later are
@@ -59,7 +60,7 @@ public:
     /// Also false if the keychain cannot be read; the list is then empty.
     bool hasNoClients() const { return m_knowsClients && m_authorizedClients.isEmpty(); }
     QString clientsProblem() const { return m_clientsProblem; }
-    bool areClientsUnknown() const { return !m_clientsProblem.isEmpty(); }
+    bool hasClientsProblem() const { return !m_clientsProblem.isEmpty(); }
     QList<SortDescriptor> authorizedClientsSortDescriptors() const;
     /// Adds a name to the list only; authorizes no client. Has no effect if it is in the list, but
     /// announces it.
@@ -81,7 +82,7 @@ public:
     Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingClientsProblem() {
         return {"authorizedClients"};
     }
-    Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingClientsUnknown() {
+    Q_INVOKABLE static KeyValue::KeyPaths keyPathsForValuesAffectingHasClientsProblem() {
         return {"authorizedClients"};
     }
 
@@ -89,7 +90,8 @@ public Q_SLOTS:
     /// Revokes a client by deleting its keychain item; a connected client is refused at its next
     /// request. Returns at once: the client stays in the list until the item is deleted, and also
     /// if it cannot be deleted. Has no effect while the client is being revoked. A failure is not
-    /// presented. If several items have the same name, one is deleted for each call.
+    /// presented: SecretStore posts it or, if there is no service, it becomes the clientsProblem.
+    /// If several items have the same name, one is deleted for each call.
     void removeAuthorizedClientsObject(const QString &client);
     /// Closes the sheet. Has no effect if it is not shown.
     void acceptModalSheet(QObject *sender);
@@ -102,7 +104,7 @@ Q_SIGNALS:
     void authorizedClientsChanged();
     void hasNoClientsChanged();
     void clientsProblemChanged();
-    void clientsUnknownChanged();
+    void hasClientsProblemChanged();
 
 protected:
     /// Closes the sheet: there is nothing to cancel.
@@ -114,7 +116,9 @@ private:
     void loadAuthorizedClients();
     void didLoadAuthorizedClients(const Expected<QStringList> &clients);
     /// Receives whether the item of `client` is deleted.
-    void didRevoke(const QString &client, bool isRemoved);
+    void didRevoke(const QString &client, const Expected<bool> &isRemoved);
+    /// Sets why `client` was not revoked; no problem if that has not failed, or was posted.
+    void showWhyNotRevoked(const QString &client, const Expected<bool> &isRemoved);
 
     QStringList m_authorizedClients;
     QStringList m_clientsBeingRevoked;

@@ -8,6 +8,10 @@
         <translation>لا تعثر الحواسيب الأخرى على هذا الحاسوب من تلقاء نفسها، لأن الخدمة «Avahi» لا تعمل عليه. شغِّلها، أو أدخل هذا العنوان وهذا المنفذ على الحاسوب الآخر ضمن «إضافة»، «اتصال مباشر…».</translation>
     </message>
     <message>
+        <source>“%1” was not revoked and may still connect. %2 Start the password service, and revoke it again.</source>
+        <translation>لم يُسحب الإذن من «⁨%1⁩» وما زال يستطيع الاتصال. ⁨%2⁩ شغِّل خدمة كلمات المرور، ثم اسحب الإذن من جديد.</translation>
+    </message>
+    <message>
         <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
         <translation>لا يمكن عرض الحواسيب المسموح لها بالاتصال. ⁨%1⁩ شغِّل خدمة كلمات المرور أو ألغِ قفلها، ثم افتح هذه النافذة من جديد.</translation>
     </message>

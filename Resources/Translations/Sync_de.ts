@@ -8,6 +8,10 @@
         <translation>Andere Computer finden diesen nicht von selbst, weil der Dienst „Avahi“ auf diesem Computer nicht läuft. Starten Sie ihn, oder geben Sie diese Adresse und diesen Port auf dem anderen Computer unter „Hinzufügen“, „Direktverbindung …“ ein.</translation>
     </message>
     <message>
+        <source>“%1” was not revoked and may still connect. %2 Start the password service, and revoke it again.</source>
+        <translation>„%1“ wurde nicht widerrufen und darf sich weiterhin verbinden. %2 Starten Sie den Passwortdienst, und widerrufen Sie noch einmal.</translation>
+    </message>
+    <message>
         <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
         <translation>Die Computer, die sich verbinden dürfen, können nicht aufgelistet werden. %1 Starten oder entsperren Sie den Passwortdienst, und öffnen Sie dieses Fenster noch einmal.</translation>
     </message>

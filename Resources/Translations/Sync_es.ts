@@ -8,6 +8,10 @@
         <translation>Los demás equipos no encuentran este por sí mismos, porque el servicio «Avahi» no está en ejecución en este equipo. Inícielo, o introduzca esta dirección y este puerto en el otro equipo en «Añadir», «Conexión directa…».</translation>
     </message>
     <message>
+        <source>“%1” was not revoked and may still connect. %2 Start the password service, and revoke it again.</source>
+        <translation>«%1» no se ha revocado y aún puede conectarse. %2 Inicie el servicio de contraseñas y vuelva a revocarlo.</translation>
+    </message>
+    <message>
         <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
         <translation>No se pueden mostrar los equipos que pueden conectarse. %1 Inicie o desbloquee el servicio de contraseñas y vuelva a abrir esta ventana.</translation>
     </message>

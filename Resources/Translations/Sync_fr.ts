@@ -8,6 +8,10 @@
         <translation>Les autres ordinateurs ne trouvent pas celui-ci d’eux-mêmes, car le service « Avahi » n’y est pas en cours d’exécution. Démarrez-le, ou saisissez cette adresse et ce port sur l’autre ordinateur sous « Ajouter », « Connexion directe… ».</translation>
     </message>
     <message>
+        <source>“%1” was not revoked and may still connect. %2 Start the password service, and revoke it again.</source>
+        <translation>« %1 » n’a pas été révoqué et peut toujours se connecter. %2 Démarrez le service de mots de passe, puis révoquez-le de nouveau.</translation>
+    </message>
+    <message>
         <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
         <translation>Les ordinateurs autorisés à se connecter ne peuvent pas être affichés. %1 Démarrez ou déverrouillez le service de mots de passe, puis rouvrez cette fenêtre.</translation>
     </message>

@@ -8,6 +8,10 @@
         <translation>このコンピューターで「Avahi」サービスが実行されていないため、ほかのコンピューターはこのコンピューターを自動では検出できません。サービスを開始するか、相手のコンピューターの「追加」、「直接接続…」でこのアドレスとポートを入力してください。</translation>
     </message>
     <message>
+        <source>“%1” was not revoked and may still connect. %2 Start the password service, and revoke it again.</source>
+        <translation>「%1」は取り消されておらず、まだ接続できます。%2パスワードサービスを開始して、もう一度取り消してください。</translation>
+    </message>
+    <message>
         <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
         <translation>接続できるコンピューターを一覧に表示できません。%1パスワードサービスを開始するかロックを解除して、このウインドウを開き直してください。</translation>
     </message>

@@ -410,7 +410,7 @@ private Q_SLOTS:
         m_secretService = std::make_unique<SecretService>();
         revoke(QStringLiteral("Ada"));
         QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Kim")});
-        QVERIFY(recorder.announced().isEmpty());
+        QCOMPARE(recorder.count("authorizedClients"), 0);
     }
 
     void aClientThatIsBeingRevokedIsNotRevokedAgain() {
@@ -442,6 +442,28 @@ private Q_SLOTS:
         QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Kim")});
         QVERIFY(recorder.announced().isEmpty());
         QVERIFY(m_host->application.presentedErrors().isEmpty());
+    }
+
+    void aClientThatWasNotRevokedForLackOfAServiceIsNamed() {
+        authorize(QStringLiteral("Kim"));
+        reopen();
+        m_controller->window()->show();
+        const auto *problem = part<QLabel>("clientsProblemLabel");
+        QVERIFY(!problem->isVisible());
+        m_secretService = nullptr;
+        revoke(QStringLiteral("Kim"));
+        m_secretService = std::make_unique<SecretService>();
+        QCOMPARE(m_controller->authorizedClients(), QStringList{QStringLiteral("Kim")});
+        QVERIFY(problem->isVisible());
+        QVERIFY2(problem->text().startsWith(
+                     QStringLiteral("“Kim” was not revoked and may still connect. No password "
+                                    "service is running on this computer. ")),
+                 qPrintable(problem->text()));
+        QVERIFY(m_host->application.presentedErrors().isEmpty());
+        authorize(QStringLiteral("Kim"));
+        revoke(QStringLiteral("Kim"));
+        QVERIFY(m_controller->authorizedClients().isEmpty());
+        QVERIFY(!problem->isVisible());
     }
 
     // "Zoé" has three UTF-16 units: it is looked for as "Zo" and the first byte of the last letter.
