@@ -6,6 +6,7 @@
 #include "Host/QVSyncLocation.h"
 #include "Host/QVSyncLocationFormatter.h"
 #include "Host/QVSyncLocationsController.h"
+#include "Host/SaveLocations.h"
 
 LocationRemovals::LocationRemovals(QVSyncLocationsController *controller, QObject *parent)
     : QObject(parent), m_controller(controller), m_listed(listed()) {
@@ -28,13 +29,13 @@ Expected<void> LocationRemovals::undo() {
     for (const auto &state : removal.listed.enabledStates) {
         state->setEnabled(true);
     }
-    std::optional<Error> error;
-    if (!m_controller->save(&error)) {
+    const Expected<void> saved = saveLocations(*m_controller);
+    if (saved) {
+        update();
+    } else {
         m_controller->removeObjectFromSyncLocationsAtIndex(index);
-        return failure(error.value_or(Error()));
     }
-    update();
-    return {};
+    return saved;
 }
 
 void LocationRemovals::update() {

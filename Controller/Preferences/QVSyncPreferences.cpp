@@ -14,6 +14,7 @@
 #include "Host/QVApplication.h"
 #include "Host/QVDatabase.h"
 #include "Host/QVSyncLocationsController.h"
+#include "Host/SaveLocations.h"
 #include "Host/SyncLog.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/Assertion.h"
@@ -399,14 +400,15 @@ void QVSyncPreferences::selectLocation(const std::shared_ptr<QVSyncLocation> &lo
 }
 
 void QVSyncPreferences::saveAndPresentError() {
-    std::optional<Error> error;
-    if (!plugin()->locationsController()->save(&error) && error) {
-        error->recoveryOptions = {LocationRecovery::tryAgainOption([pane = QPointer(this)] {
+    const Expected<void> saved = saveLocations(*plugin()->locationsController());
+    if (!saved) {
+        Error error = saved.error();
+        error.recoveryOptions = {LocationRecovery::tryAgainOption([pane = QPointer(this)] {
             if (pane) {
                 pane->saveAndPresentError();
             }
         })};
-        NSApp()->presentError(*error);
+        NSApp()->presentError(error);
     }
 }
 

@@ -12,6 +12,10 @@
         <translation>لم يُسحب الإذن من «⁨%1⁩» وما زال يستطيع الاتصال. ⁨%2⁩ شغِّل خدمة كلمات المرور، ثم اسحب الإذن من جديد.</translation>
     </message>
     <message>
+        <source>Your changes to the sync locations could not be saved, and the reason is not known. Check the space on the disk, and try again.</source>
+        <translation>تعذر حفظ تغييراتك في مواقع المزامنة، والسبب غير معروف. تحقق من المساحة على القرص، ثم أعد المحاولة.</translation>
+    </message>
+    <message>
         <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
         <translation>لا يمكن عرض الحواسيب المسموح لها بالاتصال. ⁨%1⁩ شغِّل خدمة كلمات المرور أو ألغِ قفلها، ثم افتح هذه النافذة من جديد.</translation>
     </message>

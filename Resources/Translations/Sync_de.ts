@@ -12,6 +12,10 @@
         <translation>„%1“ wurde nicht widerrufen und darf sich weiterhin verbinden. %2 Starten Sie den Passwortdienst, und widerrufen Sie noch einmal.</translation>
     </message>
     <message>
+        <source>Your changes to the sync locations could not be saved, and the reason is not known. Check the space on the disk, and try again.</source>
+        <translation>Ihre Änderungen an den Sync-Orten konnten nicht gespeichert werden, und der Grund ist nicht bekannt. Prüfen Sie den Platz auf dem Datenträger, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
         <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
         <translation>Die Computer, die sich verbinden dürfen, können nicht aufgelistet werden. %1 Starten oder entsperren Sie den Passwortdienst, und öffnen Sie dieses Fenster noch einmal.</translation>
     </message>

@@ -12,6 +12,10 @@
         <translation>«%1» no se ha revocado y aún puede conectarse. %2 Inicie el servicio de contraseñas y vuelva a revocarlo.</translation>
     </message>
     <message>
+        <source>Your changes to the sync locations could not be saved, and the reason is not known. Check the space on the disk, and try again.</source>
+        <translation>No se pudieron guardar sus cambios en las ubicaciones de sincronización, y no se conoce el motivo. Compruebe el espacio en el disco y vuelva a intentarlo.</translation>
+    </message>
+    <message>
         <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
         <translation>No se pueden mostrar los equipos que pueden conectarse. %1 Inicie o desbloquee el servicio de contraseñas y vuelva a abrir esta ventana.</translation>
     </message>

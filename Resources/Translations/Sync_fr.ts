@@ -12,6 +12,10 @@
         <translation>« %1 » n’a pas été révoqué et peut toujours se connecter. %2 Démarrez le service de mots de passe, puis révoquez-le de nouveau.</translation>
     </message>
     <message>
+        <source>Your changes to the sync locations could not be saved, and the reason is not known. Check the space on the disk, and try again.</source>
+        <translation>Vos modifications des emplacements de synchronisation n’ont pas pu être enregistrées, et la raison n’est pas connue. Vérifiez l’espace disponible sur le disque, puis réessayez.</translation>
+    </message>
+    <message>
         <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
         <translation>Les ordinateurs autorisés à se connecter ne peuvent pas être affichés. %1 Démarrez ou déverrouillez le service de mots de passe, puis rouvrez cette fenêtre.</translation>
     </message>

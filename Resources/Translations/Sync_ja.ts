@@ -12,6 +12,10 @@
         <translation>「%1」は取り消されておらず、まだ接続できます。%2パスワードサービスを開始して、もう一度取り消してください。</translation>
     </message>
     <message>
+        <source>Your changes to the sync locations could not be saved, and the reason is not known. Check the space on the disk, and try again.</source>
+        <translation>同期先の変更を保存できませんでした。理由は不明です。ディスクの空き容量を確認して、もう一度お試しください。</translation>
+    </message>
+    <message>
         <source>The computers that may connect cannot be listed. %1 Start or unlock the password service, and open this window again.</source>
         <translation>接続できるコンピューターを一覧に表示できません。%1パスワードサービスを開始するかロックを解除して、このウインドウを開き直してください。</translation>
     </message>

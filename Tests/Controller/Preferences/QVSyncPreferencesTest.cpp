@@ -17,6 +17,7 @@
 #include "Support/AnnouncementRecorder.h"
 #include "Support/HostShortcuts.h"
 #include "Support/MessageRecorder.h"
+#include "Support/ScriptedHost.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
 #include "View/ListScrollArea.h"
@@ -385,6 +386,18 @@ private Q_SLOTS:
         m_pane.reset();
         m_host->restart();
         QVERIFY(isTicked());
+    }
+
+    void aFailureWithoutAReasonIsPresentedToo() {
+        m_host.reset();
+        ScriptedHost host;
+        host.saves = false;
+        QVSyncPreferences().saveAndPresentError();
+        QCOMPARE(host.application.presentedErrors().size(), 1);
+        const Error presented = host.application.presentedErrors().first();
+        QVERIFY2(presented.localizedDescription.contains(QStringLiteral("Check the space")),
+                 qPrintable(presented.localizedDescription));
+        QCOMPARE(presented.recoveryOptions.size(), 1);
     }
 
     void anErrorOfARowIsPresentedByItsButton() {

@@ -47,10 +47,12 @@ private Q_SLOTS:
             QStringLiteral(VELMORA_SOURCE_DIR "/Resources/Translations/Sync_%1.ts").arg(language));
         QStringList texts = captured("Resources/Interface", "*.ui", "<string>([^<]+)</string>");
         for (const char *folder : {"Controller", "Host", "View", "Platform"}) {
-            texts +=
-                captured(folder, "*.cpp",
-                         "(?:localized(?:String|SyncString|SyncCount)|QT_TRANSLATE_NOOP)"
-                         "\\((?:PlatformTable,|\"Sync\",)?\\s*\"([^\"]+(?:\"\\s+\"[^\"]+)*)\"");
+            for (const char *files : {"*.h", "*.cpp"}) {
+                texts +=
+                    captured(folder, files,
+                             "(?:localized(?:String|SyncString|SyncCount)|QT_TRANSLATE_NOOP)"
+                             "\\((?:PlatformTable,|\"Sync\",)?\\s*\"([^\"]+(?:\"\\s+\"[^\"]+)*)\"");
+            }
         }
         QVERIFY(texts.size() > 30);
         static const QRegularExpression seam(QStringLiteral("\"\\s+\""));
