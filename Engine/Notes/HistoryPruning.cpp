@@ -1,12 +1,9 @@
 #include "Engine/Notes/HistoryPruning.h"
 
-#include <QtCore/QPointer>
-
 #include "Engine/Notes/NoteHistory.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Host/QVApplication.h"
 #include "Host/SyncStrings.h"
-#include "Platform/Foundation/MainQueue.h"
 
 namespace {
 
@@ -24,7 +21,8 @@ void logPruningFailureOf(const Expected<void> &result) {
 
 }  // namespace
 
-HistoryPruning::HistoryPruning(const ProfileDatabase &profile) : m_profile(profile) {
+HistoryPruning::HistoryPruning(const ProfileDatabase &profile)
+    : m_profile(profile), m_logMover(profile) {
     m_timer.setSingleShot(true);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { prune(); });
 }
@@ -52,26 +50,13 @@ void HistoryPruning::prune() {
 }
 
 void HistoryPruning::moveLog() {
-    const auto move = [path = m_profile.path(), files = m_profile.files(), self = QPointer(this)] {
-        const Expected<void> moved = ProfileDatabase::moveLog(path, files);
-        MainQueue::dispatchAsync([self, moved] {
-            if (self) {
-                self->m_isMoving = false;
-                logPruningFailureOf(moved);
-                // A change of the limits may have led to further steps meanwhile.
-                if (self->m_isContinued) {
-                    self->m_timer.start(Pause);
-                }
-            }
-        });
-    };
     m_isMoving = true;
-    if (const Expected<void> started = m_threads.start(move); !started) {
+    m_logMover.move([this](const Expected<void> &moved) {
         m_isMoving = false;
-        logPruningFailureOf(started);
-        m_isContinued = false;
-        m_timer.start(Interval);
-    }
+        logPruningFailureOf(moved);
+        m_isContinued = moved.has_value();
+        m_timer.start(m_isContinued ? std::chrono::milliseconds(Pause) : Interval);
+    });
 }
 
 Expected<void> HistoryPruning::advanceTime() {

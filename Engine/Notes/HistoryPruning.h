@@ -2,7 +2,7 @@
 
 #include <QtCore/QTimer>
 
-#include "Engine/Foundation/WorkerThreads.h"
+#include "Engine/Profile/LogMover.h"
 #include "Platform/Foundation/Expected.h"
 
 class ProfileDatabase;
@@ -28,7 +28,7 @@ public:
 private:
     /// Performs one step and schedules the next one.
     void prune();
-    /// Moves the profile's log, then schedules the next step.
+    /// Moves the profile's log, then schedules the next step, which waits if that fails.
     void moveLog();
     /// Lets the versions age, once for each time that they are removed.
     Expected<void> advanceTime();
@@ -41,5 +41,5 @@ private:
     bool m_isContinued = false;
     /// Whether a thread moves the log. The next step follows.
     bool m_isMoving = false;
-    WorkerThreads m_threads;
+    LogMover m_logMover;
 };

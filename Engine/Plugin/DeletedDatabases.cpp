@@ -22,7 +22,11 @@
 DeletedDatabases::DeletedDatabases(const ProfileDatabase &profile, EngineNoteLibrary &library,
                                    EngineLocationsController &locations,
                                    EngineDispatcher &dispatcher)
-    : m_profile(profile), m_library(library), m_locations(locations), m_dispatcher(dispatcher) {
+    : m_profile(profile),
+      m_library(library),
+      m_locations(locations),
+      m_dispatcher(dispatcher),
+      m_logMover(profile) {
     connect(&library, &EngineNoteLibrary::databaseDeleted, this, &DeletedDatabases::didDelete);
     connect(&library, &EngineNoteLibrary::databaseRestored, this, &DeletedDatabases::didRestore);
     connect(&locations, &EngineLocationsController::locationInserted, this,
@@ -162,21 +166,14 @@ void DeletedDatabases::eraseSome() {
 }
 
 void DeletedDatabases::moveLog() {
-    const auto move = [path = m_profile.path(), files = m_profile.files(), self = QPointer(this)] {
-        const Expected<void> moved = ProfileDatabase::moveLog(path, files);
-        MainQueue::dispatchAsync([self, moved] {
-            if (self) {
-                logFailureOf(moved);
-                self->eraseSome();
-            }
-        });
-    };
-    if (const Expected<void> started = m_threads.start(move); !started) {
-        logFailureOf(started);
-        // The next start goes on.
-        m_erased.clear();
-        m_isErasing = false;
-    }
+    m_logMover.move([this](const Expected<void> &moved) {
+        logFailureOf(moved);
+        if (!moved) {
+            // The next start goes on.
+            m_erased.clear();
+        }
+        eraseSome();
+    });
 }
 
 Expected<void> DeletedDatabases::deleteServed(const QString &UUID, const QString &store) {

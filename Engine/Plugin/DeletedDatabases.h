@@ -10,6 +10,7 @@
 
 #include "Application/Interface/ProfileConstants.h"
 #include "Engine/Foundation/WorkerThreads.h"
+#include "Engine/Profile/LogMover.h"
 #include "Platform/Foundation/Expected.h"
 
 class EngineDispatcher;
@@ -93,4 +94,5 @@ private:
     /// How many databases are being deleted from the store that this computer serves.
     int m_servedDeletions = 0;
     WorkerThreads m_threads;
+    LogMover m_logMover;
 };

@@ -13,12 +13,11 @@
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Profile/SteppedDeletion.h"
 #include "Host/SyncStrings.h"
-#include "Platform/Foundation/MainQueue.h"
 
 RemovedLocations::RemovedLocations(const ProfileDatabase &profile,
                                    const EngineLocationsController &locations,
                                    const EngineLocationKinds &kinds)
-    : m_profile(profile), m_locations(locations), m_kinds(kinds) {}
+    : m_profile(profile), m_locations(locations), m_kinds(kinds), m_logMover(profile) {}
 
 void RemovedLocations::start() {
     const Expected<QStringList> removed = m_locations.removedLocations();
@@ -58,22 +57,15 @@ void RemovedLocations::forget(const QString &identifier) {
 }
 
 void RemovedLocations::goOn(const QString &identifier) {
-    const auto move = [path = m_profile.path(), files = m_profile.files(), identifier,
-                       removal = m_removals.value(identifier), self = QPointer(this)] {
-        const Expected<void> moved = ProfileDatabase::moveLog(path, files);
-        MainQueue::dispatchAsync([self, identifier, removal, moved] {
-            if (!self) {
-                return;
-            }
+    m_logMover.move(
+        [this, identifier, removal = m_removals.value(identifier)](const Expected<void> &moved) {
+            // The next start goes on where the log could not be moved.
             logFailureOf(moved);
             // It may have been undone, and the location removed again, meanwhile.
-            if (self->m_removals.value(identifier) == removal) {
-                self->forget(identifier);
+            if (moved && m_removals.value(identifier) == removal) {
+                forget(identifier);
             }
         });
-    };
-    // The next start goes on where this one had no thread.
-    logFailureOf(m_threads.start(move));
 }
 
 void RemovedLocations::forgetRest(const QString &identifier, const Url &URL) {

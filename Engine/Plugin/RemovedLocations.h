@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "Application/Interface/ProfileConstants.h"
-#include "Engine/Foundation/WorkerThreads.h"
+#include "Engine/Profile/LogMover.h"
 #include "Platform/Foundation/Expected.h"
 
 class EngineLocationKinds;
@@ -72,5 +72,5 @@ private:
     /// How often each location was removed: one that is back may be removed again, which begins
     /// another undo time.
     QHash<QString, quint64> m_removals;
-    WorkerThreads m_threads;
+    LogMover m_logMover;
 };

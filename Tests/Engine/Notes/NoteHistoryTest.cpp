@@ -1,5 +1,10 @@
 #include "Engine/Notes/NoteHistory.h"
 
+#include <sys/resource.h>
+
+#include <QtCore/QScopeGuard>
+#include <csignal>
+
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Synchronization/CleanSession.h"
@@ -293,6 +298,42 @@ private Q_SLOTS:
         QCOMPARE(countOfVersions(), 30 - 8);
         QTRY_COMPARE(countOfVersions(), 1);
         QVERIFY(m_host->application().logEntries().isEmpty());
+    }
+
+    void removingWaitsForALaterTimeIfTheLogCannotBeMoved() {
+        // The oldest ones are at the end of the file.
+        QVERIFY(profile().run(
+            QStringLiteral("INSERT INTO versions (ended, size, database, note_uuid, place, title,"
+                           " text) WITH RECURSIVE number (n) AS (SELECT 1 UNION ALL SELECT n + 1"
+                           " FROM number WHERE n < 64) SELECT ? - n, 1048576, databases.id,"
+                           " 'u' || n, '', '', hex(zeroblob(524288))"
+                           " FROM number, databases WHERE is_inbox"),
+            {QDateTime::currentMSecsSinceEpoch()}));
+        m_host->restart();
+        const auto &logged = m_host->application().logEntries();
+        const qsizetype before = logged.size();
+        qint64 left = 0;
+        {
+            rlimit former{};
+            QCOMPARE(getrlimit(RLIMIT_FSIZE, &former), 0);
+            const auto formerHandler = signal(SIGXFSZ, SIG_IGN);
+            const rlimit half{32 << 20, former.rlim_max};
+            const auto restore = qScopeGuard([&] {
+                setrlimit(RLIMIT_FSIZE, &former);
+                signal(SIGXFSZ, formerHandler);
+            });
+            QCOMPARE(setrlimit(RLIMIT_FSIZE, &half), 0);
+            QVERIFY(m_host->library().setHistoryLimits({30, 1}));
+            QTRY_COMPARE_GE(logged.size(), before + 1);
+            left = countOfVersions();
+            QCOMPARE_GT(left, 1);
+            // Many times longer than the pause between two steps.
+            QTest::qWait(500);
+        }
+        QCOMPARE(logged.size(), before + 1);
+        QCOMPARE(countOfVersions(), left);
+        QVERIFY(m_host->library().setHistoryLimits({30, 1}));
+        QTRY_COMPARE(countOfVersions(), 1);
     }
 
     /// What is deleted is overwritten, by way of the log.
