@@ -3,8 +3,10 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <QtCore/QDebug>
 #include <QtCore/QSocketNotifier>
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdint>
 
@@ -25,6 +27,10 @@ void handle(int /*signal*/) {
 
 EndSignals::EndSignals(QObject *parent) : QObject(parent) {
     wakeUp = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    if (wakeUp < 0) {
+        qWarning("Signals end the program at once: %s", qPrintable(qt_error_string(errno)));
+        return;
+    }
     auto *notifier = new QSocketNotifier(wakeUp, QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this] {
         std::uint64_t count = 0;
@@ -40,6 +46,9 @@ EndSignals::EndSignals(QObject *parent) : QObject(parent) {
 }
 
 EndSignals::~EndSignals() {
+    if (wakeUp < 0) {
+        return;
+    }
     for (std::size_t i = 0; i < Signals.size(); ++i) {
         sigaction(Signals.at(i), &formerActions.at(i), nullptr);
     }

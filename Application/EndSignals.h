@@ -9,7 +9,8 @@ class EndSignals : public QObject {
     Q_OBJECT
 public:
     /// From now on these signals do not end the process by themselves: received() must be connected
-    /// to something that does.
+    /// to something that does. If the system lacks a file descriptor, they still do, and a warning
+    /// is written to the log.
     explicit EndSignals(QObject *parent = nullptr);
     ~EndSignals() override;
 

@@ -5,23 +5,37 @@
 #include <sys/signalfd.h>
 #include <unistd.h>
 
-#include <QtCore/QDir>
+#include <QtCore/QDebug>
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <system_error>
 
-TemporaryFiles::TemporaryFiles() : m_wakeUp(eventfd(0, EFD_CLOEXEC)) {
+TemporaryFiles::TemporaryFiles() {
     qputenv("TMPDIR", m_folder.path().toUtf8());
     sigemptyset(&m_signals);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         sigaddset(&m_signals, signal);
     }
-    pthread_sigmask(SIG_BLOCK, &m_signals, nullptr);
+    m_wakeUp = FileDescriptor(eventfd(0, EFD_CLOEXEC));
     m_received = FileDescriptor(signalfd(-1, &m_signals, SFD_CLOEXEC));
-    m_thread = std::thread([this] { waitForSignal(); });
+    if (!m_wakeUp.isValid() || !m_received.isValid()) {
+        qWarning("A signal would leave temporary files: %s", qPrintable(qt_error_string(errno)));
+        return;
+    }
+    pthread_sigmask(SIG_BLOCK, &m_signals, nullptr);
+    try {
+        m_thread = std::thread([this] { waitForSignal(); });
+    } catch (const std::system_error &reason) {
+        qWarning("A signal would leave temporary files: %s", reason.what());
+        pthread_sigmask(SIG_UNBLOCK, &m_signals, nullptr);
+    }
 }
 
 TemporaryFiles::~TemporaryFiles() {
+    if (!m_thread.joinable()) {
+        return;
+    }
     const std::uint64_t one = 1;
     [[maybe_unused]] const auto written = write(m_wakeUp.number(), &one, sizeof(one));
     m_thread.join();
@@ -43,8 +57,7 @@ void TemporaryFiles::waitForSignal() {
 void TemporaryFiles::endProcess(int signal) {
     // Another thread may be creating files.
     constexpr int attempts = 10;
-    for (int attempt = 0; attempt < attempts && QDir(m_folder.path()).exists(); ++attempt) {
-        QDir(m_folder.path()).removeRecursively();
+    for (int attempt = 0; attempt < attempts && !m_folder.remove(); ++attempt) {
     }
     std::signal(signal, SIG_DFL);
     pthread_sigmask(SIG_UNBLOCK, &m_signals, nullptr);

@@ -17,7 +17,8 @@ class TemporaryFiles {
 public:
     /// Creates the folder and makes it that of all temporary files (TMPDIR), also of processes that
     /// are started later. A folder that cannot be created leaves that variable empty, so the files
-    /// are then in the system's folder.
+    /// are then in the system's folder. If the system lacks what waiting for signals takes, a
+    /// warning is written to the log, and signals have their usual effect.
     TemporaryFiles();
     /// Removes the folder with everything in it. TMPDIR keeps naming it, so no temporary file can
     /// be created afterwards. Signals that arrive from now on have their usual effect.

@@ -114,6 +114,29 @@ private Q_SLOTS:
         QVERIFY(QDir(temporary).isEmpty());
     }
 
+    void aSignalDeletesNothingElseWithoutAFolderForTemporaryFiles() {
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        executeInProfile(QStringLiteral("UPDATE locations SET url = 'http://127.0.0.1:%1/a'")
+                             .arg(server.serverPort()));
+        const QString current = m_folder->filePath(QStringLiteral("current"));
+        QVERIFY(QDir().mkdir(current));
+        QVERIFY(QFile::copy(record(), current + QStringLiteral("/file")));
+        QProcessEnvironment environment = this->environment();
+        // Nobody can create a folder there.
+        environment.insert(QStringLiteral("TMPDIR"), QStringLiteral("/proc"));
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(current);
+        process.start(QStringLiteral(VELMORA),
+                      {QStringLiteral("--profile"), profile(), QStringLiteral("sync")});
+        QVERIFY(server.waitForNewConnection(60000));
+        QCOMPARE(kill(static_cast<pid_t>(process.processId()), SIGTERM), 0);
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitCode(), SIGTERM);
+        QVERIFY(QFile::exists(current + QStringLiteral("/file")));
+    }
+
     void aSoundProfileIsReportedAsSound() {
         const Run text = verify();
         QCOMPARE(text.exitCode, 0);
