@@ -101,33 +101,41 @@ public:
         if (question.isEmpty() || !button) {
             send();
         } else {
-            confirm(question.arg(argument().toString()), button);
+            confirm(question, button);
         }
     }
 
-    void send() {
+    void send() { send(argument()); }
+
+private:
+    void send(const QVariant &sent) {
         QObject *receiver = m_target;
         if (receiver && !m_action.target.keyPath.isEmpty()) {
             receiver = KeyValue::objectValue(KeyValue::value(receiver, m_action.target.keyPath));
         }
         if (receiver) {
-            invoke(receiver);
+            invoke(receiver, sent);
         }
     }
 
-private:
+    /// What is sent is what the question names, also if something else has taken its place
+    /// meanwhile.
     void confirm(const QString &question, const QAbstractButton *button) {
-        auto *box =
-            new MessageBox(QMessageBox::Question, question, button->toolTip(), button->window());
+        const QVariant sent = argument();
+        const QPointer<QObject> object = sent.value<QObject *>();
+        auto *box = new MessageBox(QMessageBox::Question, question.arg(sent.toString()),
+                                   button->toolTip(), button->window());
         box->addButton(QMessageBox::Cancel);
         box->setAttribute(Qt::WA_DeleteOnClose);
         const QPushButton *accept = box->addButton(button->text(), QMessageBox::AcceptRole);
         box->setDefaultButton(QMessageBox::Cancel);
-        connect(box, &QDialog::finished, this, [this, box, accept] {
-            if (box->clickedButton() == accept) {
-                send();
-            }
-        });
+        connect(box, &QDialog::finished, this,
+                [this, box, accept, sent, object, wasObject = !object.isNull()] {
+                    const bool isThere = object || !wasObject;
+                    if (box->clickedButton() == accept && isThere) {
+                        send(sent);
+                    }
+                });
         box->open();
     }
 
@@ -141,7 +149,7 @@ private:
         return m_argument ? KeyValue::value(m_argument, m_action.argument.keyPath) : QVariant();
     }
 
-    void invoke(QObject *receiver) const {
+    void invoke(QObject *receiver, const QVariant &sent) const {
         const QMetaObject *meta = receiver->metaObject();
         for (int i = meta->methodCount() - 1; i >= 0; --i) {
             const QMetaMethod method = meta->method(i);
@@ -152,7 +160,7 @@ private:
                 method.invoke(receiver, Qt::DirectConnection);
                 return;
             }
-            QVariant value = argument();
+            QVariant value = sent;
             if (value.metaType() != method.parameterMetaType(0) &&
                 !value.convert(method.parameterMetaType(0))) {
                 break;

@@ -31,7 +31,8 @@ class QWidget;
 ///   sender if the method has a parameter; "path.method(path)" passes the value at a path. If an
 ///   object on the path to the receiver is null, nothing is called.
 /// - `confirmation` (string, on a button with an action): a question that the user must accept
-///   before the action is sent; "%1" stands for the action's argument. The box explains it by the
+///   before the action is sent; "%1" stands for the action's argument, which is read once. Nothing
+///   is called if it is an object that is gone when the user accepts. The box explains it by the
 ///   button's tool tip and has a button of the same title.
 /// - `tableDelegate` (string, on a table view): the object that is its delegate.
 /// - `textDidChange` (string, on a text field): a call, written like an `action`, that is made each

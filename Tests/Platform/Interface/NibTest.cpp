@@ -6,6 +6,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
 #include "Platform/Foundation/Assertion.h"
@@ -508,6 +509,41 @@ private Q_SLOTS:
         const auto count = QApplication::allWidgets().size();
         QVERIFY_THROWS_EXCEPTION(AssertionFailure, loadButton(&owner, bindings, action));
         QCOMPARE(QApplication::allWidgets().size(), count);
+    }
+
+    void whatIsConfirmedIsSent_data() {
+        QTest::addColumn<QMessageBox::ButtonRole>("role");
+        QTest::addColumn<QStringList>("calls");
+        QTest::newRow("accepted") << QMessageBox::AcceptRole
+                                  << QStringList{QStringLiteral("first")};
+        QTest::newRow("refused") << QMessageBox::RejectRole << QStringList();
+    }
+
+    void whatIsConfirmedIsSent() {
+        QFETCH(const QMessageBox::ButtonRole, role);
+        QFETCH(const QStringList, calls);
+        Owner owner;
+        const QString name = uniqueName();
+        Nib::registerForm(name, [=] {
+            auto *form = new QWidget;
+            auto *button =
+                addPart<QPushButton>(form, "button", {}, QStringLiteral("owner.say(owner.text)"));
+            button->setProperty("confirmation", QStringLiteral("Really %1?"));
+            return form;
+        });
+        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
+        form->findChild<QPushButton *>(QStringLiteral("button"))->click();
+        const auto *box = form->findChild<QMessageBox *>();
+        QVERIFY(box);
+        QVERIFY(box->text().contains(QStringLiteral("Really first?")));
+        QCOMPARE(owner.m_calls, QStringList());
+        owner.m_text = QStringLiteral("second");
+        for (QAbstractButton *button : box->buttons()) {
+            if (box->buttonRole(button) == role) {
+                button->click();
+            }
+        }
+        QCOMPARE(owner.m_calls, calls);
     }
 
     void aPropertyThatAPartCannotHaveIsAProgrammingError_data() {
