@@ -19,10 +19,11 @@ struct LaunchOptions {
     /// Whether to print the profile as JSON.
     bool describe = false;
     /// Whether to verify the profile and its sync stores, and whether to repair what is damaged.
-    /// The latter, and `json`, only together with `verify`.
+    /// The latter only together with `verify`.
     bool verify = false;
     bool repair = false;
-    /// Whether to print the result of the verification as JSON.
+    /// Whether to print the result of `verify`, or of the command "status", as JSON; set only
+    /// together with one of them.
     bool json = false;
     /// What to do with the profile; never set together with the other tasks.
     std::optional<ShellCommand> command;
@@ -47,9 +48,9 @@ struct LaunchOptions {
     }
 
     /// Parses the command line and the environment. `arguments` includes the program's name; the
-    /// options that QApplication reads are passed over. Exits the process for --help and --version,
-    /// and, with a usage message and EXIT_FAILURE, if an option or argument is invalid or options
-    /// exclude each other. A QCoreApplication must exist, and the translations be installed; no
-    /// window system is needed.
+    /// options that QApplication reads are passed over. Exits the process for --help and --version.
+    /// Also if an option or argument is invalid or options exclude each other: then with a message
+    /// that says so, and with EXIT_FAILURE, or with ShellResult::NotDone if there is a command. A
+    /// QCoreApplication must exist, and the translations be installed; no window system is needed.
     static LaunchOptions parse(const QStringList &arguments);
 };
