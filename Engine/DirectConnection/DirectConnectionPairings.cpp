@@ -56,8 +56,9 @@ std::optional<QByteArray> DirectConnectionPairings::fingerprint(const QString &k
     return position == m_fingerprints.end() ? std::nullopt : std::optional(*position);
 }
 
-Expected<std::optional<SecretBytes>> DirectConnectionPairings::secret(const QString &key) const {
-    return foundSecret(Keychain::shared().password(KeychainService, key))
+Expected<std::optional<SecretBytes>> DirectConnectionPairings::secret(
+    const QString &key, const std::stop_token &cancellation) const {
+    return foundSecret(Keychain::shared().password(KeychainService, key, cancellation))
         .map([](const std::optional<SecretBytes> &hex) -> std::optional<SecretBytes> {
             return hex ? std::optional<SecretBytes>(QByteArray::fromHex(hex->toByteArray()))
                        : std::nullopt;

@@ -8,6 +8,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <stop_token>
 
 #include "Engine/Foundation/QuestionLimit.h"
 #include "Engine/Foundation/Turns.h"
@@ -41,8 +42,10 @@ public:
     /// Returns the fingerprint of the server that was paired for `key`; empty if there is none.
     std::optional<QByteArray> fingerprint(const QString &key) const;
     /// Returns the secret of that pairing; empty if the keychain does not contain it. Returns an
-    /// error if the keychain cannot be read. Blocks for at most the timeout of the secret store.
-    Expected<std::optional<SecretBytes>> secret(const QString &key) const;
+    /// error if the keychain cannot be read. Blocks for at most the timeout of the secret store, or
+    /// until `cancellation` is requested.
+    Expected<std::optional<SecretBytes>> secret(const QString &key,
+                                                const std::stop_token &cancellation = {}) const;
     /// Stores a pairing, replacing that of the same key. Effective at once for this run; written to
     /// the keychain and the profile asynchronously. A failure to write the profile is presented.
     void keep(const QString &key, const QByteArray &fingerprint, const SecretBytes &secret);

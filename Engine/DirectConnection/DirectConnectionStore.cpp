@@ -204,9 +204,10 @@ Expected<void> DirectConnectionStore::authenticate(const EngineFuture &future) {
     if (!pinned) {
         return pair(future);
     }
-    return m_pairings->secret(m_pairingKey).and_then([&](const std::optional<SecretBytes> &secret) {
-        return secret ? greet(*secret, future) : pair(future);
-    });
+    return m_pairings->secret(m_pairingKey, future.cancellation())
+        .and_then([&](const std::optional<SecretBytes> &secret) {
+            return secret ? greet(*secret, future) : pair(future);
+        });
 }
 
 Expected<void> DirectConnectionStore::greet(const SecretBytes &secret, const EngineFuture &future) {

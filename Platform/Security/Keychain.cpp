@@ -8,7 +8,7 @@ namespace {
 const QByteArray AccountAttribute = QByteArrayLiteral("account");
 
 SecretAttributes serviceAttributes(const QByteArray &service) {
-    return {{"xdg:schema", secretSchema("GenericPassword")}, {"service", service}};
+    return {{SchemaAttribute, secretSchema("GenericPassword")}, {"service", service}};
 }
 
 SecretAttributes itemAttributes(const QByteArray &service, const QByteArray &account) {
@@ -54,8 +54,9 @@ void Keychain::findAccounts(const QString &service, const AccountsHandler &handl
 }
 
 Expected<std::optional<SecretBytes>> Keychain::password(const QString &service,
-                                                        const QString &account) const {
-    return m_store.find(itemAttributes(service.toUtf8(), account.toUtf8()))
+                                                        const QString &account,
+                                                        const std::stop_token &cancellation) const {
+    return m_store.find(itemAttributes(service.toUtf8(), account.toUtf8()), cancellation)
         .map([](const QList<StoredSecret> &items) {
             return items.isEmpty() ? std::nullopt : std::optional(items.first().secret);
         });

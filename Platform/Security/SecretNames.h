@@ -6,7 +6,10 @@
 
 // The functions are thread-safe once the name of the application is set.
 
-/// Returns the value of an item's attribute "xdg:schema" for secrets of the kind `kind`: the name
+/// The attribute of an item that states its kind.
+inline const QByteArray SchemaAttribute = QByteArrayLiteral("xdg:schema");
+
+/// Returns the value of SchemaAttribute for secrets of the kind `kind`: the name
 /// of the application in lower case, a point, and the kind. It keeps the items of different
 /// applications apart and must not change between two versions of one application.
 inline QByteArray secretSchema(const char *kind) {

@@ -122,7 +122,8 @@ public:
     explicit Implementation(std::chrono::milliseconds timeout) : m_timeout(timeout) {}
     ~Implementation() { stop(); }
 
-    Expected<QList<StoredSecret>> find(const SecretAttributes &attributes, bool wantsSecrets);
+    Expected<QList<StoredSecret>> find(const SecretAttributes &attributes, bool wantsSecrets,
+                                       const std::stop_token &cancellation);
     void findLater(const SecretAttributes &attributes, bool wantsSecrets, const Handler &handler);
     void set(const StoredSecret &item);
     void removeFirstLater(const SecretAttributes &attributes, const RemovalHandler &handler);
@@ -147,7 +148,8 @@ private:
     };
 
     QList<StoredSecret> remembered(const SecretAttributes &attributes) const;
-    FoundItems ask(Lock &lock, const SecretAttributes &attributes, bool wantsSecrets);
+    FoundItems ask(Lock &lock, const SecretAttributes &attributes, bool wantsSecrets,
+                   const std::stop_token &cancellation);
     void didAnswer(Question &question, const FoundItems &found, Access access);
     /// Appends a job and returns its number.
     quint64 append(std::function<void(const Done &)> job);
@@ -165,7 +167,7 @@ private:
 
     const std::chrono::milliseconds m_timeout;
     mutable std::mutex m_mutex;
-    std::condition_variable m_changed;
+    std::condition_variable_any m_changed;
     std::map<SecretAttributes, Entry> m_entries;
     /// Changes of the service's items, executed one at a time in order; the first is in progress.
     std::deque<std::function<void(const Done &)>> m_jobs;
@@ -193,13 +195,13 @@ QList<StoredSecret> SecretStore::Implementation::remembered(
     return items;
 }
 
-Expected<QList<StoredSecret>> SecretStore::Implementation::find(const SecretAttributes &attributes,
-                                                                bool wantsSecrets) {
+Expected<QList<StoredSecret>> SecretStore::Implementation::find(
+    const SecretAttributes &attributes, bool wantsSecrets, const std::stop_token &cancellation) {
     Lock lock(m_mutex);
     // Taken before the service is asked: what has reached the service meanwhile may be missing in
     // its answer.
     const QList<StoredSecret> own = remembered(attributes);
-    return result(own, ask(lock, attributes, wantsSecrets));
+    return result(own, ask(lock, attributes, wantsSecrets, cancellation));
 }
 
 void SecretStore::Implementation::findLater(const SecretAttributes &attributes, bool wantsSecrets,
@@ -227,7 +229,8 @@ void SecretStore::Implementation::findLater(const SecretAttributes &attributes, 
 }
 
 FoundItems SecretStore::Implementation::ask(Lock &lock, const SecretAttributes &attributes,
-                                            bool wantsSecrets) {
+                                            bool wantsSecrets,
+                                            const std::stop_token &cancellation) {
     if (m_isStopped || !canBeSent(attributes)) {
         return {.failure = Failure::NoService};
     }
@@ -244,7 +247,10 @@ FoundItems SecretStore::Implementation::ask(Lock &lock, const SecretAttributes &
             didAnswer(*question, found, access);
         });
     });
-    m_changed.wait_for(lock, m_timeout, [&] { return question->answer.has_value(); });
+    m_changed.wait_for(lock, cancellation, m_timeout, [&] { return question->answer.has_value(); });
+    if (!question->answer && cancellation.stop_requested()) {
+        return {.failure = Failure::Cancelled};
+    }
     if (!question->answer) {
         question->isAwaited = false;
         ++m_abandonedQuestions;
@@ -463,12 +469,13 @@ SecretStore::SecretStore(std::chrono::milliseconds timeout)
 
 SecretStore::~SecretStore() = default;
 
-Expected<QList<StoredSecret>> SecretStore::find(const SecretAttributes &attributes) {
-    return m_implementation->find(attributes, true);
+Expected<QList<StoredSecret>> SecretStore::find(const SecretAttributes &attributes,
+                                                const std::stop_token &cancellation) {
+    return m_implementation->find(attributes, true, cancellation);
 }
 
 Expected<QList<SecretAttributes>> SecretStore::findAttributes(const SecretAttributes &attributes) {
-    return m_implementation->find(attributes, false).map(attributesOfAll);
+    return m_implementation->find(attributes, false, {}).map(attributesOfAll);
 }
 
 void SecretStore::findLater(const SecretAttributes &attributes, const Handler &handler) {
@@ -494,6 +501,10 @@ void SecretStore::removeFirstLater(const SecretAttributes &attributes,
 
 bool SecretStore::isServiceMissing(const Error &error) {
     return error.domain == ErrorDomain && error.code == static_cast<int>(Failure::NoService);
+}
+
+bool SecretStore::isCancelled(const Error &error) {
+    return error.domain == ErrorDomain && error.code == static_cast<int>(Failure::Cancelled);
 }
 
 std::optional<Error> SecretStore::error() const {

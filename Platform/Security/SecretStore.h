@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 #include "Platform/Foundation/Error.h"
 #include "Platform/Foundation/Expected.h"
@@ -48,8 +49,11 @@ public:
     /// service's. Locked items are unlocked first, for which the user may be prompted, but not
     /// again once the user has declined. Unless this run has set some of the items, returns an
     /// error if items stay locked or the service fails. Blocks for at most the store's timeout;
-    /// after one call has timed out, others do not block while that request is pending.
-    Expected<QList<StoredSecret>> find(const SecretAttributes &attributes);
+    /// after one call has timed out, others do not block while that request is pending. Once
+    /// `cancellation` is requested, on any thread, the call returns at once, with an error for
+    /// which isCancelled() returns true unless this run has set some of the items.
+    Expected<QList<StoredSecret>> find(const SecretAttributes &attributes,
+                                       const std::stop_token &cancellation = {});
     /// Returns the attributes of the items that have all of `attributes`, including locked ones.
     /// Requests no secret and never asks the user to unlock anything. Unless this run has set some
     /// of the items, returns an error if the service fails.
@@ -82,6 +86,9 @@ public:
     /// Returns whether `error`, which a lookup has returned, means that no password service is
     /// running on this computer.
     static bool isServiceMissing(const Error &error);
+    /// Returns whether `error`, which a lookup has returned, means that it was cancelled, or that
+    /// the application is ending.
+    static bool isCancelled(const Error &error);
 
     /// Returns why secrets cannot be stored permanently, as a message for the user: the first
     /// failure of this store. Empty if none has happened.

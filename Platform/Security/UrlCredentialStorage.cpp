@@ -15,7 +15,7 @@ const QByteArray UserAttribute = QByteArrayLiteral("user");
 /// All items have the same attributes, including one for a missing realm, because the Secret
 /// Service finds and replaces items by the attributes present, not by those missing.
 SecretAttributes spaceAttributes(const UrlProtectionSpace &space, const char *schema) {
-    return {{"xdg:schema", secretSchema(schema)},
+    return {{SchemaAttribute, secretSchema(schema)},
             {"host", space.host.toUtf8()},
             {"port", QByteArray::number(space.port)},
             {"protocol", space.protocol.toUtf8()},
@@ -46,8 +46,10 @@ using Credential = std::optional<UrlCredential>;
 /// Finds the items that have all of the attributes.
 using Finder = std::function<Expected<QList<StoredSecret>>(const SecretAttributes &attributes)>;
 
-Finder finder(SecretStore &store) {
-    return [&store](const SecretAttributes &attributes) { return store.find(attributes); };
+Finder finder(SecretStore &store, const std::stop_token &cancellation = {}) {
+    return [&store, cancellation](const SecretAttributes &attributes) {
+        return store.find(attributes, cancellation);
+    };
 }
 
 Finder finder(const QList<StoredSecret> &items) {
@@ -143,12 +145,14 @@ Expected<Credential> UrlCredentialStorage::defaultCredentialForProtectionSpace(
 }
 
 Expected<Credential> UrlCredentialStorage::credentialForURL(
-    const Url &URL, const QString &authenticationMethod) const {
-    return credentialOf(finder(m_store), URL, authenticationMethod);
+    const Url &URL, const QString &authenticationMethod,
+    const std::stop_token &cancellation) const {
+    return credentialOf(finder(m_store, cancellation), URL, authenticationMethod);
 }
 
-Expected<Credential> UrlCredentialStorage::credentialForURL(const Url &URL) const {
-    return credentialOf(finder(m_store), URL);
+Expected<Credential> UrlCredentialStorage::credentialForURL(
+    const Url &URL, const std::stop_token &cancellation) const {
+    return credentialOf(finder(m_store, cancellation), URL);
 }
 
 void UrlCredentialStorage::findCredentialForURL(const Url &URL,
@@ -160,7 +164,7 @@ void UrlCredentialStorage::findCredentialForURL(const Url &URL,
     }
     // One question for all that is stored for the server.
     SecretAttributes attributes = credentialAttributes(*space);
-    attributes.erase("xdg:schema");
+    attributes.erase(SchemaAttribute);
     attributes.erase("authentication-method");
     m_store.findLater(attributes, [URL, handler](const Expected<QList<StoredSecret>> &items) {
         handler(items.and_then(

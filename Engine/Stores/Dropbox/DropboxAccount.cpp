@@ -100,7 +100,8 @@ Expected<DropboxTokens> DropboxAccount::tokens(const EngineFuture &future) {
         known = m_tokens;
     }
     if (!known) {
-        const Expected<std::optional<DropboxTokens>> stored = DropboxTokens::stored(m_address);
+        const Expected<std::optional<DropboxTokens>> stored =
+            DropboxTokens::stored(m_address, future.cancellation());
         if (!stored) {
             return failure(stored.error());
         }
@@ -122,7 +123,8 @@ Expected<DropboxTokens> DropboxAccount::renewedTokens(const SecretBytes &access,
         return failure(operationCancelled());
     }
     const auto end = qScopeGuard([this] { m_refreshTurn->release(); });
-    const Expected<std::optional<DropboxTokens>> stored = DropboxTokens::stored(m_address);
+    const Expected<std::optional<DropboxTokens>> stored =
+        DropboxTokens::stored(m_address, future.cancellation());
     if (!stored) {
         return failure(stored.error());
     }

@@ -73,8 +73,10 @@ Expected<DropboxTokens> DropboxTokens::fromResponse(const QByteArray &response,
     return tokens;
 }
 
-Expected<std::optional<DropboxTokens>> DropboxTokens::stored(const QString &account) {
-    return foundSecret(Keychain::shared().password(TokensService, account)).map(&parsed);
+Expected<std::optional<DropboxTokens>> DropboxTokens::stored(const QString &account,
+                                                             const std::stop_token &cancellation) {
+    return foundSecret(Keychain::shared().password(TokensService, account, cancellation))
+        .map(&parsed);
 }
 
 void DropboxTokens::store(const QString &account) const {

@@ -5,6 +5,7 @@
 #include <QtCore/QUrl>
 #include <functional>
 #include <optional>
+#include <stop_token>
 
 #include "Platform/Foundation/Expected.h"
 #include "Platform/Security/SecretBytes.h"
@@ -31,8 +32,10 @@ struct DropboxTokens {
     /// Returns the stored tokens of the account with the address `account`; empty if there are
     /// none, they are not valid, or there is no password service. Returns an error of the code
     /// AccessDenied if they cannot be read, for example from a locked keyring. Blocks for at most
-    /// the timeout of the secret store, so it must not be called on the main thread. Thread-safe.
-    static Expected<std::optional<DropboxTokens>> stored(const QString &account);
+    /// the timeout of the secret store, or until `cancellation` is requested, so it must not be
+    /// called on the main thread. Thread-safe.
+    static Expected<std::optional<DropboxTokens>> stored(const QString &account,
+                                                         const std::stop_token &cancellation = {});
     /// Stores the tokens, replacing those of the account. Returns at once; stored() finds them from
     /// then on. If the secret store fails, the user is notified once, and the tokens last until the
     /// program ends. Thread-safe.

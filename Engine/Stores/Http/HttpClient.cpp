@@ -57,7 +57,7 @@ Expected<HttpClient::Response> HttpClient::send(const Request &request,
 Expected<HttpClient::Response> HttpClient::sendAuthorized(const Request &request,
                                                           const EngineFuture &future) {
     const int authentications = m_authentications;
-    Expected<Response> first = exchange(withKnownLogin(request), future);
+    Expected<Response> first = exchange(withKnownLogin(request, future), future);
     if (!first || first->status != HttpStatus::Unauthorized || !m_options.credential) {
         return first;
     }
@@ -77,7 +77,7 @@ Expected<HttpClient::Response> HttpClient::authenticate(const Request &request, 
         if (!m_session->scheme(request.URL)) {
             return challenge;
         }
-        Expected<Response> response = exchange(withKnownLogin(request), future);
+        Expected<Response> response = exchange(withKnownLogin(request, future), future);
         if (!response || response->status != HttpStatus::Unauthorized) {
             return response;
         }
@@ -93,7 +93,7 @@ Expected<HttpClient::Response> HttpClient::authenticateNow(const Request &reques
         return challenge;
     }
     const Expected<std::optional<UrlCredential>> credential =
-        m_options.credential(authentication->scheme());
+        m_options.credential(authentication->scheme(), future.cancellation());
     if (!credential) {
         return failure(credential.error());
     }
@@ -118,10 +118,10 @@ Expected<HttpClient::Response> HttpClient::authenticateNow(const Request &reques
     return response;
 }
 
-HttpClient::Request HttpClient::withKnownLogin(const Request &request) {
+HttpClient::Request HttpClient::withKnownLogin(const Request &request, const EngineFuture &future) {
     const std::optional<Scheme> scheme = m_session->scheme(request.URL);
     const std::optional<UrlCredential> credential =
-        scheme && m_options.credential ? knownCredential(*scheme) : std::nullopt;
+        scheme && m_options.credential ? knownCredential(*scheme, future) : std::nullopt;
     if (!credential) {
         return request;
     }
@@ -132,11 +132,12 @@ HttpClient::Request HttpClient::withKnownLogin(const Request &request) {
     return authorized;
 }
 
-std::optional<UrlCredential> HttpClient::knownCredential(Scheme scheme) {
+std::optional<UrlCredential> HttpClient::knownCredential(Scheme scheme,
+                                                         const EngineFuture &future) {
     const std::lock_guard lock(m_mutex);
     if (!m_credential || m_scheme != scheme) {
         // If it cannot be read, the server's next challenge makes that an error.
-        m_credential = m_options.credential(scheme).value_or(std::nullopt);
+        m_credential = m_options.credential(scheme, future.cancellation()).value_or(std::nullopt);
         m_scheme = scheme;
     }
     return m_credential;

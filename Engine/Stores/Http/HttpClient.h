@@ -71,9 +71,9 @@ private:
     Expected<Response> authenticateNow(const Request &request, const Response &challenge,
                                        const EngineFuture &future);
     /// Returns `request`, with the credential if it is known how its server requests it.
-    Request withKnownLogin(const Request &request);
+    Request withKnownLogin(const Request &request, const EngineFuture &future);
     /// Returns the credential for `scheme`, which is read once; empty if there is none.
-    std::optional<UrlCredential> knownCredential(Scheme scheme);
+    std::optional<UrlCredential> knownCredential(Scheme scheme, const EngineFuture &future);
     void setCredential(Scheme scheme, const UrlCredential &credential);
     /// Sends one request and blocks for its response.
     Expected<Response> exchange(const Request &request, const EngineFuture &future);

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <stop_token>
 
 #include "Engine/Stores/Http/HttpAuthentication.h"
 #include "Platform/Foundation/Expected.h"
@@ -28,12 +29,14 @@ struct HttpTimeouts {
 struct HttpOptions {
     HttpTimeouts timeouts = {};
     /// Returns the credential that may be sent with `scheme`, or an empty optional if there is
-    /// none; then the caller receives the response with the status Unauthorized. An error
-    /// becomes that of the request. Called once for each challenge that is answered, and once
-    /// before the first request if it is known from an earlier client how the server asks: not for
-    /// a request whose accepted credential is known, and again for each redirection that is
-    /// challenged. Null means that no challenge is answered.
-    std::function<Expected<std::optional<UrlCredential>>(HttpAuthentication::Scheme scheme)>
+    /// none; then the caller receives the response with the status Unauthorized. Once
+    /// `cancellation` is requested, the function must return at once. An error becomes that of the
+    /// request. Called once for each challenge that is answered, and once before the first request
+    /// if it is known from an earlier client how the server asks: not for a request whose accepted
+    /// credential is known, and again for each redirection that is challenged. Null means that no
+    /// challenge is answered.
+    std::function<Expected<std::optional<UrlCredential>>(HttpAuthentication::Scheme scheme,
+                                                         const std::stop_token &cancellation)>
         credential = {};
     /// Returns whether to trust exactly this certificate despite `reasons`, which are
     /// sentences. Null means never. Called for each new connection to a server whose

@@ -45,11 +45,12 @@ bool mayLackFolder(int status) {
 /// A credential stored for Basic may be used with Digest, which does not disclose it, but not vice
 /// versa.
 Expected<std::optional<UrlCredential>> storedCredential(const Url &URL,
-                                                        HttpAuthentication::Scheme scheme) {
+                                                        HttpAuthentication::Scheme scheme,
+                                                        const std::stop_token &cancellation) {
     const UrlCredentialStorage &storage = UrlCredentialStorage::shared();
     return scheme == HttpAuthentication::Scheme::Basic
-               ? storage.credentialForURL(URL, UrlAuthenticationMethodHttpBasic)
-               : storage.credentialForURL(URL);
+               ? storage.credentialForURL(URL, UrlAuthenticationMethodHttpBasic, cancellation)
+               : storage.credentialForURL(URL, cancellation);
 }
 
 }  // namespace
@@ -74,13 +75,17 @@ HttpClient::Options WebDAVStore::clientOptions(const QString &locationIdentifier
         }
         return isTrusted;
     };
-    return {timeouts, [this](HttpAuthentication::Scheme scheme) { return credential(scheme); },
-            trusts};
+    const auto credentials = [this](HttpAuthentication::Scheme scheme,
+                                    const std::stop_token &cancellation) {
+        return credential(scheme, cancellation);
+    };
+    return {timeouts, credentials, trusts};
 }
 
-Expected<std::optional<UrlCredential>> WebDAVStore::credential(HttpAuthentication::Scheme scheme) {
+Expected<std::optional<UrlCredential>> WebDAVStore::credential(
+    HttpAuthentication::Scheme scheme, const std::stop_token &cancellation) {
     Expected<std::optional<UrlCredential>> credential =
-        foundSecret(storedCredential(URL(), scheme));
+        foundSecret(storedCredential(URL(), scheme, cancellation));
     m_hasCredential = credential && credential->has_value();
     const bool isReadable =
         scheme == HttpAuthentication::Scheme::Basic && URL().scheme() == LocationSchemes::Http;

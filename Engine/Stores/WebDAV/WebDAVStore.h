@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <stop_token>
+
 #include "Engine/Stores/BlobStore.h"
 #include "Engine/Stores/Http/HttpClient.h"
 #include "Engine/Stores/WebDAV/WebDAVMultiStatus.h"
@@ -57,7 +60,8 @@ private:
                                       std::shared_ptr<CertificateTrust> trust,
                                       HttpClient::Timeouts timeouts);
     /// Looks up the stored credential. Blocks.
-    Expected<std::optional<UrlCredential>> credential(HttpAuthentication::Scheme scheme);
+    Expected<std::optional<UrlCredential>> credential(HttpAuthentication::Scheme scheme,
+                                                      const std::stop_token &cancellation);
     /// Return the URL of a blob, and of a folder (with a slash at the end).
     QUrl blobURL(const QString &name) const;
     QUrl folderURL(const QString &name) const;

@@ -32,7 +32,9 @@
 #include "Support/Namespaces.h"
 #include "Support/PrivateBus.h"
 #include "Support/PrivateNetwork.h"
+#include "Support/PromptingSecretService.h"
 #include "Support/ScriptedServer.h"
+#include "Support/SecretService.h"
 #include "Support/SetDefault.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -41,6 +43,8 @@ namespace {
 
 /// The maximum time in milliseconds that quitting may wait for stores.
 constexpr qint64 QuittingLimit = 2000;
+
+const QString DropboxAccountName = QStringLiteral("kim@example.org");
 
 /// Is cancelled after the first look whether it is.
 class SoonCancelledFuture : public EngineFuture {
@@ -117,6 +121,8 @@ class HangingLocationTest : public QObject {
         if (kind == "silent Dropbox") {
             m_silent = std::make_unique<QTcpServer>();
             m_silent->listen(QHostAddress::LocalHost);
+            DropboxTokens{.access = QByteArray("access"), .refresh = QByteArray("refresh")}.store(
+                DropboxAccountName);
             return dropboxURL(m_silent->serverPort());
         }
         if (kind == "silent name server") {
@@ -134,17 +140,14 @@ class HangingLocationTest : public QObject {
                      : &respondSlowly);
         return m_server->URLText(QStringLiteral("Shared.qvSyncStore"));
     }
-    /// The URL of an account whose tokens are known, at a server on this computer.
+    /// The URL of an account at a server on this computer.
     static QString dropboxURL(quint16 port) {
-        const QString account = QStringLiteral("kim@example.org");
         const QString address = QStringLiteral("http://127.0.0.1:%1").arg(port);
         setDefault(DropboxConfiguration::ApplicationKeyDefault, QStringLiteral("key"));
         setDefault(DropboxConfiguration::TokenAddressDefault, address);
         setDefault(DropboxConfiguration::APIAddressDefault, address);
         setDefault(DropboxConfiguration::ContentAddressDefault, address);
-        DropboxTokens{.access = QByteArray("access"), .refresh = QByteArray("refresh")}.store(
-            account);
-        return QStringLiteral("dropbox://") + account;
+        return QStringLiteral("dropbox://") + DropboxAccountName;
     }
     std::shared_ptr<QVSyncState> stateAt(const std::shared_ptr<QVSyncLocation> &location) {
         const auto state = m_host->addState(location, m_host->inbox());
@@ -398,6 +401,31 @@ private Q_SLOTS:
         // The handler refers to this function.
         m_volume.reset();
         QTRY_COMPARE(answers.load(), 2);
+    }
+
+    void aLookUpOfAPasswordCanBeCancelled_data() {
+        QTest::addColumn<bool>("isDropbox");
+        QTest::newRow("WebDAV") << false;
+        QTest::newRow("Dropbox") << true;
+    }
+    void aLookUpOfAPasswordCanBeCancelled() {
+        QFETCH(const bool, isDropbox);
+        SecretService keyring;
+        keyring.stopKeyring();
+        const PromptingSecretService prompting(keyring.busAddress(),
+                                               PromptingSecretService::User::LooksAway);
+        m_server = std::make_unique<ScriptedServer>([](ScriptedServer::Connection &connection) {
+            connection.readRequest();
+            connection.answer("401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"x\"", {});
+        });
+        const QString name = QStringLiteral("Shared.qvSyncStore");
+        const QString URL = isDropbox ? dropboxURL(m_server->port()) : m_server->URLText(name);
+        const auto store = m_host->newLocation(Url::fromString(URL))->createBlobStore();
+        EngineFuture opening;
+        auto opened = std::async(std::launch::async, [&] { return code(store->open(opening)); });
+        QTRY_COMPARE(prompting.countOfPrompts(), 1);
+        opening.cancel();
+        QCOMPARE(opened.get(), EngineErrorCode::Cancelled);
     }
 
     void aRequestThatWaitsForAnotherCanBeCancelled() {

@@ -2,6 +2,8 @@
 
 #include <QtCore/QThread>
 #include <atomic>
+#include <future>
+#include <stop_token>
 
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/KeychainRemoval.h"
@@ -296,6 +298,23 @@ private Q_SLOTS:
         QVERIFY(!store.finishWriting());
         QVERIFY(!store.error());
         // Leaving the block ends the store's run: it has to, though nothing was answered.
+    }
+
+    void cancellingEndsALookUpAndRefusesNoOther() {
+        m_service->stopKeyring();
+        SecretStore store;
+        // Its end ends the question.
+        const PromptingSecretService prompting(m_service->busAddress(), User::LooksAway);
+        std::stop_source cancellation;
+        auto finding = std::async(std::launch::async, [&] {
+            return store.find(item("one", {}).attributes, cancellation.get_token());
+        });
+        QTRY_COMPARE(prompting.countOfPrompts(), 1);
+        cancellation.request_stop();
+        const auto found = finding.get();
+        QVERIFY(!found);
+        QVERIFY(SecretStore::isCancelled(found.error()));
+        QCOMPARE(store.findAttributes(item("one", {}).attributes)->size(), 1);
     }
 
     void theEndDoesNotWaitLongForAServiceThatDoesNotReply() {

@@ -85,7 +85,7 @@ private:
 HttpClient::Options trustfulWithPassword() {
     HttpClient::Options options;
     options.trusts = [](const auto &, const auto &) { return true; };
-    options.credential = [](auto) -> std::optional<UrlCredential> {
+    options.credential = [](auto, const auto &) -> std::optional<UrlCredential> {
         return UrlCredential{WebDAVServer::User, WebDAVServer::Password};
     };
     return options;

@@ -71,7 +71,7 @@ QString addressOf(const TlsServer &server) {
 
 HttpClient::Options withCredential() {
     HttpClient::Options options = hasty();
-    options.credential = [](auto) -> std::optional<UrlCredential> {
+    options.credential = [](auto, const auto &) -> std::optional<UrlCredential> {
         return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
     };
     return options;
@@ -541,7 +541,7 @@ private Q_SLOTS:
         });
         HttpClient::Options options = hasty();
         std::atomic<int> questions = 0;
-        options.credential = [&](auto) -> std::optional<UrlCredential> {
+        options.credential = [&](auto, const auto &) -> std::optional<UrlCredential> {
             ++questions;
             return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
         };
@@ -563,7 +563,7 @@ private Q_SLOTS:
         });
         std::atomic<int> questions = 0;
         HttpClient::Options options = hasty();
-        options.credential = [&](auto) -> std::optional<UrlCredential> {
+        options.credential = [&](auto, const auto &) -> std::optional<UrlCredential> {
             ++questions;
             return UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")};
         };
@@ -585,7 +585,7 @@ private Q_SLOTS:
         });
         QCOMPARE(status(get(server)), 401);
         HttpClient::Options options = hasty();
-        options.credential = [](auto) { return std::optional<UrlCredential>(); };
+        options.credential = [](auto, const auto &) { return std::optional<UrlCredential>(); };
         QCOMPARE(status(get(server, options)), 401);
         QCOMPARE(requests, 2);
     }
@@ -596,7 +596,7 @@ private Q_SLOTS:
             connection.answer(Challenge);
         });
         HttpClient::Options options = hasty();
-        options.credential = [](auto) { return failure(operationCancelled()); };
+        options.credential = [](auto, const auto &) { return failure(operationCancelled()); };
         QCOMPARE(code(get(server, options)), EngineErrorCode::Cancelled);
     }
 

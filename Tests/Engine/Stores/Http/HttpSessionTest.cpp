@@ -54,7 +54,7 @@ private:
 
     HttpClient::Options options() {
         HttpClient::Options options;
-        options.credential = [this](auto) -> std::optional<UrlCredential> {
+        options.credential = [this](auto, const auto &) -> std::optional<UrlCredential> {
             ++m_questions;
             return UrlCredential{QStringLiteral("ida"), m_password};
         };
@@ -141,7 +141,7 @@ private Q_SLOTS:
         m_requests.setChallenge("Digest realm=\"x\", nonce=\"n\", qop=\"auth\"");
         const ScriptedServer server(script());
         HttpClient::Options options;
-        options.credential = [](HttpAuthentication::Scheme scheme) {
+        options.credential = [](HttpAuthentication::Scheme scheme, const auto &) {
             return scheme == HttpAuthentication::Scheme::Digest
                        ? std::optional(
                              UrlCredential{QStringLiteral("ida"), QStringLiteral("secret")})
