@@ -9,9 +9,6 @@
 
 namespace {
 
-/// As in DeletedDatabase::Condition.
-const QString DeletedPrefix = QStringLiteral("deletedDatabase ");
-
 /// Returns the id of the row; an invalid value if there is none that may be erased.
 Expected<QVariant> idOf(const ProfileDatabase &profile, const QString &UUID) {
     return profile.value(
@@ -70,15 +67,15 @@ QStringList deletions() {
 }  // namespace
 
 Expected<void> DeletedDatabase::mark(const ProfileDatabase &profile, const QString &UUID) {
-    return ProfileSettings::set(profile, DeletedPrefix + UUID, true);
+    return ProfileSettings::set(profile, MarkPrefix + UUID, true);
 }
 
 Expected<void> DeletedDatabase::unmark(const ProfileDatabase &profile, const QString &UUID) {
-    return ProfileSettings::remove(profile, DeletedPrefix + UUID);
+    return ProfileSettings::remove(profile, MarkPrefix + UUID);
 }
 
 Expected<QStringList> DeletedDatabase::marked(const ProfileDatabase &profile) {
-    return ProfileSettings::values(profile, DeletedPrefix).map([](const auto &marks) {
+    return ProfileSettings::values(profile, MarkPrefix).map([](const auto &marks) {
         return QStringList(marks.keys());
     });
 }

@@ -14,10 +14,13 @@ class ProfileDatabase;
 /// error of the code ProfileNotWritten if it cannot be read or written.
 namespace DeletedDatabase {
 
+/// A setting of the profile whose key is this and the UUID of a database marks it as deleted.
+inline const QString MarkPrefix = QStringLiteral("deletedDatabase ");
 /// An SQL expression: whether the row of the table "databases" is that of a deleted database.
-inline const QString Condition = QStringLiteral(
-    "(NOT is_inbox AND EXISTS"
-    " (SELECT 1 FROM settings WHERE key = 'deletedDatabase ' || databases.uuid))");
+inline const QString Condition =
+    QStringLiteral(
+        "(NOT is_inbox AND EXISTS (SELECT 1 FROM settings WHERE key = '%1' || databases.uuid))")
+        .arg(MarkPrefix);
 
 /// Record, durably, that the database is deleted, or no longer deleted. Idempotent.
 Expected<void> mark(const ProfileDatabase &profile, const QString &UUID);

@@ -105,19 +105,6 @@ Expected<void> KnownTransactions::visit(const QString &condition, const QVariant
         });
 }
 
-Expected<QSet<QString>> KnownTransactions::names() const {
-    QSet<QString> names;
-    const Expected<void> done =
-        m_profile.read(QStringLiteral("SELECT name FROM known_transactions WHERE place = ?"
-                                      " AND database = ? AND instr(name, ' ') = 0"),
-                       {m_store, m_database},
-                       [&](const QSqlQuery &row) { names.insert(row.value(0).toString()); });
-    if (!done) {
-        return failure(done.error());
-    }
-    return names;
-}
-
 Expected<QHash<QString, qint64>> KnownTransactions::sizes() const {
     QHash<QString, qint64> sizes;
     const Expected<void> done =

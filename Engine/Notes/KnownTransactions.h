@@ -46,8 +46,6 @@ public:
     Expected<void> visitParts(const PartVisitor &visitPart) const;
     /// Returns the contents of the record `name`, which are empty if it is not known.
     Expected<Contents> contents(const QString &name) const;
-    /// Returns the names of the records.
-    Expected<QSet<QString>> names() const;
     /// Returns the sizes in bytes by the names of the records.
     Expected<QHash<QString, qint64>> sizes() const;
     /// Adds the record `name` of `size` bytes, or replaces it, whose former contents the store may

@@ -185,7 +185,7 @@ Expected<Operation> NoteLog::resolution(const Operation &kept, const Operation &
         return failure(superseded.error());
     }
     const Operation resolved = kept.resolving(*superseded);
-    return isSuperseded(resolved.id).map([&](bool isKnown) {
+    return m_operations.isSuperseded(resolved.id).map([&](bool isKnown) {
         // The result of the same decision on another computer was replaced or removed there.
         return isKnown
                    ? Operation::make(kept.note, kept.title, kept.text, kept.modified, *superseded)
@@ -258,7 +258,7 @@ Expected<Operation> NoteLog::renewalOf(const Operation &operation,
     Operation renewal = operation;
     for (int i = 0; i < MostRenewals; ++i) {
         renewal = renewal.renewed();
-        const Expected<bool> known = isSuperseded(renewal.id);
+        const Expected<bool> known = m_operations.isSuperseded(renewal.id);
         if (!known) {
             return failure(known.error());
         }
@@ -417,7 +417,7 @@ Expected<bool> NoteLog::removeDamagedCopy(const Operation &damaged) const {
         return false;
     }
     const Expected<std::optional<Operation>> current = m_operations.find(identifier);
-    const Expected<bool> isSuperseded = this->isSuperseded(identifier);
+    const Expected<bool> isSuperseded = m_operations.isSuperseded(identifier);
     if (!current || !isSuperseded) {
         return failure(current ? isSuperseded.error() : current.error());
     }
@@ -492,13 +492,6 @@ Expected<bool> NoteLog::isUnsent(const OperationId &identifier) const {
                               " ON databases.id = operations.database WHERE database = ?"
                               " AND digest = ? AND operations.id > max(sent, ?)"),
                {m_database, OperationTable::blob(identifier), m_lastAtOpening})
-        .map([](const QVariant &found) { return found.isValid(); });
-}
-
-Expected<bool> NoteLog::isSuperseded(const OperationId &identifier) const {
-    return m_profile
-        .value(QStringLiteral("SELECT 1 FROM superseded WHERE database = ? AND digest = ?"),
-               {m_database, OperationTable::blob(identifier)})
         .map([](const QVariant &found) { return found.isValid(); });
 }
 

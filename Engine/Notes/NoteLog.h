@@ -144,7 +144,6 @@ private:
     /// Returns what an operation that replaces `seen` must supersede.
     Expected<QList<OperationId>> predecessors(const QList<OperationId> &seen) const;
     Expected<bool> isUnsent(const OperationId &identifier) const;
-    Expected<bool> isSuperseded(const OperationId &identifier) const;
     /// Returns the operation that replaces `operation`, see renew().
     Expected<Operation> renewalOf(const Operation &operation,
                                   const QSet<OperationId> &superseded) const;

@@ -48,3 +48,10 @@ Expected<std::optional<Operation>> OperationTable::first(const QString &note) co
               [&](const QSqlQuery &row) { first = operationIn(row); })
         .map([&] { return first; });
 }
+
+Expected<bool> OperationTable::isSuperseded(const OperationId &identifier) const {
+    return m_profile
+        .value(QStringLiteral("SELECT 1 FROM superseded WHERE database = ? AND digest = ?"),
+               {m_database, blob(identifier)})
+        .map([](const QVariant &found) { return found.isValid(); });
+}

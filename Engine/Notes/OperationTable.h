@@ -43,6 +43,10 @@ public:
     /// the empty string stands for the name of the database. O(log n).
     Expected<std::optional<Operation>> first(const QString &note) const;
 
+    /// Returns whether an operation has superseded the one with this identifier, which need not
+    /// have arrived.
+    Expected<bool> isSuperseded(const OperationId &identifier) const;
+
 private:
     const ProfileDatabase &m_profile;
     const qint64 m_database;

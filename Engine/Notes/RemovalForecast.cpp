@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Engine/Notes/OperationTable.h"
 #include "Engine/Profile/ProfileDatabase.h"
 
 namespace {
@@ -92,13 +93,11 @@ Expected<bool> RemovalForecast::keeps(const QString &note, qint64 lost,
         if (m_superseded.contains(identifier)) {
             continue;
         }
-        const Expected<QVariant> known = profile.value(
-            QStringLiteral("SELECT 1 FROM superseded WHERE database = ? AND digest = ?"),
-            {database, identifier});
+        const Expected<bool> known = OperationTable(profile, database).isSuperseded(identifier);
         if (!known) {
             return failure(known.error());
         }
-        if (!known->isValid()) {
+        if (!*known) {
             return true;
         }
     }

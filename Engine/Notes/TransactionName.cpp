@@ -21,6 +21,10 @@ QString stem(const QString &name) {
 
 }  // namespace
 
+QString TransactionName::folder(const QString &databaseUUID) {
+    return SyncStoreLayout::TransactionsFolder + u'/' + databaseUUID;
+}
+
 QString TransactionName::of(const QByteArray &record) {
     QByteArray bytes = sha256(record).first(UUIDSize);
     // The bits that RFC 9562 reserves for version and variant.

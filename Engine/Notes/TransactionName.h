@@ -3,10 +3,13 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
-/// The names of transaction records in a store, such as "UUID.json", without the folder. The format
-/// is defined in Engine/Notes/StoreFormat.md. Thread-safe.
+/// The names of transaction records in a store, such as "UUID.json", and of their folder. The
+/// format is defined in Engine/Notes/StoreFormat.md. Thread-safe.
 namespace TransactionName {
 
+/// Returns the folder of the transaction records of a database in every store. The other functions
+/// are about names without it.
+QString folder(const QString &databaseUUID);
 /// Returns the name for `record`: a UUID of version 8 that consists of its SHA-256 digest.
 QString of(const QByteArray &record);
 /// Returns whether `name` can be that of a transaction record.

@@ -12,9 +12,9 @@
 #include "Engine/Notes/DatabaseRecord.h"
 #include "Engine/Notes/DeletedDatabase.h"
 #include "Engine/Notes/EngineNoteLibrary.h"
+#include "Engine/Notes/TransactionName.h"
 #include "Engine/Profile/ProfileDatabase.h"
 #include "Engine/Synchronization/EngineDispatcher.h"
-#include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/MainQueue.h"
@@ -181,10 +181,8 @@ Expected<void> DeletedDatabases::deleteServed(const QString &UUID, const QString
     if (!DatabaseRecord::isUUID(UUID)) {
         return {};
     }
-    const QString record =
-        QStringLiteral("%1/%2/%3.json").arg(store, SyncStoreLayout::DatabasesFolder, UUID);
-    const QString transactions =
-        QStringLiteral("%1/%2/%3").arg(store, SyncStoreLayout::TransactionsFolder, UUID);
+    const QString record = store + u'/' + DatabaseRecord::path(UUID);
+    const QString transactions = store + u'/' + TransactionName::folder(UUID);
     const auto notDeleted = [](const QString &path) {
         return engineError(EngineErrorCode::AccessDenied,
                            "“%1” belongs to a deleted database and cannot be deleted. "

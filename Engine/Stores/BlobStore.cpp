@@ -6,6 +6,7 @@
 
 #include "Engine/Foundation/EngineError.h"
 #include "Engine/Notes/DatabaseRecord.h"
+#include "Engine/Notes/TransactionName.h"
 #include "Engine/Stores/StoreProbe.h"
 #include "Host/SyncStoreLayout.h"
 #include "Host/SyncStrings.h"
@@ -105,7 +106,7 @@ Expected<std::optional<qint64>> BlobStore::measure(const EngineFuture &future) {
     }
     QStringList folders{SyncStoreLayout::DatabasesFolder};
     for (const QString &database : std::as_const(*databases)) {
-        folders.append(SyncStoreLayout::TransactionsFolder + u'/' + database);
+        folders.append(TransactionName::folder(database));
     }
     qint64 total = 0;
     for (const QString &folder : std::as_const(folders)) {

@@ -73,7 +73,7 @@ void StoreSession::addTransactionOfSize(qint64 size) {
 }
 
 QString StoreSession::folder() const {
-    return TransactionRecords::folder(m_subject.databaseUUID);
+    return TransactionName::folder(m_subject.databaseUUID);
 }
 
 QString StoreSession::path(const QString &name) const {

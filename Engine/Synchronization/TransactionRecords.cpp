@@ -7,7 +7,6 @@
 #include "Engine/Foundation/ParallelCalls.h"
 #include "Engine/Foundation/Sha256.h"
 #include "Engine/Notes/TransactionName.h"
-#include "Host/SyncStoreLayout.h"
 
 namespace {
 
@@ -18,11 +17,7 @@ constexpr int MostCopies = 4;
 
 TransactionRecords::TransactionRecords(BlobStore &store, const QString &databaseUUID,
                                        const EngineFuture &future)
-    : m_store(store), m_folder(folder(databaseUUID)), m_future(future) {}
-
-QString TransactionRecords::folder(const QString &databaseUUID) {
-    return SyncStoreLayout::TransactionsFolder + u'/' + databaseUUID;
-}
+    : m_store(store), m_folder(TransactionName::folder(databaseUUID)), m_future(future) {}
 
 bool TransactionRecords::isOfOneRecord(const Error &error) {
     return isEngineError(error, EngineErrorCode::DamagedRecord) ||

@@ -32,9 +32,6 @@ public:
     /// of the code Cancelled soon after `future` is cancelled.
     TransactionRecords(BlobStore &store, const QString &databaseUUID, const EngineFuture &future);
 
-    /// Returns the folder of the transactions of a database in every store.
-    static QString folder(const QString &databaseUUID);
-
     /// Returns whether `error` concerns a single record, and not that the store cannot be read.
     static bool isOfOneRecord(const Error &error);
     /// Returns the same, also for a record that is missing.

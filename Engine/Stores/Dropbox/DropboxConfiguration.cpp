@@ -1,9 +1,9 @@
 #include "Engine/Stores/Dropbox/DropboxConfiguration.h"
 
-#include <QtNetwork/QHostAddress>
 #include <optional>
 
 #include "Engine/Foundation/EngineError.h"
+#include "Engine/Stores/Http/LoopbackHost.h"
 #include "Host/LocationSchemes.h"
 #include "Host/SyncStrings.h"
 #include "Platform/Foundation/UserDefaults.h"
@@ -46,13 +46,10 @@ private:
     std::optional<Error> m_error;
 };
 
-bool isLoopback(const QString &host) {
-    return host == QStringLiteral("localhost") || QHostAddress(host).isLoopback();
-}
-
 bool isSafe(const QUrl &address) {
     const bool isSecret = address.scheme() == LocationSchemes::Https;
-    const bool staysHere = address.scheme() == LocationSchemes::Http && isLoopback(address.host());
+    const bool staysHere =
+        address.scheme() == LocationSchemes::Http && isLoopbackHost(address.host());
     return address.isValid() && !address.host().isEmpty() && address.userInfo().isEmpty() &&
            (isSecret || staysHere);
 }

@@ -1,8 +1,9 @@
 #include "Engine/Stores/Http/DesktopProxy.h"
 
 #include <QtCore/QUrl>
-#include <QtNetwork/QHostAddress>
 #include <QtNetwork/QNetworkProxyFactory>
+
+#include "Engine/Stores/Http/LoopbackHost.h"
 
 namespace {
 
@@ -20,14 +21,10 @@ const char *schemeOf(QNetworkProxy::ProxyType type) {
     }
 }
 
-bool isThisComputer(const QString &host) {
-    return host == QStringLiteral("localhost") || QHostAddress(host).isLoopback();
-}
-
 }  // namespace
 
 DesktopProxy DesktopProxy::forURL(const QUrl &URL) {
-    if (isThisComputer(URL.host())) {
+    if (isLoopbackHost(URL.host())) {
         return {};
     }
     const QNetworkProxy proxy =

@@ -349,7 +349,7 @@ private Q_SLOTS:
             const FailingTable failing(profile(), table, fault);
             QCOMPARE(code(recordMove()), EngineErrorCode::ProfileNotWritten);
         }
-        QVERIFY(known().names().value().contains(name));
+        QVERIFY(known().sizes().value().contains(name));
         QVERIFY(!known().hasUnwritten().value());
         QVERIFY(known().isComplete().value());
         QCOMPARE(recordMove().value(), 1);

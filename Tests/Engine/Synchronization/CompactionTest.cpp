@@ -176,7 +176,7 @@ private Q_SLOTS:
         const QString name = addKnownRecord(1);
         QVERIFY(run<UsualCompaction>());
         QCOMPARE(sizes().size(), 1);
-        QVERIFY(known().names().value().contains(name));
+        QVERIFY(known().sizes().value().contains(name));
         QVERIFY(inbox()->isComparisonDue(subject().store));
         repair();
         verifyNotesOfAnotherComputer();

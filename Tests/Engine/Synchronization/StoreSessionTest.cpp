@@ -284,12 +284,12 @@ private Q_SLOTS:
         SyncSession session(profile(), m_host->library(), subject(),
                             RecordVerification::Extent::All);
         const EngineFuture future;
-        qsizetype left = known.names().value().size();
+        qsizetype left = known.sizes().value().size();
         QCOMPARE_GE(left, count);
         while (!session.isDone()) {
             QVERIFY(session.accessStore(store, future));
             QVERIFY(session.accessProfile());
-            const qsizetype now = known.names().value().size();
+            const qsizetype now = known.sizes().value().size();
             QCOMPARE_LE(left - now, 400);
             left = now;
         }
