@@ -54,6 +54,11 @@ void Keychain::findAccounts(const QString &service, const AccountsHandler &handl
 }
 
 Expected<std::optional<SecretBytes>> Keychain::password(const QString &service,
+                                                        const QString &account) const {
+    return password(service, account, std::stop_token());
+}
+
+Expected<std::optional<SecretBytes>> Keychain::password(const QString &service,
                                                         const QString &account,
                                                         const std::stop_token &cancellation) const {
     return m_store.find(itemAttributes(service.toUtf8(), account.toUtf8()), cancellation)

@@ -38,10 +38,12 @@ public:
     /// when `handler` is called.
     void findAccounts(const QString &service, const AccountsHandler &handler) const;
     /// Returns the password of the first item of `service` and `account`, or an empty optional if
-    /// there is none. Returns an error if it cannot be read. Blocks, and is cancelled, as
-    /// SecretStore::find().
+    /// there is none. Returns an error if it cannot be read. Blocks as SecretStore::find().
+    Expected<std::optional<SecretBytes>> password(const QString &service,
+                                                  const QString &account) const;
+    /// Returns the same; cancelled as SecretStore::find().
     Expected<std::optional<SecretBytes>> password(const QString &service, const QString &account,
-                                                  const std::stop_token &cancellation = {}) const;
+                                                  const std::stop_token &cancellation) const;
 
     /// Receives whether an item was deleted: false if there is none. An error if that is not known
     /// or the item could not be deleted.

@@ -469,6 +469,10 @@ SecretStore::SecretStore(std::chrono::milliseconds timeout)
 
 SecretStore::~SecretStore() = default;
 
+Expected<QList<StoredSecret>> SecretStore::find(const SecretAttributes &attributes) {
+    return find(attributes, std::stop_token());
+}
+
 Expected<QList<StoredSecret>> SecretStore::find(const SecretAttributes &attributes,
                                                 const std::stop_token &cancellation) {
     return m_implementation->find(attributes, true, cancellation);

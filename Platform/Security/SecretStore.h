@@ -49,11 +49,12 @@ public:
     /// service's. Locked items are unlocked first, for which the user may be prompted, but not
     /// again once the user has declined. Unless this run has set some of the items, returns an
     /// error if items stay locked or the service fails. Blocks for at most the store's timeout;
-    /// after one call has timed out, others do not block while that request is pending. Once
-    /// `cancellation` is requested, on any thread, the call returns at once, with an error for
-    /// which isCancelled() returns true unless this run has set some of the items.
+    /// after one call has timed out, others do not block while that request is pending.
+    Expected<QList<StoredSecret>> find(const SecretAttributes &attributes);
+    /// Finds the same, but once `cancellation` is requested, on any thread, returns at once, with
+    /// an error for which isCancelled() returns true unless this run has set some of the items.
     Expected<QList<StoredSecret>> find(const SecretAttributes &attributes,
-                                       const std::stop_token &cancellation = {});
+                                       const std::stop_token &cancellation);
     /// Returns the attributes of the items that have all of `attributes`, including locked ones.
     /// Requests no secret and never asks the user to unlock anything. Unless this run has set some
     /// of the items, returns an error if the service fails.

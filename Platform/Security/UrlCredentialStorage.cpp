@@ -145,9 +145,18 @@ Expected<Credential> UrlCredentialStorage::defaultCredentialForProtectionSpace(
 }
 
 Expected<Credential> UrlCredentialStorage::credentialForURL(
+    const Url &URL, const QString &authenticationMethod) const {
+    return credentialForURL(URL, authenticationMethod, std::stop_token());
+}
+
+Expected<Credential> UrlCredentialStorage::credentialForURL(
     const Url &URL, const QString &authenticationMethod,
     const std::stop_token &cancellation) const {
     return credentialOf(finder(m_store, cancellation), URL, authenticationMethod);
+}
+
+Expected<Credential> UrlCredentialStorage::credentialForURL(const Url &URL) const {
+    return credentialForURL(URL, std::stop_token());
 }
 
 Expected<Credential> UrlCredentialStorage::credentialForURL(

@@ -42,14 +42,18 @@ public:
 
     /// Returns the credential of the URL's user for `authenticationMethod` at the URL's server, or
     /// if there is none, the default credential there. The empty user of "//@host" is a user.
-    /// Returns nothing for a nil URL. Cancelled as SecretStore::find().
+    /// Returns nothing for a nil URL.
+    Expected<std::optional<UrlCredential>> credentialForURL(
+        const Url &URL, const QString &authenticationMethod) const;
+    /// Returns the same; cancelled as SecretStore::find().
     Expected<std::optional<UrlCredential>> credentialForURL(
         const Url &URL, const QString &authenticationMethod,
-        const std::stop_token &cancellation = {}) const;
-    /// Returns the credential for Basic, or if there is none, the one for Digest. Cancelled as
-    /// SecretStore::find().
+        const std::stop_token &cancellation) const;
+    /// Returns the credential for Basic, or if there is none, the one for Digest.
+    Expected<std::optional<UrlCredential>> credentialForURL(const Url &URL) const;
+    /// Returns the same; cancelled as SecretStore::find().
     Expected<std::optional<UrlCredential>> credentialForURL(
-        const Url &URL, const std::stop_token &cancellation = {}) const;
+        const Url &URL, const std::stop_token &cancellation) const;
     /// Receives the credential, if there is one, or the reason why it cannot be read.
     using CredentialHandler =
         std::function<void(const Expected<std::optional<UrlCredential>> &credential)>;
