@@ -144,7 +144,8 @@ private:
     };
     struct Question {
         std::optional<FoundItems> answer;
-        bool isAwaited = true;
+        bool isTimedOut = false;
+        bool isCancelled = false;
     };
 
     QList<StoredSecret> remembered(const SecretAttributes &attributes) const;
@@ -175,7 +176,9 @@ private:
     /// Jobs up to this one are not written: the user has declined to unlock the keyring.
     quint64 m_lastDeclinedJob = 0;
     int m_openQuestions = 0;
-    int m_abandonedQuestions = 0;
+    int m_timedOutQuestions = 0;
+    /// Each may have a prompt that is still open.
+    int m_cancelledQuestions = 0;
     bool m_mayUnlockToFind = true;
     bool m_isStopped = false;
     std::optional<Error> m_error;
@@ -231,16 +234,20 @@ void SecretStore::Implementation::findLater(const SecretAttributes &attributes, 
 FoundItems SecretStore::Implementation::ask(Lock &lock, const SecretAttributes &attributes,
                                             bool wantsSecrets,
                                             const std::stop_token &cancellation) {
+    if (cancellation.stop_requested()) {
+        return {.failure = Failure::Cancelled};
+    }
     if (m_isStopped || !canBeSent(attributes)) {
         return {.failure = Failure::NoService};
     }
-    if (m_abandonedQuestions > 0) {
+    if (m_timedOutQuestions > 0) {
         return {.failure = Failure::Broken};
     }
     const auto question = std::make_shared<Question>();
-    const Access access = !wantsSecrets       ? Access::Attributes
-                          : m_mayUnlockToFind ? Access::Secrets
-                                              : Access::UnlockedSecrets;
+    const bool mayUnlock = m_mayUnlockToFind && m_cancelledQuestions == 0;
+    const Access access = !wantsSecrets ? Access::Attributes
+                          : mayUnlock   ? Access::Secrets
+                                        : Access::UnlockedSecrets;
     ++m_openQuestions;
     m_thread.run([this, question, attributes, access] {
         m_client.find(attributes, access, [this, question, access](const FoundItems &found) {
@@ -249,11 +256,13 @@ FoundItems SecretStore::Implementation::ask(Lock &lock, const SecretAttributes &
     });
     m_changed.wait_for(lock, cancellation, m_timeout, [&] { return question->answer.has_value(); });
     if (!question->answer && cancellation.stop_requested()) {
+        question->isCancelled = true;
+        ++m_cancelledQuestions;
         return {.failure = Failure::Cancelled};
     }
     if (!question->answer) {
-        question->isAwaited = false;
-        ++m_abandonedQuestions;
+        question->isTimedOut = true;
+        ++m_timedOutQuestions;
         return {.failure = Failure::Broken};
     }
     return *question->answer;
@@ -263,8 +272,11 @@ void SecretStore::Implementation::didAnswer(Question &question, const FoundItems
                                             Access access) {
     const Lock lock(m_mutex);
     --m_openQuestions;
-    if (!question.isAwaited) {
-        --m_abandonedQuestions;
+    if (question.isTimedOut) {
+        --m_timedOutQuestions;
+    }
+    if (question.isCancelled) {
+        --m_cancelledQuestions;
     }
     if (access == Access::Secrets && found.isAnyLocked) {
         m_mayUnlockToFind = false;

@@ -51,8 +51,10 @@ public:
     /// error if items stay locked or the service fails. Blocks for at most the store's timeout;
     /// after one call has timed out, others do not block while that request is pending.
     Expected<QList<StoredSecret>> find(const SecretAttributes &attributes);
-    /// Finds the same, but once `cancellation` is requested, on any thread, returns at once, with
-    /// an error for which isCancelled() returns true unless this run has set some of the items.
+    /// Finds the same, but once `cancellation` is requested, on any thread or before the call,
+    /// returns at once, with an error for which isCancelled() returns true unless this run has set
+    /// some of the items. While the service has not replied to a cancelled call, no other prompts
+    /// the user: the prompt of that call may still be open.
     Expected<QList<StoredSecret>> find(const SecretAttributes &attributes,
                                        const std::stop_token &cancellation);
     /// Returns the attributes of the items that have all of `attributes`, including locked ones.

@@ -315,6 +315,14 @@ private Q_SLOTS:
         QVERIFY(!found);
         QVERIFY(SecretStore::isCancelled(found.error()));
         QCOMPARE(store.findAttributes(item("one", {}).attributes)->size(), 1);
+        // The prompt is still open: neither is there another one, nor does anything wait for it.
+        const auto locked = store.find(item("other", {}).attributes);
+        QVERIFY(!locked);
+        QCOMPARE(locked.error().localizedFailureReason, QStringLiteral("The keyring is locked."));
+        const auto again = store.find(item("one", {}).attributes, cancellation.get_token());
+        QVERIFY(!again);
+        QVERIFY(SecretStore::isCancelled(again.error()));
+        QCOMPARE(prompting.countOfPrompts(), 1);
     }
 
     void theEndDoesNotWaitLongForAServiceThatDoesNotReply() {
