@@ -62,5 +62,7 @@ bool QuitGuard::prepareToQuit() {
     const bool isReady = m_window->leaveText() && QuitSynchronization(m_window).run() &&
                          m_window->leavePreferences();
     m_isAsking = false;
+    // Chosen again meanwhile, which closes nothing.
+    m_isQuitting = false;
     return isReady;
 }

@@ -413,6 +413,8 @@ private Q_SLOTS:
 
     void whoHasCancelledQuittingCanHideTheWindow() {
         tick(m_host->addLocation());
+        // Once more while the user is asked.
+        QTimer::singleShot(0, m_window.get(), [this] { m_window->quit(); });
         answer(QStringLiteral("Cancel"));
         m_window->quit();
         QVERIFY(m_window->isVisible());
