@@ -1,5 +1,6 @@
 #include "Platform/Interface/Nib.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
@@ -8,6 +9,7 @@
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
+#include <algorithm>
 
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Interface/CollectionViewItem.h"
@@ -41,6 +43,7 @@ public:
     }
     Q_SLOT void press() { m_calls.append(QStringLiteral("press")); }
     Q_SLOT void pressBy(QObject *sender) { m_calls.append(sender->objectName()); }
+    Q_SLOT void name(QObject *object) { m_calls.append(object->objectName()); }
     Q_SLOT void say(const QString &text) { m_calls.append(text); }
     Q_SLOT void count(const Numbers &numbers) { m_calls.append(QString::number(numbers.size())); }
 
@@ -125,6 +128,35 @@ QString uniqueName() {
 
 class NibTest : public QObject {
     Q_OBJECT
+
+    /// Loads a form of one button that asks "Really %1?" before it sends `action`.
+    static std::unique_ptr<QWidget> loadConfirmed(Owner *owner, const QString &action) {
+        const QString name = uniqueName();
+        Nib::registerForm(name, [=] {
+            auto *form = new QWidget;
+            addPart<QPushButton>(form, "button", {}, action)
+                ->setProperty("confirmation", QStringLiteral("Really %1?"));
+            return form;
+        });
+        return std::unique_ptr<QWidget>(Nib::load(name, owner));
+    }
+
+    static void click(const QWidget *form) {
+        form->findChild<QPushButton *>(QStringLiteral("button"))->click();
+    }
+
+    /// Clicks the button of that role in the question of `form`, and waits until it is gone.
+    static void answer(const QWidget *form, QMessageBox::ButtonRole role) {
+        const QPointer box = form->findChild<QMessageBox *>();
+        QVERIFY(box);
+        const auto buttons = box->buttons();
+        const auto found = std::find_if(buttons.begin(), buttons.end(), [&](auto *button) {
+            return box->buttonRole(button) == role;
+        });
+        QVERIFY(found != buttons.end());
+        (*found)->click();
+        QTRY_VERIFY(!box);
+    }
 
     /// Loads a form of one button with that binding or action.
     static std::unique_ptr<QWidget> loadButton(Owner *owner, const QStringList &bindings,
@@ -511,6 +543,22 @@ private Q_SLOTS:
         QCOMPARE(QApplication::allWidgets().size(), count);
     }
 
+    void nothingIsSentForAnObjectThatIsGone() {
+        Owner owner;
+        auto other = std::make_unique<QObject>();
+        other->setObjectName(QStringLiteral("other"));
+        owner.m_other = other.get();
+        const auto form = loadConfirmed(&owner, QStringLiteral("owner.name(owner.other)"));
+        click(form.get());
+        answer(form.get(), QMessageBox::AcceptRole);
+        QCOMPARE(owner.m_calls, QStringList{QStringLiteral("other")});
+        click(form.get());
+        owner.m_other = nullptr;
+        other.reset();
+        answer(form.get(), QMessageBox::AcceptRole);
+        QCOMPARE(owner.m_calls.size(), 1);
+    }
+
     void whatIsConfirmedIsSent_data() {
         QTest::addColumn<QMessageBox::ButtonRole>("role");
         QTest::addColumn<QStringList>("calls");
@@ -523,26 +571,14 @@ private Q_SLOTS:
         QFETCH(const QMessageBox::ButtonRole, role);
         QFETCH(const QStringList, calls);
         Owner owner;
-        const QString name = uniqueName();
-        Nib::registerForm(name, [=] {
-            auto *form = new QWidget;
-            auto *button =
-                addPart<QPushButton>(form, "button", {}, QStringLiteral("owner.say(owner.text)"));
-            button->setProperty("confirmation", QStringLiteral("Really %1?"));
-            return form;
-        });
-        const std::unique_ptr<QWidget> form(Nib::load(name, &owner));
-        form->findChild<QPushButton *>(QStringLiteral("button"))->click();
+        const auto form = loadConfirmed(&owner, QStringLiteral("owner.say(owner.text)"));
+        click(form.get());
         const auto *box = form->findChild<QMessageBox *>();
         QVERIFY(box);
         QVERIFY(box->text().contains(QStringLiteral("Really first?")));
         QCOMPARE(owner.m_calls, QStringList());
         owner.m_text = QStringLiteral("second");
-        for (QAbstractButton *button : box->buttons()) {
-            if (box->buttonRole(button) == role) {
-                button->click();
-            }
-        }
+        answer(form.get(), role);
         QCOMPARE(owner.m_calls, calls);
     }
 
