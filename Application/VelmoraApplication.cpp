@@ -58,9 +58,12 @@ VelmoraApplication::VelmoraApplication(int &argumentCount, char **arguments)
     : QApplication(argumentCount, arguments) {
     setNSApp(this);
     AccessibleWindow::install();
-    connect(&m_errorBoxes, &ErrorBoxes::vanished, this, &VelmoraApplication::presentError);
-    connect(this, &QCoreApplication::aboutToQuit, &m_errorBoxes,
-            [this] { disconnect(&m_errorBoxes, &ErrorBoxes::vanished, this, nullptr); });
+    connect(this, &QCoreApplication::aboutToQuit, this, [this] { m_isEnding = true; });
+    connect(&m_errorBoxes, &ErrorBoxes::vanished, this, [this](const Error &error) {
+        if (!m_isEnding) {
+            presentError(error);
+        }
+    });
     NotificationCenter::defaultCenter().addObserver(
         this, SecretsNotKeptNotification, [this](const Notification & /*notification*/) {
             presentError(SecretStore::shared().error().value_or(Error()));
@@ -131,11 +134,19 @@ void VelmoraApplication::presentError(const Error &error) {
 
 QuestionPresenter::Withdrawal VelmoraApplication::ask(const Question &question,
                                                       std::function<void(bool)> handler) {
+    const auto answer = [this, handler = std::move(handler)](bool isAccepted) {
+        // Quitting closes the windows before it is known whether the program ends.
+        MainQueue::dispatchAsync([this, handler, isAccepted] {
+            if (!m_isEnding) {
+                handler(isAccepted);
+            }
+        });
+    };
     if (m_isBatch) {
-        MainQueue::dispatchAsync([handler = std::move(handler)] { handler(false); });
+        answer(false);
         return [] {};
     }
-    auto *box = new QuestionBox(question, std::move(handler), windowForDialog());
+    auto *box = new QuestionBox(question, answer, windowForDialog());
     box->present();
     Q_EMIT questionShown(question.text);
     return [shown = QPointer(box)] {

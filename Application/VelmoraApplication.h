@@ -63,8 +63,9 @@ public:
     /// error.
     void presentError(const Error &error) override;
     /// Shows a message box, modal as that of presentError(), and returns at once. `handler` is
-    /// called once, from the event loop; with false if the user closes the box, if its window is
-    /// destroyed before, and always in batch mode. The button that refuses is the default one.
+    /// called once, from the event loop, or never if the program ends before; with false if the
+    /// user closes the box, if its window is destroyed before, and always in batch mode. The button
+    /// that refuses is the default one.
     Withdrawal ask(const Question &question, std::function<void(bool)> handler) override;
     /// Shows a dialog, modal as the box of presentError(), and returns at once. In batch mode,
     /// decides for Later.
@@ -89,4 +90,6 @@ private:
     NoteLibrary *m_library = nullptr;
     QString m_synchronizationText;
     bool m_isBatch = false;
+    /// Whether the event loop has ended: windows that go then answer no question.
+    bool m_isEnding = false;
 };

@@ -51,8 +51,9 @@ public:
     using Withdrawal = std::function<void()>;
 
     /// Shows `question` and returns at once. `handler` is called once, on the main thread, after
-    /// this call has returned, with true if the user accepted; closing the question refuses it. The
-    /// returned function is never empty.
+    /// this call has returned, with true if the user accepted; closing the question refuses it. If
+    /// the program ends before, the question is not answered and `handler` not called. The returned
+    /// function is never empty.
     virtual Withdrawal ask(const Question &question,
                            std::function<void(bool accepted)> handler) = 0;
     /// Shows `question` with the list of the notes and returns at once. `handler` is called once,

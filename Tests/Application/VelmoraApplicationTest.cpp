@@ -1,6 +1,7 @@
 #include "Application/VelmoraApplication.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QCloseEvent>
 #include <QtGui/QWindow>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLabel>
@@ -18,6 +19,19 @@
 #include "Support/SecretService.h"
 #include "Support/ShownName.h"
 #include "Support/TestMain.h"
+
+namespace {
+
+/// A window, shown, that cannot be closed.
+class StayingWindow : public QMainWindow {
+public:
+    StayingWindow() { show(); }
+
+protected:
+    void closeEvent(QCloseEvent *event) override { event->ignore(); }
+};
+
+}  // namespace
 
 /// The application object itself. The test has no session bus, hence no password service.
 class VelmoraApplicationTest : public QObject {
@@ -246,7 +260,7 @@ private Q_SLOTS:
         }
         QVERIFY(!answer);
         press(asked, QStringLiteral("Yes"));
-        QCOMPARE(answer, std::optional(true));
+        QTRY_COMPARE(answer, std::optional(true));
         messageBoxes().first()->close();
         QTRY_VERIFY(messageBoxes().isEmpty());
     }
@@ -261,9 +275,21 @@ private Q_SLOTS:
             application().ask(question(), [&](bool isAccepted) { answers.append(isAccepted); });
         QCOMPARE(messageBoxes().size(), 1);
         window.reset();
-        QCOMPARE(answers, QList<bool>{false});
+        QTRY_COMPARE(answers, QList<bool>{false});
         withdraw();
+        QCoreApplication::processEvents();
         QCOMPARE(answers.size(), 1);
+    }
+
+    void aQuestionIsRefusedIfQuittingHasClosedItInVain() {
+        StayingWindow window;
+        QList<bool> answers;
+        application().ask(question(), [&](bool isAccepted) { answers.append(isAccepted); });
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &quit);
+        QVERIFY(!quit.isAccepted());
+        QVERIFY(messageBoxes().isEmpty());
+        QTRY_COMPARE(answers, QList<bool>{false});
     }
 
     void anErrorIsShownAgainWhenItsWindowGoes() {
@@ -320,6 +346,30 @@ private Q_SLOTS:
             box->close();
         }
         QTRY_VERIFY(messageBoxes().isEmpty());
+    }
+
+    // The last function: the application does not ask any more afterwards.
+    void theEndOfTheProgramAnswersNoQuestion() {
+        auto window = std::make_unique<QMainWindow>();
+        window->show();
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        QList<bool> answers;
+        const auto remember = [&](bool isAccepted) { answers.append(isAccepted); };
+        // The program ends with its last window, and closes the others.
+        application().ask(question(), remember);
+        QTimer::singleShot(0, window.get(), &QWidget::close);
+        QApplication::exec();
+        QVERIFY(messageBoxes().isEmpty());
+        // After a signal they are destroyed.
+        window->show();
+        application().ask(question(), remember);
+        application().presentError({.localizedDescription = QStringLiteral("Nobody has read it.")});
+        QCOMPARE(messageBoxes().size(), 2);
+        window.reset();
+        QCoreApplication::processEvents();
+        QCOMPARE(answers, QList<bool>());
+        QVERIFY(messageBoxes().isEmpty());
     }
 };
 
