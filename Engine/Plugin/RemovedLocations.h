@@ -49,7 +49,7 @@ private:
     /// forgets the rest.
     void forget(const QString &identifier);
     /// Moves the profile's log, which the deleted rows have filled, on another thread, then goes
-    /// on.
+    /// on; if the log cannot be moved, the next start of the program does.
     void goOn(const QString &identifier);
     /// Forgets what else is in the profile, then the secrets.
     void forgetRest(const QString &identifier, const Url &URL);
