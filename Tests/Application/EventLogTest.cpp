@@ -1,6 +1,5 @@
 #include "Application/EventLog.h"
 
-#include <sys/resource.h>
 #include <sys/syscall.h>
 
 #include <QtGui/QClipboard>
@@ -9,10 +8,10 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTreeView>
 #include <cerrno>
-#include <csignal>
 
 #include "Application/LogWindow.h"
 #include "Support/FailingSystemCall.h"
+#include "Support/FileSizeLimit.h"
 #include "Support/ShownName.h"
 #include "Support/TestMain.h"
 
@@ -141,17 +140,11 @@ private Q_SLOTS:
     void aFullDiskIsReportedOnce() {
         EventLog log;
         QVERIFY(log.open(path()));
-        const auto limit = [](rlim_t bytes) {
-            rlimit size{};
-            getrlimit(RLIMIT_FSIZE, &size);
-            size.rlim_cur = bytes;
-            setrlimit(RLIMIT_FSIZE, &size);
-        };
-        std::signal(SIGXFSZ, SIG_IGN);
-        limit(10);
-        log.append({}, QStringLiteral("lost"));
-        log.append({}, QStringLiteral("lost, too"));
-        limit(RLIM_INFINITY);
+        {
+            const FileSizeLimit full(10);
+            log.append({}, QStringLiteral("lost"));
+            log.append({}, QStringLiteral("lost, too"));
+        }
         log.append({}, QStringLiteral("saved"));
         QCOMPARE(log.rowCount(), 4);
         QVERIFY(text(log, 1).contains(path()));

@@ -1,10 +1,5 @@
 #include "Engine/Notes/NoteHistory.h"
 
-#include <sys/resource.h>
-
-#include <QtCore/QScopeGuard>
-#include <csignal>
-
 #include "Engine/Profile/ProfileFolder.h"
 #include "Engine/Profile/ProfileInspection.h"
 #include "Engine/Synchronization/CleanSession.h"
@@ -12,6 +7,7 @@
 #include "Host/InboxUUID.h"
 #include "Support/FailingTable.h"
 #include "Support/Failure.h"
+#include "Support/FileSizeLimit.h"
 #include "Support/MemoryStore.h"
 #include "Support/RunSession.h"
 #include "Support/StallMeter.h"
@@ -314,15 +310,7 @@ private Q_SLOTS:
         const qsizetype before = logged.size();
         qint64 left = 0;
         {
-            rlimit former{};
-            QCOMPARE(getrlimit(RLIMIT_FSIZE, &former), 0);
-            const auto formerHandler = signal(SIGXFSZ, SIG_IGN);
-            const rlimit half{32 << 20, former.rlim_max};
-            const auto restore = qScopeGuard([&] {
-                setrlimit(RLIMIT_FSIZE, &former);
-                signal(SIGXFSZ, formerHandler);
-            });
-            QCOMPARE(setrlimit(RLIMIT_FSIZE, &half), 0);
+            const FileSizeLimit half(32 << 20);
             QVERIFY(m_host->library().setHistoryLimits({30, 1}));
             QTRY_COMPARE_GE(logged.size(), before + 1);
             left = countOfVersions();

@@ -11,6 +11,7 @@
 #include "Platform/Foundation/Assertion.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Support/Failure.h"
+#include "Support/FileSizeLimit.h"
 #include "Support/HostShortcuts.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -191,6 +192,35 @@ private Q_SLOTS:
         QCOMPARE(Verification::problemsOfProfile(m_host->engine()), QStringList());
         m_host->restart();
         QCOMPARE(names().mid(1), QStringList{QStringLiteral("Letters")});
+        QTRY_COMPARE(rowsOf(id, UUID), 0);
+    }
+
+    void erasingWaitsForTheNextStartIfTheLogCannotBeMoved() {
+        const qint64 id = idOf(*m_plans);
+        const QString UUID = m_plans->UUID();
+        const auto insert = QStringLiteral(
+            "INSERT INTO versions (ended, size, database, note_uuid, place, title,"
+            " text) WITH RECURSIVE number (n) AS (SELECT 1 UNION ALL SELECT n + 1"
+            " FROM number WHERE n < 64) SELECT ?, 1048576, ?,"
+            " 'u' || n, '', '', hex(zeroblob(524288)) FROM number");
+        QVERIFY(m_host->engine().profile().run(insert, {QDateTime::currentMSecsSinceEpoch(), id}));
+        m_host->restart();
+        const auto &logged = m_host->application().logEntries();
+        const qsizetype before = logged.size();
+        qint64 left = 0;
+        {
+            const FileSizeLimit half(32 << 20);
+            setUndoTime(std::chrono::milliseconds(0));
+            QVERIFY(m_host->library().deleteDatabase(m_host->library().databaseForUUID(UUID)));
+            QTRY_COMPARE_GE(logged.size(), before + 1);
+            left = rowsOf(id, UUID);
+            QCOMPARE_GT(left, 2);
+            // Many times longer than a step.
+            QTest::qWait(500);
+        }
+        QCOMPARE(logged.size(), before + 1);
+        QCOMPARE(rowsOf(id, UUID), left);
+        m_host->restart();
         QTRY_COMPARE(rowsOf(id, UUID), 0);
     }
 

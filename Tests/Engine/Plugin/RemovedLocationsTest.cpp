@@ -5,6 +5,7 @@
 #include "Host/UnencryptedPasswords.h"
 #include "Platform/Security/SecretStore.h"
 #include "Platform/Security/UrlCredentialStorage.h"
+#include "Support/FileSizeLimit.h"
 #include "Support/SecretService.h"
 #include "Support/TestHost.h"
 #include "Support/TestMain.h"
@@ -205,6 +206,38 @@ private Q_SLOTS:
         };
         QTRY_VERIFY(isForgotten());
         QCOMPARE(value(QStringLiteral("SELECT count(*) FROM known_transactions")).toInt(), 0);
+    }
+
+    void forgettingWaitsForTheNextStartIfTheLogCannotBeMoved() {
+        add(QStringLiteral("velmora://desk:8442"));
+        const QString identifier = value(QStringLiteral("SELECT uuid FROM locations")).toString();
+        QVERIFY(m_host->engine().profile().run(
+            QStringLiteral("INSERT INTO known_transactions WITH RECURSIVE number (n) AS"
+                           " (SELECT 1 UNION ALL SELECT n + 1 FROM number WHERE n < 64)"
+                           " SELECT ?, id, 'a' || n, zeroblob(1048576), '', 1 FROM number,"
+                           " databases WHERE is_inbox"),
+            {identifier}));
+        m_host->restart();
+        const QString known = QStringLiteral("SELECT count(*) FROM known_transactions");
+        QCOMPARE(value(known).toInt(), 64);
+        const auto &logged = m_host->application().logEntries();
+        const qsizetype before = logged.size();
+        int left = 0;
+        {
+            const FileSizeLimit half(32 << 20);
+            removeFirst();
+            QTRY_COMPARE_GE(logged.size(), before + 1);
+            left = value(known).toInt();
+            QCOMPARE_GT(left, 1);
+            // Many times longer than a step.
+            QTest::qWait(500);
+        }
+        QCOMPARE(logged.size(), before + 1);
+        QCOMPARE(value(known).toInt(), left);
+        QCOMPARE(countOfRemovals(), 1);
+        m_host->restart();
+        QTRY_COMPARE(countOfRemovals(), 0);
+        QCOMPARE(value(known).toInt(), 0);
     }
 
     void theCertificatesOfAServerAreForgotten() {
