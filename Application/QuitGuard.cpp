@@ -55,6 +55,10 @@ void QuitGuard::hideWindow() {
         m_window->saveAll();
         m_window->hide();
     }
+    if (std::exchange(m_isQuitting, false)) {
+        // Chosen while the user was asked about the text.
+        QMetaObject::invokeMethod(m_window, &MainWindow::quit, Qt::QueuedConnection);
+    }
 }
 
 bool QuitGuard::prepareToQuit() {

@@ -28,6 +28,7 @@ protected:
 
 private:
     /// Saves everything and hides the window, unless the user keeps a text that cannot be saved.
+    /// Quits later if the user has chosen that meanwhile. May run a nested event loop.
     void hideWindow();
     /// Saves, asks and synchronizes; runs nested event loops. Returns whether the window may close.
     bool prepareToQuit();

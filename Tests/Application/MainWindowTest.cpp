@@ -23,6 +23,7 @@
 #include "Application/NoteExport.h"
 #include "Application/NotesList.h"
 #include "Application/PreferencesWindow.h"
+#include "Application/QuitGuard.h"
 #include "Support/FailingTable.h"
 #include "Support/Languages.h"
 #include "Support/TestHost.h"
@@ -226,6 +227,30 @@ private Q_SLOTS:
         QVERIFY(!m_window->close());
         m_host->letSavesPass();
         QVERIFY(m_window->close());
+        QCOMPARE(savedTexts().first(), QStringLiteral("First typed"));
+    }
+
+    void quittingWhileTheUserIsAskedAboutAHiddenTextIsNotLost() {
+        auto *guard = new QuitGuard(m_window.get());
+        guard->setHiding(true);
+        m_host->makeSavesFail();
+        typeText(QStringLiteral(" typed"));
+        int asked = 0;
+        const auto keepEditing = [&](QMessageBox &box) {
+            ++asked;
+            box.reject();
+        };
+        inDialog<QMessageBox>([&](QMessageBox &box) {
+            m_window->quit();
+            inDialog<QMessageBox>(keepEditing);
+            keepEditing(box);
+        });
+        m_window->close();
+        QTRY_COMPARE(asked, 2);
+        QVERIFY(m_window->isVisible());
+        m_host->letSavesPass();
+        m_window->close();
+        QVERIFY(!m_window->isVisible());
         QCOMPARE(savedTexts().first(), QStringLiteral("First typed"));
     }
 
