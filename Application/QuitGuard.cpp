@@ -1,7 +1,9 @@
 #include "Application/QuitGuard.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -11,6 +13,21 @@
 namespace {
 
 constexpr std::chrono::minutes EndOfSession(1);
+
+/// Brings an error or a question to the front that the user has not closed yet. Returns whether
+/// there is one.
+bool showOpenMessage() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::find_if(windows.begin(), windows.end(), [](const QWidget *each) {
+        return qobject_cast<const QMessageBox *>(each) && each->isVisible() && each->isModal();
+    });
+    if (found == windows.end()) {
+        return false;
+    }
+    (*found)->raise();
+    (*found)->activateWindow();
+    return true;
+}
 
 }  // namespace
 
@@ -63,7 +80,9 @@ void QuitGuard::hideWindow() {
 
 bool QuitGuard::prepareToQuit() {
     m_isAsking = true;
-    const bool isReady = m_window->leaveText() && QuitSynchronization(m_window).run() &&
+    // What came up meanwhile would vanish unread.
+    const bool isReady = !showOpenMessage() && m_window->leaveText() &&
+                         QuitSynchronization(m_window).run() && !showOpenMessage() &&
                          m_window->leavePreferences();
     m_isAsking = false;
     // Chosen again meanwhile, which closes nothing.

@@ -7,7 +7,8 @@ class MainWindow;
 
 /// Synchronizes before the user closes the main window: what is to be synchronized when a database
 /// is closed and, if the user wants that, what else is not synchronized yet. The user can quit at
-/// any time without waiting. Must be used on the main thread.
+/// any time without waiting. An error or a question that is not closed yet keeps the window open,
+/// also one that comes up meanwhile. Must be used on the main thread.
 class QuitGuard : public QObject {
     Q_OBJECT
 public:

@@ -11,6 +11,7 @@
 #include "Application/StatusLine.h"
 #include "Application/SynchronizationMonitor.h"
 #include "Engine/Schedules/EngineDailySchedule.h"
+#include "Platform/Interface/MessageBox.h"
 #include "Platform/Interface/PlainText.h"
 #include "Platform/Interface/TextLabel.h"
 #include "Support/ScriptedServer.h"
@@ -340,6 +341,22 @@ private Q_SLOTS:
         timer.start(10);
         QVERIFY(m_window->close());
         QVERIFY(state->lastSynced().isValid());
+    }
+
+    void aMessageThatComesUpMeanwhileKeepsTheWindowOpen() {
+        const auto state = tick(m_host->addLocation());
+        state->setSyncOnClose(true);
+        MessageBox message(QMessageBox::Warning, QStringLiteral("Nobody has read it."), {},
+                           m_window.get());
+        message.addButton(QMessageBox::Ok);
+        connect(m_host->engine().plugin().dispatcher(), &QVSyncDispatcher::activityChanged,
+                &message, &QDialog::open, Qt::SingleShotConnection);
+        QVERIFY(!m_window->close());
+        QVERIFY(state->lastSynced().isValid());
+        QVERIFY(message.isVisible());
+        QVERIFY(!m_window->close());
+        message.close();
+        QVERIFY(m_window->close());
     }
 
     void theWaitCanBeEndedAtOnce() {
