@@ -21,8 +21,8 @@ public:
 };
 
 /// A database that a store holds. Immutable, therefore thread-safe. Shared ownership. It describes
-/// what was read; later changes in the store are not reflected. The last reference must be released
-/// on the main thread.
+/// what was read; later changes in the store are not reflected. The last reference may be released
+/// on any thread.
 class HOST_EXPORT QVRemoteDatabase : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString UUID READ UUID CONSTANT)

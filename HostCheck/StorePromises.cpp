@@ -445,7 +445,7 @@ QVRemoteDatabases databasesIn(QVSyncStore &store) {
     opened.requireCall();
     Fetched fetched;
     store.fetchDatabasesWithCompletionHandler(fetched.function());
-    // The last reference to a database must be released on this thread.
+    // Afterwards the handler has no reference to the databases any more.
     fetched.requireEnd();
     return std::get<0>(fetched.values()).value_or(QVRemoteDatabases());
 }

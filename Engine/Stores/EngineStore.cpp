@@ -115,7 +115,7 @@ QVSyncStoreCheck EngineStore::check(const EngineFuture &future) {
 }
 
 std::shared_ptr<QVRemoteDatabase> EngineStore::record(const QString &UUID, const QString &name) {
-    return std::make_shared<EngineRemoteDatabase>(UUID, name, shared_from_this());
+    return EngineRemoteDatabase::database(UUID, name, shared_from_this());
 }
 
 Expected<void> EngineStore::openUnlessCancelled(const EngineFuture &future) {

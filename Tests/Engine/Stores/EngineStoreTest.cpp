@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 #include <sys/syscall.h>
 
+#include <atomic>
 #include <future>
 
 #include "Engine/Foundation/EngineError.h"
@@ -155,6 +156,23 @@ private Q_SLOTS:
         QCOMPARE(result.databases, QVRemoteDatabases());
         QCOMPARE(result.error, std::nullopt);
         QVERIFY(!result.wasOnMainThread);
+    }
+
+    void aDatabaseIsDestroyedOnTheMainThread() {
+        writeSound(FirstUUID, QStringLiteral("Projects"));
+        const auto store = m_location->createStore();
+        QCOMPARE(opened(*store), std::nullopt);
+        std::atomic<QThread *> thread = nullptr;
+        // Nobody else has references.
+        store->fetchDatabasesWithCompletionHandler([&](const auto &databases, const auto &error) {
+            QVERIFY(databases && !error);
+            QCOMPARE(databases->size(), 1);
+            QVERIFY(QThread::currentThread() != qApp->thread());
+            connect(databases->first().get(), &QObject::destroyed,
+                    [&thread] { thread = QThread::currentThread(); });
+        });
+        QTRY_VERIFY(thread.load());
+        QVERIFY(thread == qApp->thread());
     }
 
     void aFolderStoreHoldsADatabaseForEachRecord() {
