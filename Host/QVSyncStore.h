@@ -15,8 +15,9 @@ class QVSyncLocation;
 ///
 /// Every operation returns its future at once and runs on a worker thread. Its handler, which must
 /// not be empty, is called there exactly once, possibly before the operation has returned its
-/// future. If the future is cancelled, the handler receives an error that says so. Handlers may
-/// start other operations but must not wait for the main thread, which waits for them when the host
+/// future. If the future is cancelled, the handler receives an error that says so. If the system
+/// cannot start a thread, the handler receives an error on the main thread. Handlers may start
+/// other operations but must not wait for the main thread, which waits for them when the host
 /// closes its profile. Every function is thread-safe, but operations of one store should follow
 /// each other: closing neither waits for nor cancels an operation that is running.
 ///

@@ -70,6 +70,19 @@ bool EngineFuture::isOverdue() const {
     return m_isOverdue;
 }
 
+void EngineFuture::cancelUnstarted(const Error &reason) {
+    {
+        const std::lock_guard lock(mutex);
+        m_startFailure = reason;
+    }
+    cancel();
+}
+
+std::optional<Error> EngineFuture::startFailure() const {
+    const std::lock_guard lock(mutex);
+    return m_startFailure;
+}
+
 bool EngineFuture::finish() {
     const std::lock_guard lock(mutex);
     m_isFinished = true;

@@ -3,15 +3,17 @@
 #include <QtCore/QtGlobal>
 #include <atomic>
 #include <mutex>
+#include <optional>
 #include <stop_token>
 #include <vector>
 
 #include "Host/PZFuture.h"
+#include "Platform/Foundation/Error.h"
 
 /// The engine's future: cancels the operation that it stands for and the futures attached to it. An
 /// operation observes its cancellation without polling through `cancellation()`. Must be owned by a
 /// std::shared_ptr if it is attached to another future. Thread-safe. No lock is held while another
-/// future or a callback is called; one lock, held for a few instructions, guards all futures of the
+/// future or a callback is called; one lock, held for a short time, guards all futures of the
 /// process.
 class EngineFuture : public PZFuture {
 public:
@@ -54,6 +56,11 @@ public:
     /// Returns whether cancelOverdue() has cancelled this future. Its operation then reports that
     /// it took too long instead of that it was cancelled.
     bool isOverdue() const;
+    /// Cancels this future because its operation cannot be started for `reason`, which the
+    /// operation then reports.
+    void cancelUnstarted(const Error &reason);
+    /// Returns the reason with which cancelUnstarted() was called; empty if it was not.
+    std::optional<Error> startFailure() const;
 
     /// Returns the token that is notified when this future is cancelled. A std::stop_callback made
     /// with it runs its function exactly once: in `cancel`, on the thread that calls it, or at once
@@ -80,6 +87,7 @@ private:
     bool m_isCancelled = false;
     bool m_isFinished = false;
     bool m_isOverdue = false;
+    std::optional<Error> m_startFailure;
     mutable std::atomic<qint64> m_progress = 0;
     Attachments m_attachments;
 };

@@ -26,6 +26,9 @@ EngineStore::~EngineStore() {
 template <class Value>
 Expected<Value> EngineStore::outcome(Expected<Value> result, EngineFuture &future) const {
     const bool isCancelled = !future.finish();
+    if (const std::optional<Error> reason = future.startFailure()) {
+        return failure(*reason);
+    }
     if (isCancelled && future.isOverdue()) {
         return failure(tookTooLong(URL().stringWithoutPassword()));
     }

@@ -4,7 +4,6 @@
 #include <QtCore/QTimer>
 #include <utility>
 
-#include "Engine/Foundation/FailureLog.h"
 #include "Platform/Foundation/MainQueue.h"
 
 namespace {
@@ -51,11 +50,8 @@ std::shared_ptr<PZFuture> StoreOperations::start(Work work) {
     };
     if (const Expected<void> started = m_threads.start(run); !started) {
         // One that is cancelled calls its handler and does nothing else.
-        future->cancelOverdue();
-        MainQueue::dispatchAsync([started, run] {
-            logFailureOf(started);
-            run();
-        });
+        future->cancelUnstarted(started.error());
+        MainQueue::dispatchAsync(run);
     }
     return future;
 }

@@ -22,14 +22,14 @@ public:
 
     /// Calls `work` on a new thread and returns at once. Cancelling the returned future, which is
     /// never null, cancels the operation; releasing it does not. If the system cannot create a
-    /// thread, the operation is cancelled as one that takes too long, and ends on the main thread.
+    /// thread, `work` is called on the main thread, cancelled with EngineFuture::cancelUnstarted().
     /// While end() waits, the operation is cancelled from the start. What `work` owns is released
     /// on its thread. The number of operations is not limited.
     std::shared_ptr<PZFuture> start(Work work);
     /// How long an operation may take to advance, see EngineFuture::advance(). One that advances
     /// by less than `leastProgress` in any `duration` is cancelled at the end of that time. The
     /// unit is a record of a database that was read; a folder that was measured counts as 60 of
-    /// them. What an operation reads is limited, too, so that none goes on for ever.
+    /// them. What an operation reads is limited, too, so that each one ends.
     struct TimeLimit {
         std::chrono::milliseconds duration = std::chrono::minutes(30);
         /// A small record in ten seconds.

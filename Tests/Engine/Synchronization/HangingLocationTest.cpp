@@ -298,7 +298,10 @@ private Q_SLOTS:
                 [&](const std::optional<Error> &each) { opened.set_value(each); });
         });
         QTRY_VERIFY(error.wait_for(std::chrono::seconds(0)) == std::future_status::ready);
-        QVERIFY(error.get());
+        const auto reason = error.get();
+        QVERIFY(reason);
+        QVERIFY2(reason->localizedDescription.contains(QStringLiteral("thread")),
+                 qPrintable(reason->localizedDescription));
     }
 
     void manyHangingLocationsDelayNoOther() {
