@@ -19,6 +19,7 @@
 #include "Platform/Foundation/DurableFile.h"
 #include "Platform/Foundation/ExactText.h"
 #include "Platform/Foundation/FileDescriptor.h"
+#include "Platform/Foundation/FileManager.h"
 
 namespace {
 
@@ -83,15 +84,12 @@ Expected<QStringList> namesIn(const QString &folder) {
 
 /// Has no effect if the file is gone.
 Expected<void> removeFile(const QString &path) {
-    QFile file(path);
-    if (file.remove() || !file.exists()) {
-        return {};
-    }
-    return failure(applicationError(
-        textOf("The file “%1”, which contains a text that was not saved, cannot be removed: %2. "
-               "Remove it yourself, or the text returns at the next start.")
-            .arg(path, file.errorString()),
-        {}));
+    return FileManager::removeFile(path).map_error([&](const Error &reason) {
+        return applicationError(
+            textOf("The file “%1”, which contains a text that was not saved, cannot be removed: "
+                   "%2. Remove it yourself, or the text returns at the next start.")
+                .arg(path, reason.localizedFailureReason));
+    });
 }
 
 /// Returns the name of a file, of which the parts are digests, or a pattern.

@@ -282,11 +282,12 @@ private Q_SLOTS:
         QVERIFY(texts.keep(m_database->UUID(), note));
         const QStringList kept = journalIn(m_host->directory());
         QCOMPARE(kept.size(), 1);
-        runWithFailingSystemCall(SYS_unlink, EROFS, [&] {
+        runWithFailingSystemCall(SYS_unlinkat, EACCES, [&] {
             const Expected<void> removed = texts.remove(note.UUID);
             QVERIFY(!removed);
             const QString told = removed.error().localizedDescription;
             QVERIFY2(told.contains(kept.first()), qPrintable(told));
+            QVERIFY2(told.contains(QStringLiteral("Permission denied")), qPrintable(told));
         });
         QCOMPARE(journalIn(m_host->directory()), kept);
         QVERIFY(texts.remove(note.UUID));
