@@ -355,9 +355,11 @@ Expected<void> ProfileBackups::keepBeforeDamage(const QDate &today, const QStrin
     }
     const auto previous = std::find_if(backups->begin(), backups->end(),
                                        [&](const Backup &each) { return each.date != today; });
-    const bool isObsolete =
-        previous != backups->end() && !inspect(previous->path).value_or(QString()).isEmpty();
-    const Expected<void> removed = isObsolete ? removeOld(previous->path) : Expected<void>();
+    const Expected<QString> problem =
+        previous == backups->end() ? Expected<QString>(QString()) : inspect(previous->path);
+    const Expected<void> removed = problem.and_then([&](const QString &found) {
+        return found.isEmpty() ? Expected<void>() : removeOld(previous->path);
+    });
     QString text =
         localizedSyncString(
             "The profile “%1” has damaged or lost notes: %2. Synchronize, so that they are read "
