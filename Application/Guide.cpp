@@ -8,6 +8,7 @@
 #include <QtGui/QShortcut>
 #include <QtWidgets/QHBoxLayout>
 
+#include "Application/ApplicationError.h"
 #include "Host/QVApplication.h"
 #include "Platform/Interface/HelpButton.h"
 
@@ -19,14 +20,12 @@ QString Guide::path(const QString &page) {
 void Guide::open(const QString &page) {
     const QString file = path(page);
     if (!QFileInfo::exists(file) || !QDesktopServices::openUrl(QUrl::fromLocalFile(file))) {
-        NSApp()->presentError(
-            {.domain = QStringLiteral("Velmora"),
-             .localizedDescription =
-                 QCoreApplication::translate(
-                     "Guide",
-                     "The guide “%1” cannot be opened. Open it in a browser, or install "
-                     "Velmora again if it is missing.")
-                     .arg(file)});
+        NSApp()->presentError(applicationError(
+            QCoreApplication::translate(
+                "Guide",
+                "The guide “%1” cannot be opened. Open it in a browser, or install "
+                "Velmora again if it is missing.")
+                .arg(file)));
     }
 }
 
