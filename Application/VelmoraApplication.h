@@ -12,8 +12,9 @@
 class NoteLibrary;
 
 /// The application object. It presents errors and assertion failures: in a message box or, in batch
-/// mode, on standard error. It also reports, once, that passwords cannot be saved. Must be used on
-/// the main thread; it is NSApp(), which also presents questions, as long as it exists.
+/// mode, on standard error. It also reports, once, that passwords cannot be saved, and each time
+/// that one cannot be deleted. Must be used on the main thread; it is NSApp(), which also presents
+/// questions, as long as it exists.
 class VelmoraApplication : public QApplication,
                            public QVApplication,
                            public QVJobLog,

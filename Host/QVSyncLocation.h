@@ -57,6 +57,7 @@ public:
 Q_SIGNALS:
     /// Emitted by setURL(), once, when URL() returns the new address.
     void URLChanged();
-    /// Emitted by addStateForDatabaseWithUUID(), once, when the states contain the new one.
+    /// Emitted by addStateForDatabaseWithUUID(), once, when the states contain the new one, and
+    /// when a state was removed.
     void synchronizationStatesChanged();
 };

@@ -11,9 +11,9 @@
 class QVSyncLocation;
 
 /// How one database synchronizes with one location. The location shares ownership of its states and
-/// never removes one. Must be used on the main thread. Every setter announces its key, also if the
-/// value stays the same, and takes effect at once; values are on disk after
-/// QVSyncLocationsController::save().
+/// removes one only after its database was deleted from this computer. Must be used on the main
+/// thread. Every setter announces its key, also if the value stays the same, and takes effect at
+/// once; values are on disk after QVSyncLocationsController::save().
 class HOST_EXPORT QVSyncState : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString databaseUUID READ databaseUUID CONSTANT)

@@ -148,7 +148,9 @@ constexpr HostPromise Promises[] = {
     {"QVSyncState.destination", Header, Destination, &destinationIsTheLocation},
     {"QVSyncState.destination (destroyed)", Header, Destination, &destinationIsNotOwned},
     {"QVSyncState (kept)", Header,
-     "The location shares ownership of its states and never removes one.", &locationKeepsItsStates},
+     "The location shares ownership of its states and removes one only after its database was "
+     "deleted from this computer.",
+     &locationKeepsItsStates},
     {"QVSyncState.setEnabled", Header, Announced, &enabledIsAnnounced},
     {"QVSyncState.isEnabled", Header,
      "A disabled state keeps its schedule and the date of its last synchronization.",

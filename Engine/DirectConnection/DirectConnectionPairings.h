@@ -22,7 +22,7 @@ class ProfileDatabase;
 /// the keychain, both by key: the URL of the location and its identifier, so that a location with
 /// another address has no pairing. Shared ownership by the engine and its stores; must be created
 /// with std::make_shared. Thread-safe except for load(), close() and forget(), which must be called
-/// on the main thread.
+/// on the main thread; while forget() writes to the disk, all other functions wait for it.
 class DirectConnectionPairings : public std::enable_shared_from_this<DirectConnectionPairings> {
 public:
     /// `profile` is not owned and must outlive this object or the call of close().

@@ -40,9 +40,10 @@ Expected<void> checkIntegrity(const QString &path, const ReadOnlyConnection &dat
 /// Checks whether the existing database file at `path` can be used as a profile.
 ///
 /// Returns an error that describes the reason if it cannot: of the code ProfileDamaged if the file
-/// is damaged, IndexesDamaged if only indexes are, ProfileUnreadable if the disk reports an error,
-/// and ProfileUnusable if it is read-only, of an unsupported version, or of another program, or
-/// cannot be read now, for example because it is locked. An empty database is damaged too, unless
+/// is damaged, IndexesDamaged if only indexes are, ProfileDiskFull if there is no room for what
+/// SQLite writes while it reads, ProfileUnreadable if the disk reports an error, and
+/// ProfileUnusable if it is read-only, of an unsupported version, or of another program, or cannot
+/// be read now, for example because it is locked. An empty database is damaged too, unless
 /// its folder contains nothing else than what an interrupted first start leaves. Reads the whole
 /// file, so it may block for some seconds.
 Expected<void> check(const QString &path);

@@ -15,8 +15,9 @@
 /// that has opened it; several can be open at the same time. Every call blocks for the disk.
 ///
 /// All errors have the code ProfileDamaged if the file is not a sound SQLite database or lacks a
-/// table, ProfileUnreadable if the disk reports an error, and otherwise ProfileUnusable, for
-/// example if it cannot be opened, another connection has locked it, or memory is short.
+/// table, ProfileDiskFull if there is no room for what SQLite writes while it reads,
+/// ProfileUnreadable if the disk reports an error, and otherwise ProfileUnusable, for example if it
+/// cannot be opened, another connection has locked it, or memory is short.
 class ReadOnlyConnection {
 public:
     /// Receives one row of a result. `row` is valid only during the call.

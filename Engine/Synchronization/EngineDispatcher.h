@@ -49,8 +49,8 @@ public:
     /// gets an error of the code Cancelled, unless everything was synchronized and small records
     /// were being rewritten, which counts as successful.
     Q_INVOKABLE void stop();
-    /// See UnsentChanges. Returns false if the state's location was destroyed or is not one of this
-    /// engine.
+    /// See QVUnsentChanges. Returns false if the state's location was destroyed or is not one of
+    /// this engine.
     Expected<bool> hasUnsentChanges(const QVSyncState &state) const override;
 
     /// Starts a synchronization with a store that belongs to no location. `handler` is called on

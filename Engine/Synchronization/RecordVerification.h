@@ -10,7 +10,7 @@ public:
     /// Which of the known records are verified.
     enum class Extent {
         /// At most MostRecords, and not more than MostBytes; a larger record in some verifications
-        /// only, so that it is not more in the mean.
+        /// only, so that it is not more on average.
         Some,
         All
     };

@@ -20,7 +20,7 @@ public:
 Q_SIGNALS:
     /// Emitted from the event loop; also if the clock was set within the same day. After the
     /// computer was asleep at midnight, it is emitted once when it wakes up. A change of the time
-    /// zone alone is not noticed.
+    /// zone alone is not noticed. Never emitted if the system cannot make another timer.
     void occurred();
 
 private:

@@ -25,7 +25,7 @@ PLATFORM_EXPORT QIcon iconForFile(const QString &path);
 /// implements this, opens the folder that contains the file in the user's program for folders.
 /// Asynchronous: returns at once, also if the volume does not respond. If nothing exists at `path`
 /// or no program can be started, `failed`, which may be empty, is called later, on the main thread,
-/// with an error for the user. `path` must be absolute.
+/// with an error for the user; not if the system cannot start a thread. `path` must be absolute.
 PLATFORM_EXPORT void selectFile(const QString &path, const FailureHandler &failed = {});
 
 }  // namespace Workspace

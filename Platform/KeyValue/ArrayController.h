@@ -10,10 +10,10 @@
 /// Sorts the objects of a list for a view and holds which of them are selected.
 ///
 /// Not thread-safe: use an instance from one thread. It stores its content by value, so shared
-/// pointers in the content keep their objects alive and raw pointers must outlive it. Every setter
-/// announces before it returns; an observer may call any setter again or delete the controller.
-/// Objects are compared with QVariant's operator==, so restoring a selection of k objects in n
-/// takes O(k n).
+/// pointers in the content keep their objects alive and raw pointers must outlive it. What a setter
+/// announces, it announces before it returns; an observer may call any setter again or delete the
+/// controller. Objects are compared with QVariant's operator==, so restoring a selection of k
+/// objects in n takes O(k n).
 class PLATFORM_EXPORT ArrayController : public QObject {
     Q_OBJECT
     /// The objects, in any order. Setting it keeps those objects selected that are still in the

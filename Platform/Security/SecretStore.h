@@ -53,8 +53,8 @@ public:
     Expected<QList<StoredSecret>> find(const SecretAttributes &attributes);
     /// Finds the same, but once `cancellation` is requested, on any thread or before the call,
     /// returns at once, with an error for which isCancelled() returns true unless this run has set
-    /// some of the items. While the service has not replied to a cancelled call, no other prompts
-    /// the user: the prompt of that call may still be open.
+    /// some of the items. While the service has not replied to a cancelled call, no other call of
+    /// find() prompts the user: the prompt of that call may still be open.
     Expected<QList<StoredSecret>> find(const SecretAttributes &attributes,
                                        const std::stop_token &cancellation);
     /// Returns the attributes of the items that have all of `attributes`, including locked ones.
