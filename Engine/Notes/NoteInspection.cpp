@@ -20,10 +20,8 @@ Expected<QList<NoteInspection::DamagedOperation>> NoteInspection::damagedOperati
         return failure(superseded.error());
     }
     QList<DamagedOperation> damaged;
-    const Expected<void> done = profile.read(
-        OperationTable::selection(QStringLiteral("TRUE"), QStringLiteral("id")), {database},
-        [&](const QSqlQuery &row) {
-            const Operation operation = OperationTable::operationIn(row);
+    const Expected<void> done =
+        OperationTable(profile, database).forEach([&](const Operation &operation) {
             const bool isSound = operation.isSound();
             if (!isSound || superseded->contains(operation.id)) {
                 damaged.append({operation.id,

@@ -31,6 +31,15 @@ Expected<QList<Operation>> OperationTable::select(const QString &condition,
         .map([&] { return operations; });
 }
 
+Expected<void> OperationTable::forEach(const std::function<void(const Operation &)> &use) const {
+    return m_profile.read(
+        // In the order of the table: to sort them, SQLite would have all texts in memory.
+        QStringLiteral("SELECT %1 FROM operations NOT INDEXED"
+                       " WHERE id IN (SELECT id FROM operations WHERE database = ?) ORDER BY id")
+            .arg(Columns),
+        {m_database}, [&](const QSqlQuery &row) { use(operationIn(row)); });
+}
+
 Expected<std::optional<Operation>> OperationTable::find(const OperationId &identifier) const {
     return select(QStringLiteral("digest = ?"), {blob(identifier)})
         .map([](const QList<Operation> &found) {

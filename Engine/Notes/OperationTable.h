@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QVariant>
+#include <functional>
 
 #include "Engine/Notes/Operation.h"
 #include "Platform/Foundation/Expected.h"
@@ -37,6 +38,9 @@ public:
     /// Returns the operations that satisfy `condition`, an SQL expression with these `values`, in
     /// the order in which their notes were added.
     Expected<QList<Operation>> select(const QString &condition, const QVariantList &values) const;
+    /// Passes all operations to `use`, in the order in which they arrived. Has no more than one in
+    /// memory at a time.
+    Expected<void> forEach(const std::function<void(const Operation &)> &use) const;
     /// Returns the operation with this identifier, if it is current.
     Expected<std::optional<Operation>> find(const OperationId &identifier) const;
     /// Returns the operation that shows first among those of `note`, see Operation::comesBefore;
